@@ -1,0 +1,86 @@
+# Settings that every room shares: language, warnings, sanitizers, precompiled header, output folders.
+
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+# The plug-in is a shared library that exports three names, and the object files of the rooms are
+# shared between it and the tests.
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+
+# No NDEBUG: a null boost::shared_ptr where one is required must abort in every build.
+set(CMAKE_CXX_FLAGS_RELEASE "-O2" CACHE STRING "" FORCE)
+set(CMAKE_CXX_FLAGS_DEBUG "-O0 -g1" CACHE STRING "" FORCE)
+
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
+set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
+if(APPLE)
+  set(CMAKE_BUILD_RPATH "@loader_path/../lib")
+else()
+  set(CMAKE_BUILD_RPATH "$ORIGIN/../lib")
+endif()
+set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER
+      ${CMAKE_COMMAND} -E env "CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}" CCACHE_NOHASHDIR=1
+      "CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime"
+      ${CCACHE_PROGRAM})
+endif()
+
+find_package(wxWidgets 3.2 REQUIRED COMPONENTS core base)
+find_package(Boost 1.74 REQUIRED)
+
+add_library(ombrelia_settings INTERFACE)
+target_include_directories(ombrelia_settings INTERFACE "${PROJECT_SOURCE_DIR}"
+                                                       "${PROJECT_BINARY_DIR}/generated")
+target_include_directories(ombrelia_settings SYSTEM INTERFACE ${wxWidgets_INCLUDE_DIRS}
+                                                              ${Boost_INCLUDE_DIRS})
+target_compile_definitions(ombrelia_settings INTERFACE ${wxWidgets_DEFINITIONS})
+separate_arguments(OMBRELIA_WX_FLAGS UNIX_COMMAND "${wxWidgets_CXX_FLAGS}")
+target_compile_options(
+  ombrelia_settings
+  INTERFACE ${OMBRELIA_WX_FLAGS}
+            -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror
+            # A unique symbol would keep the library loaded after dlclose.
+            $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>
+            $<$<CXX_COMPILER_ID:Clang>:-Wno-pragma-system-header-outside-header>)
+target_link_libraries(ombrelia_settings INTERFACE ${wxWidgets_LIBRARIES})
+
+if(OMBRELIA_SANITIZE)
+  target_compile_options(ombrelia_settings INTERFACE -fsanitize=${OMBRELIA_SANITIZE}
+                                                     -fno-sanitize-recover=all
+                                                     -fno-omit-frame-pointer)
+  target_link_options(ombrelia_settings INTERFACE -fsanitize=${OMBRELIA_SANITIZE})
+endif()
+
+# One precompiled header for all rooms: the wx and Boost headers are what compile time is spent on.
+if(OMBRELIA_PCH)
+  file(WRITE "${PROJECT_BINARY_DIR}/generated/pch/PrecompiledHeader.cpp.in" "// Carries the precompiled header of the rooms.\n")
+  configure_file("${PROJECT_BINARY_DIR}/generated/pch/PrecompiledHeader.cpp.in"
+                 "${PROJECT_BINARY_DIR}/generated/pch/PrecompiledHeader.cpp" COPYONLY)
+  add_library(ombrelia_pch OBJECT "${PROJECT_BINARY_DIR}/generated/pch/PrecompiledHeader.cpp")
+  target_link_libraries(ombrelia_pch PRIVATE ombrelia_settings)
+  target_precompile_headers(
+    ombrelia_pch PRIVATE <wx/string.h> <wx/arrstr.h> <wx/filename.h> <wx/textfile.h>
+    <wx/tokenzr.h> <wx/event.h> <wx/log.h> <boost/shared_ptr.hpp> <boost/assign/list_of.hpp>
+    <deque> <list> <map> <string> <vector> <algorithm>)
+endif()
+
+# ombrelia_room(NAME SOURCES...) makes the object library ombrelia_NAME with the settings of all rooms.
+function(ombrelia_room name)
+  add_library(ombrelia_${name} OBJECT ${ARGN})
+  target_link_libraries(ombrelia_${name} PRIVATE ombrelia_settings)
+  ombrelia_use_pch(ombrelia_${name})
+endfunction()
+
+function(ombrelia_use_pch target)
+  if(OMBRELIA_PCH)
+    target_precompile_headers(${target} REUSE_FROM ombrelia_pch)
+  endif()
+endfunction()

@@ -1,0 +1,38 @@
+// The implementation object of the plug-in, with the process-wide registry of verifiers.
+#ifndef OMBRELIA_PLUGIN_DATAHOOKOUTPUTTESTINGPLUGINIMPL_H
+#define OMBRELIA_PLUGIN_DATAHOOKOUTPUTTESTINGPLUGINIMPL_H
+
+#include <map>
+#include <memory>
+
+#include "plugin/DataHookOutputTestingPlugin.h"
+#include "report/FakeJUnitPrinter.h"
+
+namespace Ombrelia {
+
+class DataHookOutputTestingPlugin::PrivateImpl {
+ public:
+  using Registry = std::map<wxString, VerifierRegistrationInfo>;
+
+  // Keyed by the upper-cased experiment name. Built on first use, because verifiers register from
+  // static initialisers that may run before this room's.
+  static Registry& m_static_verifiers();
+  static void AddVerifier(VerifierRegistrationInfo info);
+
+  // Never null. Makes a printer, whose first result is a passing test, if there is none. Borrowed:
+  // valid until ReleasePrinter.
+  FakeJUnitPrinter* GetTestResultPrinter();
+  // Deletes the printer, which writes its report; nothing if there is none.
+  void ReleasePrinter();
+
+ private:
+  std::unique_ptr<FakeJUnitPrinter> m_printer;
+};
+
+// The key under which a data file's verifier is looked up: the name part of its path, upper-cased and
+// cut before its first blank, so that "<experiment>.om4 <participant>.txt" finds "<EXPERIMENT>.OM4".
+wxString LookupKeyOfDatafile(const wxString& dataFilePath);
+
+}  // namespace Ombrelia
+
+#endif

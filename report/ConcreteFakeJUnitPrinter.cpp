@@ -1,0 +1,179 @@
+#include "report/ConcreteFakeJUnitPrinter.h"
+
+#include <wx/filefn.h>
+#include <wx/filename.h>
+#include <wx/log.h>
+#include <wx/textfile.h>
+#include <wx/utils.h>
+
+#include <memory>
+
+namespace Ombrelia {
+
+namespace {
+
+const int TIME_OF_EVERY_TEST = 999;
+
+// wxWidgets logging is silenced for the life of one operation when a human watches.
+std::unique_ptr<wxLogNull> SilenceUnless(bool unattended) {
+  return unattended ? nullptr : std::make_unique<wxLogNull>();
+}
+
+}  // namespace
+
+ConcreteFakeJUnitPrinter::ConcreteFakeJUnitPrinter(const wxString& fileBaseName,
+                                                   const wxString& subDirectory,
+                                                   bool renameUnconditionally)
+    : m_perTestTime(TIME_OF_EVERY_TEST),
+      m_closedTests(0),
+      m_openTests(0),
+      m_closedFailures(0),
+      m_openFailures(0),
+      m_renameUnconditionally(renameUnconditionally),
+      m_directory(wxT("./scons-out/opt/tests/") + subDirectory + wxFileName::GetPathSeparator()),
+      m_previousFlagFilesFound(PreviousFlagFilesWereFound(m_directory)),
+      m_processId(wxGetProcessId()),
+      m_processIdText(wxString::Format(wxT("%lu"), m_processId)),
+      m_fileBaseName(fileBaseName),
+      m_unattended(true),
+      m_arrayPrinted(false) {
+  m_reportLines.Add(wxEmptyString);
+  m_openSuiteLines.Add(wxEmptyString);
+  if (wxGetEnv(wxT("MAKE_TEST_FAILURES_POP_UP_FOR_INTERACTIVE_HUMAN"), nullptr)) {
+    m_unattended = false;
+  }
+  const auto silence = SilenceUnless(m_unattended);
+  CreateOurFlagFile();
+  if (m_renameUnconditionally || !m_previousFlagFilesFound) {
+    const wxString preexisting = ExpectedNameOfPreexistingFile();
+    // Nothing to move is the ordinary case, and wxRenameFile would log it as an error.
+    if (wxFileExists(preexisting)) {
+      wxRenameFile(preexisting, NameForOurFinalResultsFile(), false);
+    }
+  }
+  NewTestSuite(wxT("DefaultInitialTestSuite_ConcreteFakeJUnitPrinter"));
+}
+
+ConcreteFakeJUnitPrinter::~ConcreteFakeJUnitPrinter() {
+  const auto silence = SilenceUnless(m_unattended);
+  FinalizeTheTotalContentOfOurArray();
+  FlushFileAndSaveToFinalDestination();
+}
+
+void ConcreteFakeJUnitPrinter::NewTestSuite(const wxString& suiteName) {
+  if (!m_openSuiteName.empty()) CloseTheCurrentSuite();
+  m_openSuiteName = wxString::Format(wxT("%s_pid_%lu"), suiteName, m_processId);
+}
+
+void ConcreteFakeJUnitPrinter::AddPassingTestResult(const wxString& testName) {
+  ++m_openTests;
+  m_openSuiteLines.Add(
+      wxString::Format(wxT("        <testcase name=\"%s\" status=\"run\" time=\"%d\" />"),
+                       NumberedTestName(testName), m_perTestTime));
+}
+
+void ConcreteFakeJUnitPrinter::AddFailingTestResult(const wxString& testName,
+                                                    const wxString& subject,
+                                                    const wxString& location,
+                                                    const wxString& message) {
+  if (!m_unattended) {
+    // What a build that serves a human would show.
+    const wxString shown = wxString::Format(
+        wxT("\n\nName of test: %s\n\nSubject: %s\n\nLocation: %s\n\nMessage: %s\n\n"), testName,
+        subject, location, message);
+    static_cast<void>(shown);
+  }
+  ++m_openTests;
+  ++m_openFailures;
+  m_openSuiteLines.Add(wxString::Format(
+      wxT("        <testcase name=\"%s\" status=\"run\" time=\"%d\" >\n"
+          "        <failure message=\"%s\" type=\"\">\n\n"
+          " <![CDATA[%s\n%s]]>\n\n"
+          "</failure>\n"
+          "</testcase>"),
+      NumberedTestName(testName), m_perTestTime, subject, location, message));
+}
+
+bool ConcreteFakeJUnitPrinter::PreviousFlagFilesWereFound(const wxString& directory) {
+  const wxString found = wxFindFirstFile(directory + wxT("special_flag_file_") + wxT("*"), wxFILE);
+  return !found.empty();
+}
+
+void ConcreteFakeJUnitPrinter::CreateOurFlagFile() {
+  CreateNewFileOnDisk(
+      wxString::Format(wxT("%s%s%lu.dat"), m_directory, wxT("special_flag_file_"), m_processId));
+}
+
+void ConcreteFakeJUnitPrinter::CreateNewFileOnDisk(const wxString& path) {
+  {
+    wxTextFile file;
+    file.Create(path);
+    file.AddLine(wxEmptyString);
+    file.Write(wxTextFileType_None, wxConvAuto());
+    file.Close();
+  }
+  // Composed also after success: the words of a message that a build for a human would show.
+  wxString diagnostic =
+      wxString::Format(wxT("\n\nFakeJUnitPrinter failed to write to the file %s"), path);
+  if (m_unattended) {
+    diagnostic += wxT("\n\nPLEASE CREATE THAT PATH.\n\nerror is reported relative to current "
+                      "working dir (CWD). CWD is:\n\n") +
+                  wxGetCwd() + wxT("\n\n");
+  }
+}
+
+wxString ConcreteFakeJUnitPrinter::ExpectedNameOfPreexistingFile() const {
+  return m_directory + m_fileBaseName + wxT(".xml");
+}
+
+wxString ConcreteFakeJUnitPrinter::NameForOurFinalResultsFile() const {
+  return m_directory + m_fileBaseName + wxT("_") + m_processIdText + wxT(".xml");
+}
+
+wxString ConcreteFakeJUnitPrinter::NumberedTestName(const wxString& testName) const {
+  return wxString::Format(wxT("test%03u"), m_openTests + m_closedTests) + testName;
+}
+
+void ConcreteFakeJUnitPrinter::CloseTheCurrentSuite() {
+  m_closedTests += m_openTests;
+  m_closedFailures += m_openFailures;
+  m_openSuiteLines[0] = wxString::Format(
+      wxT("    <testsuite name=\"%s\" tests=\"%u\" failures=\"%u\" disabled=\"0\" errors=\"0\" "
+          "time=\"%d\">"),
+      m_openSuiteName, m_openTests, m_openFailures,
+      static_cast<int>(m_openTests) * m_perTestTime);
+  m_openSuiteLines.Add(wxT("    </testsuite>"));
+  for (const wxString& line : m_openSuiteLines) m_reportLines.Add(line);
+  m_openTests = 0;
+  m_openFailures = 0;
+  m_openSuiteLines.Clear();
+  m_openSuiteLines.Add(wxEmptyString);
+}
+
+void ConcreteFakeJUnitPrinter::FinalizeTheTotalContentOfOurArray() {
+  CloseTheCurrentSuite();
+  m_reportLines[0] = wxString::Format(
+      wxT("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+          "<testsuites tests=\"%u\" failures=\"%u\" disabled=\"0\" errors=\"0\" time=\"%d\" "
+          "name=\"AllTests\">"),
+      m_closedTests, m_closedFailures, static_cast<int>(m_closedTests) * m_perTestTime);
+  m_reportLines.Add(wxT("</testsuites>"));
+}
+
+void ConcreteFakeJUnitPrinter::FlushFileAndSaveToFinalDestination() {
+  const wxString path = NameForOurFinalResultsFile();
+  if (!wxFileExists(path)) CreateNewFileOnDisk(path);
+  const auto file = std::make_unique<wxTextFile>();
+  file->Open(path, wxConvAuto());
+  PrintArrayIntoFile(file.get());
+  file->Write(wxTextFileType_None, wxConvAuto());
+  file->Close();
+}
+
+void ConcreteFakeJUnitPrinter::PrintArrayIntoFile(wxTextFile* file) {
+  file->Clear();
+  for (const wxString& line : m_reportLines) file->AddLine(line);
+  m_arrayPrinted = true;
+}
+
+}  // namespace Ombrelia
