@@ -251,6 +251,7 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
   MUSingleRowDataPlusRowProperties* FindShownRow(int shownRow) const;
   const RowKeys* KeysOfSet(TARGETED_ROW_SEARCH_SET set) const;
   bool SortColumnHasAnActiveFile() const;
+  void ForgetRowOrder();
   // Queries
   const RowIndexList* InternalFindCurrentRowIndicesMatchingRowTruthPredicate(
       MUInterfaceRowTruthDecider* decider, TARGETED_ROW_SEARCH_SET set, unsigned long first,
@@ -260,6 +261,8 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
   void SafeStoreNonCachedConstPointerToDeleteLater(const RowIndexList* indices);
   // Sorting
   void DropAnswersThatDependOnRowOrder();
+  // Batches
+  void DeleteColumnsWithoutFile();
 };
 
 #endif
