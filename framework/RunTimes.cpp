@@ -1,0 +1,112 @@
+#include "framework/RunTimes.h"
+
+#include <algorithm>
+#include <limits>
+#include <vector>
+
+#include "Tabulon/src/MUExperimentTextReaderMultiFile.h"
+#include "framework/CellNumbers.h"
+#include "framework/CommonTestHelperLogic.h"
+#include "framework/HostNames.h"
+#include "plugin/HostProbes.h"
+#include "report/FakeJUnitPrinter.h"
+
+namespace Ombrelia {
+namespace RunTimes {
+
+namespace {
+
+const wxChar* const CUMULATIVE_TIME = wxT("Cumulative\nTime");
+const long UNREADABLE_DURATION = -999;
+const int UNREADABLE_EXPANSION_TIME = -123;
+
+}  // namespace
+
+int ColumnIndexFromText_StartsWith(const MUExperimentTextReaderMultiFile& reader,
+                                   const wxString& text) {
+  const int columns = reader.GetNumberOfDataColumns();
+  for (int column = 0; column < columns; ++column) {
+    if (reader.GetColumnNameText(column).StartsWith(text)) return column;
+  }
+  return -1;
+}
+
+int ExpansionTime(const MUExperimentTextReaderMultiFile& reader) {
+  const int column = ColumnIndexFromText_StartsWith(reader, EXPANSION_TIME_COLUMN_NAME);
+  if (column < 0) return UNREADABLE_EXPANSION_TIME;
+  long value = UNREADABLE_EXPANSION_TIME;
+  if (!ReadLong(reader.GetColumnNameText(column).AfterFirst(wxT(':')), value)) {
+    return UNREADABLE_EXPANSION_TIME;
+  }
+  // A number beyond int must not wrap round into the bounds.
+  return static_cast<int>(
+      std::clamp<long>(value, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
+}
+
+void CheckBounds(const MUExperimentTextReaderMultiFile& reader, FakeJUnitPrinter* printer,
+                 const wxString& name, int min, int max, const wxString& columnName,
+                 bool isExpansion, bool exceptTestMachines) {
+  if (exceptTestMachines && (RunningOnSmallTestBox() || RunningOnMacServer())) return;
+  const int column = ColumnIndexFromText_StartsWith(reader, columnName);
+  if (column < 0) return;
+  wxString testName;
+  long value = UNREADABLE_DURATION;
+  if (isExpansion) {
+    testName = wxT("Expansion_duration_") + name;
+    value = ExpansionTime(reader);
+  } else {
+    testName = wxT("Experiment_duration_") + name;
+    ReadLong(reader.GetDataCellValue(reader.GetNumberOfDataRows() - 1, column), value);
+  }
+  if (min <= value && value <= max) {
+    printer->AddPassingTestResult(testName);
+    return;
+  }
+  printer->AddFailingTestResult(
+      testName, wxT("Experiment duration is weird. Too short or too long (see details below)."),
+      CommonTestHelperLogic::GetFileStringForLine(228, name),
+      wxString::Format(
+          wxT("Expected a duration between %d and %d. Instead, we got a duration of %ld."), min,
+          max, value));
+}
+
+bool RunningOnSmallTestBox() {
+  return Halvex::CurrSystemMatchesLocalHostName(SMALL_MACOSX_TESTBOX);
+}
+
+bool RunningOnMacServer() { return Halvex::CurrSystemMatchesLocalHostName(BIG_MACOSX_SERVER); }
+
+void RecordTotalDuration(const MUExperimentTextReaderMultiFile& reader, FakeJUnitPrinter* printer,
+                         const wxString& name) {
+  const int column = reader.GetColumnPositionNumberFromText(CUMULATIVE_TIME);
+  if (column < 0) {
+    printer->AddFailingTestResult(
+        wxT("__TIMING__TRACKING__UNAVAILABLE__") + name,
+        wxT("Please add the Cumulative Time column to the output."),
+        CommonTestHelperLogic::GetFileStringForLine(326, name),
+        wxT("We cannot monitor run-time duration without having the Cum Time column available."));
+    return;
+  }
+  const wxString duration = reader.GetDataCellValue(reader.GetNumberOfDataRows() - 1, column);
+  printer->AddPassingTestResult(
+      wxString::Format(wxT("__TIMING__TRACKING__%s__%s_ms"), name, duration));
+}
+
+void RecordExpansionTime(const MUExperimentTextReaderMultiFile& reader, FakeJUnitPrinter* printer,
+                         const wxString& name) {
+  if (ColumnIndexFromText_StartsWith(reader, EXPANSION_TIME_COLUMN_NAME) < 0) {
+    printer->AddFailingTestResult(
+        wxT("__EXPANSION__TRACKING__UNAVAILABLE__") + name,
+        wxT("Someting broke, there's no expansion time column."),
+        CommonTestHelperLogic::GetFileStringForLine(352, name),
+        wxT("We cannot monitor run-time duration without having the expansion time column "
+            "available."));
+    return;
+  }
+  printer->AddPassingTestResult(
+      wxString::Format(wxT("__EXPANSION__TRACKING__%s__%s_ms"), name,
+                       wxString::Format(wxT("%d"), ExpansionTime(reader))));
+}
+
+}  // namespace RunTimes
+}  // namespace Ombrelia

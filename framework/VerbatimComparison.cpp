@@ -1,0 +1,51 @@
+#include "framework/VerbatimComparison.h"
+
+#include "Tabulon/src/MUExperimentTextReaderMultiFile.h"
+#include "framework/CommonTestHelperLogic.h"
+#include "report/FakeJUnitPrinter.h"
+
+namespace Ombrelia {
+namespace VerbatimComparison {
+
+bool CheckLength(const MUExperimentTextReaderMultiFile& reader, FakeJUnitPrinter* printer,
+                 const wxString& name, const std::vector<wxString>& expected) {
+  static const wxString testName = wxT("Correct_quantity_of_data_cells");
+  const size_t rows = static_cast<size_t>(reader.GetNumberOfDataRows());
+  if (rows > expected.size()) {
+    printer->AddFailingTestResult(testName, wxT("Too many data cells. More than expected."),
+                                  CommonTestHelperLogic::GetFileStringForLine(89, name),
+                                  wxT("No extra info."));
+    return false;
+  }
+  if (rows < expected.size()) {
+    printer->AddFailingTestResult(testName, wxT("Too few data cells. Fewer than expected."),
+                                  CommonTestHelperLogic::GetFileStringForLine(98, name),
+                                  wxT("No extra info."));
+    return false;
+  }
+  return true;
+}
+
+bool CheckContent(boost::shared_ptr<MUExperimentTextReaderMultiFile> reader,
+                  FakeJUnitPrinter* printer, const wxString& name, const wxString& columnName,
+                  const std::vector<wxString>& expected) {
+  static const wxString testName = wxT("Data_appears_completely_and_in_order");
+  unsigned int mismatchIndex = 0;
+  if (CommonTestHelperLogic::ColumnContentsMatchGivenVectorUpTilVectorLength(
+          reader, columnName, expected, &mismatchIndex)) {
+    printer->AddPassingTestResult(testName);
+    return true;
+  }
+  wxString expectedText = wxT("ERRORERROR");
+  if (mismatchIndex < expected.size()) expectedText = expected[mismatchIndex];
+  printer->AddFailingTestResult(
+      testName, wxT("Mismatch in the ordering of data cells in datafile."),
+      CommonTestHelperLogic::GetFileStringForLine(144, name),
+      wxString::Format(wxT("At datafile row index %d we expected {%s}, but that was not the actual "
+                           "content."),
+                       static_cast<int>(mismatchIndex), expectedText));
+  return false;
+}
+
+}  // namespace VerbatimComparison
+}  // namespace Ombrelia
