@@ -14,10 +14,7 @@ class MUInterfaceDataFileInputErrorHandler {
   // library logged several messages, one for each; once for a good file, with the success report.
   virtual void OnDataFileInputReports(
       std::list<MUInterfaceExperimentDataFileInputReader::DataFileInputError> reports) = 0;
-
- protected:
-  // Nobody deletes a handler through this interface.
-  ~MUInterfaceDataFileInputErrorHandler() = default;
+  virtual ~MUInterfaceDataFileInputErrorHandler() = default;
 };
 
 #endif

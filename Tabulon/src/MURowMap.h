@@ -62,7 +62,8 @@ class MURowMap {
     Iterator() : m_map(nullptr), m_entry(nullptr) {}
     Iterator(const MURowMap* map, value_type* entry) : m_map(map), m_entry(entry) {}
     // An iterator may become a const_iterator.
-    operator Iterator<const value_type>() const { return {m_map, m_entry}; }
+    template <typename OTHER, typename = std::enable_if_t<!std::is_const_v<OTHER>>>
+    Iterator(const Iterator<OTHER>& other) : m_map(other.m_map), m_entry(other.m_entry) {}
 
     reference operator*() const { return *m_entry; }
     pointer operator->() const { return m_entry; }
@@ -88,7 +89,8 @@ class MURowMap {
     friend bool operator!=(const Iterator& a, const Iterator& b) { return a.m_entry != b.m_entry; }
 
    private:
-    friend class MURowMap;
+    template <typename OTHER>
+    friend class Iterator;
     const MURowMap* m_map;
     value_type* m_entry;  // null at the end
   };
