@@ -25,8 +25,7 @@ boost::shared_ptr<MUExperimentTextReaderMultiFile> CommonTestHelperLogic::GetRea
   }
   if (!expectFailureToRead) {
     printer->AddFailingTestResult(
-        wxT("open_and_parse_") + file.GetName(),
-        wxT("this datafile was not open-able/parse-able"),
+        wxT("open_and_parse_") + file.GetName(), wxT("this datafile was not open-able/parse-able"),
         GetFileStringForLine(49, wxT("CommonTestHelperLogic_GetReaderOrElseLogAnError")),
         wxT("unable to construct a MUExperimentTextReaderMultiFile for this datafile"));
   }

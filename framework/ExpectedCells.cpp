@@ -13,14 +13,16 @@ ExpectedCells& ExpectedCells::Add(const wxString& cell) {
   return *this;
 }
 
-ExpectedCells& ExpectedCells::Add(const std::vector<wxString>& cells) { return Repeat(1, cells); }
+ExpectedCells& ExpectedCells::AddAll(const std::vector<wxString>& cells) {
+  return RepeatAll(1, cells);
+}
 
 ExpectedCells& ExpectedCells::Repeat(size_t count, const wxString& cell) {
   m_cells.insert(m_cells.end(), count, cell);
   return *this;
 }
 
-ExpectedCells& ExpectedCells::Repeat(size_t count, const std::vector<wxString>& cells) {
+ExpectedCells& ExpectedCells::RepeatAll(size_t count, const std::vector<wxString>& cells) {
   for (size_t i = 0; i < count; ++i) m_cells.insert(m_cells.end(), cells.begin(), cells.end());
   return *this;
 }
@@ -43,8 +45,8 @@ ExpectedCells& ExpectedCells::From(size_t first, const std::vector<wxString>& ce
   return *this;
 }
 
-ExpectedCells& ExpectedCells::Remainder(size_t first, size_t last, size_t divisor,
-                                        size_t remainder, const wxString& cell) {
+ExpectedCells& ExpectedCells::Remainder(size_t first, size_t last, size_t divisor, size_t remainder,
+                                        const wxString& cell) {
   if (first > last || divisor == 0) m_valid = false;
   for (size_t row = first; m_valid && row <= last; ++row) {
     if (row % divisor == remainder) Row(row, cell);

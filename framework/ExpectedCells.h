@@ -9,7 +9,7 @@
 
 namespace Ombrelia {
 
-// Either grows from nothing by Add and Repeat, or starts from Blank(rows) and is filled by row
+// Either grows from nothing by Add, Repeat and their forms for whole sequences, or starts from Blank(rows) and is filled by row
 // numbers. Rows count from 0, and ranges hold both their ends. A row beyond the end is an error of the
 // table's writer: it is left out and makes the table invalid, which the tests of each table see,
 // because Cells() then gives no cells at all.
@@ -19,10 +19,10 @@ class ExpectedCells {
   static ExpectedCells Blank(size_t rows);
 
   ExpectedCells& Add(const wxString& cell);
-  ExpectedCells& Add(const std::vector<wxString>& cells);
+  ExpectedCells& AddAll(const std::vector<wxString>& cells);
   ExpectedCells& Repeat(size_t count, const wxString& cell);
   // The same sequence, count times.
-  ExpectedCells& Repeat(size_t count, const std::vector<wxString>& cells);
+  ExpectedCells& RepeatAll(size_t count, const std::vector<wxString>& cells);
 
   ExpectedCells& Row(size_t row, const wxString& cell);
   ExpectedCells& Range(size_t first, size_t last, const wxString& cell);

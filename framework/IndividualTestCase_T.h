@@ -106,7 +106,7 @@ class IndividualTestCase_T : public Interface_SpecificIndividualTestVerifier {
     RunTimes::RecordExpansionTime(*reader, m_printer, m_name);
   }
 
-  FakeJUnitPrinter* m_printer;  // not owned
+  FakeJUnitPrinter* m_printer;                                  // not owned
   boost::shared_ptr<MUExperimentTextReaderMultiFile> m_reader;  // null after an unreadable file
   wxString m_name;
 };
@@ -116,9 +116,9 @@ class IndividualTestCase_T : public Interface_SpecificIndividualTestVerifier {
 // Defines the singleton of a verifier, whose constructor registers it. It stands at the end of the
 // verifier's file, behind the texts that the constructor reads: as an explicit specialisation it is
 // initialised in the order of the file, which a static of the generic template would not be.
-#define OMBRELIA_DEFINE_VERIFIER(X, EXPECT_EMPTY_DATAFILE)                                \
-  template <>                                                                             \
-  boost::shared_ptr<Ombrelia::X>                                                          \
+#define OMBRELIA_DEFINE_VERIFIER(X, EXPECT_EMPTY_DATAFILE)                                     \
+  template <>                                                                                  \
+  boost::shared_ptr<Ombrelia::X>                                                               \
       Ombrelia::IndividualTestCase_T<Ombrelia::X, EXPECT_EMPTY_DATAFILE>::m_singletonVerifier( \
           new Ombrelia::X)
 

@@ -39,8 +39,8 @@ int ExpansionTime(const MUExperimentTextReaderMultiFile& reader) {
     return UNREADABLE_EXPANSION_TIME;
   }
   // A number beyond int must not wrap round into the bounds.
-  return static_cast<int>(std::clamp<long>(value, std::numeric_limits<int>::min(),
-                                           std::numeric_limits<int>::max()));
+  return static_cast<int>(
+      std::clamp<long>(value, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
 }
 
 void CheckBounds(const MUExperimentTextReaderMultiFile& reader, FakeJUnitPrinter* printer,
@@ -70,7 +70,9 @@ void CheckBounds(const MUExperimentTextReaderMultiFile& reader, FakeJUnitPrinter
           max, value));
 }
 
-bool RunningOnSmallTestBox() { return Halvex::CurrSystemMatchesLocalHostName(SMALL_MACOSX_TESTBOX); }
+bool RunningOnSmallTestBox() {
+  return Halvex::CurrSystemMatchesLocalHostName(SMALL_MACOSX_TESTBOX);
+}
 
 bool RunningOnMacServer() { return Halvex::CurrSystemMatchesLocalHostName(BIG_MACOSX_SERVER); }
 
@@ -101,9 +103,9 @@ void RecordExpansionTime(const MUExperimentTextReaderMultiFile& reader, FakeJUni
             "available."));
     return;
   }
-  printer->AddPassingTestResult(wxString::Format(
-      wxT("__EXPANSION__TRACKING__%s__%s_ms"), name,
-      wxString::Format(wxT("%d"), ExpansionTime(reader))));
+  printer->AddPassingTestResult(
+      wxString::Format(wxT("__EXPANSION__TRACKING__%s__%s_ms"), name,
+                       wxString::Format(wxT("%d"), ExpansionTime(reader))));
 }
 
 }  // namespace RunTimes

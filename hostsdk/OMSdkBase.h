@@ -44,7 +44,8 @@ class __attribute__((visibility("default"))) OMSdkBase {
   virtual const OMSdkPlugInInfo* GetPlugInInfoObject() const;
   virtual bool PluginHasBeenConvertedTo_NON_xrc() const { return false; }
   // Asks PluginHasBeenConvertedTo_NON_xrc, as the host expects, and offers no panel either way.
-  virtual OMSdkEventPluginConfigPanel* FactoryFunction_GetNewEventPluginConfigPanel(wxWindow*) const {
+  virtual OMSdkEventPluginConfigPanel* FactoryFunction_GetNewEventPluginConfigPanel(
+      wxWindow*) const {
     static_cast<void>(PluginHasBeenConvertedTo_NON_xrc());
     return nullptr;
   }

@@ -85,13 +85,13 @@ void ConcreteFakeJUnitPrinter::AddFailingTestResult(const wxString& testName,
   }
   ++m_openTests;
   ++m_openFailures;
-  m_openSuiteLines.Add(wxString::Format(
-      wxT("        <testcase name=\"%s\" status=\"run\" time=\"%d\" >\n"
-          "        <failure message=\"%s\" type=\"\">\n\n"
-          " <![CDATA[%s\n%s]]>\n\n"
-          "</failure>\n"
-          "</testcase>"),
-      NumberedTestName(testName), m_perTestTime, subject, location, message));
+  m_openSuiteLines.Add(
+      wxString::Format(wxT("        <testcase name=\"%s\" status=\"run\" time=\"%d\" >\n"
+                           "        <failure message=\"%s\" type=\"\">\n\n"
+                           " <![CDATA[%s\n%s]]>\n\n"
+                           "</failure>\n"
+                           "</testcase>"),
+                       NumberedTestName(testName), m_perTestTime, subject, location, message));
 }
 
 bool ConcreteFakeJUnitPrinter::PreviousFlagFilesWereFound(const wxString& directory) {
@@ -140,8 +140,7 @@ void ConcreteFakeJUnitPrinter::CloseTheCurrentSuite() {
   m_openSuiteLines[0] = wxString::Format(
       wxT("    <testsuite name=\"%s\" tests=\"%u\" failures=\"%u\" disabled=\"0\" errors=\"0\" "
           "time=\"%d\">"),
-      m_openSuiteName, m_openTests, m_openFailures,
-      static_cast<int>(m_openTests) * m_perTestTime);
+      m_openSuiteName, m_openTests, m_openFailures, static_cast<int>(m_openTests) * m_perTestTime);
   m_openSuiteLines.Add(wxT("    </testsuite>"));
   for (const wxString& line : m_openSuiteLines) m_reportLines.Add(line);
   m_openTests = 0;

@@ -3,8 +3,8 @@
 namespace Ombrelia {
 
 wxString FailureLocationText(long line, const wxString& fileName) {
-  return wxString::Format(wxT("%s:%ld"),
-                          wxT("Whichever/File/Focuses/On/Verifying/") + fileName, line);
+  return wxString::Format(wxT("%s:%ld"), wxT("Whichever/File/Focuses/On/Verifying/") + fileName,
+                          line);
 }
 
 }  // namespace Ombrelia
