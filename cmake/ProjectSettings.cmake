@@ -8,6 +8,8 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 # The plug-in is a shared library that exports three names, and the object files of the rooms are
 # shared between it and the tests.
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+# Programs too: a precompiled header made with -fPIC cannot serve a unit that is compiled with -fPIE.
+set(CMAKE_CXX_COMPILE_OPTIONS_PIE "-fPIC")
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 
@@ -82,11 +84,5 @@ endfunction()
 function(ombrelia_use_pch target)
   if(OMBRELIA_PCH)
     target_precompile_headers(${target} REUSE_FROM ombrelia_pch)
-    get_target_property(type ${target} TYPE)
-    if(type STREQUAL "EXECUTABLE")
-      # The header is compiled with -fPIC and cannot serve a unit that is compiled with -fPIE.
-      set_target_properties(${target} PROPERTIES POSITION_INDEPENDENT_CODE OFF)
-      target_compile_options(${target} PRIVATE -fPIC)
-    endif()
   endif()
 endfunction()
