@@ -234,7 +234,8 @@ std::string DataFile::Text() const {
     upper.push_back(column.substr(0, feed));
     lower.push_back(feed == std::string::npos ? "" : column.substr(feed + 1));
   }
-  std::string text = Join(m_header, '\n') + "\n" + Join(upper, '\t') + "\n" + Join(lower, '\t') + "\n";
+  std::string text =
+      Join(m_header, '\n') + "\n" + Join(upper, '\t') + "\n" + Join(lower, '\t') + "\n";
   for (const auto& row : m_rows) text += Join(row, '\t') + "\n";
   return text;
 }
