@@ -54,3 +54,9 @@ std::uint64_t MUCellText::SortBits(std::size_t piece) const {
   }
   return bits;
 }
+
+double MUSortableNumericHash(const wxString& text) {
+  const auto wide = text.wc_str();
+  const wchar_t* characters = wide;
+  return MUCellText(characters, text.length()).SortKey(0);
+}

@@ -59,4 +59,7 @@ class MUCellText {
   std::size_t m_length;
 };
 
+// The sort key of the first six characters of a text; see MUCellText::SortBits.
+double MUSortableNumericHash(const wxString& text);
+
 #endif
