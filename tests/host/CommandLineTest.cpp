@@ -63,7 +63,7 @@ TEST_F(CommandLineTest, ProgressIsShownOnATerminalUnlessForbidden) {
     setup.workingDirectory = m_folder.Path();
     setup.beforeStart = [other] { return dup2(other, STDERR_FILENO) < 0 ? 99 : 0; };
     const Finished finished =
-        Run({std::string(OMBRELIA_BIN_DIR) + "/verify-datafiles", "--progress", mode, "a.txt"}, setup);
+        RunProgram({std::string(OMBRELIA_BIN_DIR) + "/verify-datafiles", "--progress", mode, "a.txt"}, setup);
     EXPECT_EQ(finished.status, 1);
     char text[256] = {};
     const ssize_t length = read(terminal, text, sizeof text);

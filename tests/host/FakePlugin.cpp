@@ -37,7 +37,7 @@ class FakePlugin : public Ombrelia::Interface_DataHookPlugin {
  public:
   FakePlugin() {
     CopyToReport("FAKE_STALE_REPORT");
-    if (std::getenv("FAKE_ASSERTION")) wxFAIL_MSG(wxT("while loading"));
+    if (std::getenv("FAKE_ASSERTION")) wxASSERT_MSG(false, wxT("while loading"));
   }
   int GetPlugInID() const override { return 0; }
   void GetString(int, wxString&) const override {}
@@ -51,13 +51,13 @@ class FakePlugin : public Ombrelia::Interface_DataHookPlugin {
               std::to_string(area.response_id) + "," + area.area_name.utf8_string() + "]";
     }
     Tell(call);
-    if (std::getenv("FAKE_ASSERTION")) wxFAIL_MSG(wxT("while processing"));
+    if (std::getenv("FAKE_ASSERTION")) wxASSERT_MSG(false, wxT("while processing"));
     if (std::getenv("FAKE_EXCEPTION")) throw std::runtime_error("thrown by the plug-in");
   }
   bool LogAssertionFailureAsTestFailure(const wxString& assertionText) override {
     Tell("assertion " + assertionText.utf8_string());
     // Must not come back here.
-    if (std::getenv("FAKE_ASSERTION")) wxFAIL_MSG(wxT("while recording an assertion"));
+    if (std::getenv("FAKE_ASSERTION")) wxASSERT_MSG(false, wxT("while recording an assertion"));
     return true;
   }
   void FlushTestOutput() override {

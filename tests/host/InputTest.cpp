@@ -97,7 +97,7 @@ class PermissionTest : public InputTest {
       if (geteuid() == 0 && (setgid(65534) != 0 || setuid(65534) != 0)) return CANNOT;
       return access(command[0].c_str(), X_OK) == 0 ? 0 : CANNOT;
     };
-    return Run(command, setup);
+    return RunProgram(command, setup);
   }
   static constexpr int CANNOT = 77;
 };

@@ -123,7 +123,7 @@ TEST_F(ReportTest, AFileNameCanBreakTheRealReport) {
   EXPECT_EQ(finished.status, 3);
   EXPECT_EQ(finished.err,
             "verify-datafiles: " + ReportPath(finished) +
-                ":14: the report is not well-formed XML (not well-formed (invalid token)); broken by the "
+                ":15: the report is not well-formed XML (not well-formed (invalid token)); broken by the "
                 "test after test004DataHookOutputTestingPlugin_PerformPostProcessing_was_called, among the "
                 "results of " + (m_folder / "x<y.txt") +
                 ":         <testcase name=\"test005locating_verifier_for_x<y\" status=\"run\" time=\"999\" >\n");

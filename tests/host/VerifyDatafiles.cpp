@@ -11,7 +11,7 @@ Finished VerifyDatafilesTest::Verify(const Arguments& arguments, const Arguments
   // The program must never ask for a display.
   setup.environment.push_back("DISPLAY");
   setup.environment.push_back("WAYLAND_DISPLAY");
-  return Run(command, setup);
+  return RunProgram(command, setup);
 }
 
 Finished VerifyDatafilesTest::VerifyWithFake(const Arguments& arguments, const Arguments& environment) {

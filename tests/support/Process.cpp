@@ -80,7 +80,7 @@ Finished Process::Wait() {
   return finished;
 }
 
-Finished Run(const std::vector<std::string>& command, const ProcessSetup& setup) {
+Finished RunProgram(const std::vector<std::string>& command, const ProcessSetup& setup) {
   return Process(command, setup).Wait();
 }
 
@@ -92,7 +92,7 @@ Finished DrivePlugin(const std::string& folder, const std::vector<std::string>& 
   ProcessSetup setup;
   setup.workingDirectory = folder;
   setup.environment = environment;
-  return Run(command, setup);
+  return RunProgram(command, setup);
 }
 
 }  // namespace Tests

@@ -42,7 +42,7 @@ class Process {
   std::string m_errFile;
 };
 
-Finished Run(const std::vector<std::string>& command, const ProcessSetup& setup = {});
+Finished RunProgram(const std::vector<std::string>& command, const ProcessSetup& setup = {});
 
 // The driver of the built plug-in library, run in folder with steps (see DrivePlugin.cpp).
 Finished DrivePlugin(const std::string& folder, const std::vector<std::string>& steps,
