@@ -90,12 +90,37 @@ bool MUDataFileBlockBuilder::AppendRowTo(std::vector<Char>& text, const Char* be
                                          const Char* end) {
   if (static_cast<std::size_t>(end - begin) > LARGEST_OFFSET / LONGEST_VISIBLE_FORM) return false;
   const std::size_t textStart = text.size();
+  if (AppendCellsAsTheyAre(text, begin, end)) {
+    EndRow(textStart);
+    return true;
+  }
   MUForEachCell(begin, end, [&](const Char* cell, const Char* cellEnd) {
     if (cell != begin) text.push_back(Char('\t'));
     MUAppendVisibly(cell, cellEnd, text);
     m_block->m_cellEnds.push_back(static_cast<std::uint32_t>(text.size() - textStart));
   });
   EndRow(textStart);
+  return true;
+}
+
+// The ordinary case in one pass: a line without control characters. Otherwise answers false, and
+// nothing is appended.
+template <typename Char>
+bool MUDataFileBlockBuilder::AppendCellsAsTheyAre(std::vector<Char>& text, const Char* begin,
+                                                  const Char* end) {
+  std::vector<std::uint32_t>& ends = m_block->m_cellEnds;
+  if (begin == end) return true;
+  while (end != begin && end[-1] == Char('\t')) --end;
+  for (const Char* at = begin; at != end; ++at) {
+    if (!MUIsControlCharacter(*at)) continue;
+    if (*at != Char('\t')) {
+      ends.resize(m_firstCell);
+      return false;
+    }
+    ends.push_back(static_cast<std::uint32_t>(at - begin));
+  }
+  ends.push_back(static_cast<std::uint32_t>(end - begin));
+  text.insert(text.end(), begin, end);
   return true;
 }
 

@@ -1,6 +1,7 @@
 #include "Tabulon/src/MUDataTextFile.h"
 
 #include <wx/file.h>
+#include <wx/filefn.h>
 #include <wx/filename.h>
 #include <wx/intl.h>
 #include <wx/log.h>
@@ -35,6 +36,11 @@ bool ReadOrdinaryFile(const wxString& path, std::vector<char>* bytes) {
 bool MUDataTextFile::OnRead(const wxMBConv& conv) {
   m_lines = MUDataFileLines();
   if (TakeBytesOfPlainFile()) return true;
+  if (wxDirExists(GetName())) {
+    // It opens, but pretends to be as long as a file can be.
+    wxLogError(_("\"%s\" is a directory."), GetName());
+    return false;
+  }
   return wxTextFile::OnRead(conv) && TakeLinesOfBase();
 }
 
@@ -50,8 +56,11 @@ bool MUDataTextFile::TakeLinesOfBase() {
   std::size_t characters = 0;
   std::size_t cells = 0;
   for (std::size_t i = headerCount; i < lineCount; ++i) {
+    const auto wide = GetLine(i).wc_str();
+    const wchar_t* begin = wide;
     characters += GetLine(i).length();
-    cells += 1 + GetLine(i).Freq('\t');
+    cells += 1 + static_cast<std::size_t>(
+                     std::count(begin, begin + GetLine(i).length(), wxT('\t')));
   }
   MUDataFileBlockBuilder builder(MUDataFileBlockBuilder::Width::WIDE);
   builder.Reserve(characters, lineCount - headerCount, cells);
