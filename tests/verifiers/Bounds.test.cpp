@@ -58,12 +58,12 @@ Lines Expected(const std::string& experiment, const std::vector<Bound>& bounds,
     if (bound.min <= value && value <= bound.max) {
       lines.push_back("pass " + name);
     } else {
-      lines.push_back(Fail(
-          name, "Experiment duration is weird. Too short or too long (see details below).",
-          experiment, 228,
-          "Expected a duration between " + std::to_string(bound.min) + " and " +
-              std::to_string(bound.max) + ". Instead, we got a duration of " +
-              std::to_string(value) + "."));
+      lines.push_back(
+          Fail(name, "Experiment duration is weird. Too short or too long (see details below).",
+               experiment, 228,
+               "Expected a duration between " + std::to_string(bound.min) + " and " +
+                   std::to_string(bound.max) + ". Instead, we got a duration of " +
+                   std::to_string(value) + "."));
     }
   }
   return lines;

@@ -1,0 +1,374 @@
+// The life of one data file inside the frame of a verifier.
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "framework/IndividualTestCase_T.h"
+#include "plugin/DataHookOutputTestingPluginImpl.h"
+#include "tests/support/DataFile.h"
+#include "tests/support/RecordingPrinter.h"
+
+namespace Ombrelia {
+
+namespace {
+const wxString FOCUS_OF_THIS_TEST = wxT("Frame_Probe.om5");
+const wxString FOCUS_OF_EMPTY_PROBE = wxT("Frame_Empty_Probe.om5");
+const wxString FOCUS_OF_CARELESS_PROBE = wxT("Frame_Careless_Probe.om5");
+}  // namespace
+
+// Runs what a test asks for in place of checks.
+class FrameProbe : public IndividualTestCase_T<FrameProbe, false> {
+ public:
+  FrameProbe() : IndividualTestCase_T(FOCUS_OF_THIS_TEST, false) {}
+  void RunAllVerificationTests(VerificationNecessities necessities) override {
+    ++runs;
+    EXPECT_EQ(necessities.reader.get(), m_reader.get());
+    EXPECT_EQ(necessities.printer, m_printer);
+    areas = necessities.stimAreas->size();
+    if (checks) checks(*this);
+  }
+  using IndividualTestCase_T::GetColumnIndexFromText_StartsWith;
+  using IndividualTestCase_T::GetExpansionTime;
+  using IndividualTestCase_T::m_reader;
+  using IndividualTestCase_T::PerformBoundsTest;
+  using IndividualTestCase_T::PerformDurationBoundsTest;
+  using IndividualTestCase_T::PerformDurationBoundsTest_MacServer;
+  using IndividualTestCase_T::PerformDurationBoundsTest_SmallTestBox;
+  using IndividualTestCase_T::PerformExpansionBoundsTest_MacServer;
+
+  std::function<void(FrameProbe&)> checks;
+  int runs = 0;
+  size_t areas = 0;
+};
+
+class FrameEmptyProbe : public IndividualTestCase_T<FrameEmptyProbe, true> {
+ public:
+  FrameEmptyProbe() : IndividualTestCase_T(FOCUS_OF_EMPTY_PROBE, false) {}
+  void RunAllVerificationTests(VerificationNecessities necessities) override {
+    necessities.printer->AddPassingTestResult(wxT("checks_ran"));
+  }
+  void OnNotifyUnableToReadDatafile(FakeJUnitPrinter* printer) override {
+    printer->AddPassingTestResult(wxT("told_that_it_is_unreadable"));
+  }
+};
+
+class FrameCarelessProbe : public IndividualTestCase_T<FrameCarelessProbe, true> {
+ public:
+  FrameCarelessProbe() : IndividualTestCase_T(FOCUS_OF_CARELESS_PROBE, false) {}
+  void RunAllVerificationTests(VerificationNecessities) override {}
+};
+
+}  // namespace Ombrelia
+
+OMBRELIA_DEFINE_VERIFIER(FrameProbe, false);
+OMBRELIA_DEFINE_VERIFIER(FrameEmptyProbe, true);
+OMBRELIA_DEFINE_VERIFIER(FrameCarelessProbe, true);
+
+namespace Tests {
+namespace {
+
+using Ombrelia::FrameProbe;
+
+const char* const PROBE = "Frame_Probe.om5";
+const char* const TIME = "Cumulative\nTime";
+const char* const WEIRD =
+    "Experiment duration is weird. Too short or too long (see details below).";
+
+FrameProbe& Probe() {
+  return *Ombrelia::IndividualTestCase_T<FrameProbe, false>::m_singletonVerifier;
+}
+
+// Three rows whose last duration is 1500, with an expansion time of 40.
+DataFile SomeFile() {
+  return DataFile::Of(PROBE, {"Event\nName", TIME, "Expansion Time(ms): 40", "End"},
+                      {{"a", "500", "", "x"}, {"b", "1000", "", "x"}, {"c", "1500", "", "x"}});
+}
+
+// What the checks record on a file: the lines between the entry test and the two tracking tests.
+Lines RecordOf(const DataFile& file, const std::function<void(FrameProbe&)>& checks,
+               const std::string& machine = ORDINARY_MACHINE) {
+  Probe().checks = checks;
+  Lines lines = file.Verify(machine);
+  Probe().checks = nullptr;
+  EXPECT_GE(lines.size(), 4U);
+  lines.erase(lines.begin(), lines.begin() + 2);
+  lines.resize(lines.size() - 2);
+  return lines;
+}
+
+TEST(IndividualTestCase, LivesThroughAReadableFileInOrder) {
+  const int before = Probe().runs;
+  Probe().checks = [](FrameProbe& probe) { EXPECT_EQ(probe.m_reader->GetNumberOfDataRows(), 3); };
+  DataFile file = SomeFile();
+  file.StimAreas().resize(2);
+  EXPECT_EQ(file.Verify(),
+            (Lines{"suite Frame_Probe.om5", "pass VerifyDatafile_was_called_for_Frame_Probe.om5",
+                   "pass __TIMING__TRACKING__Frame_Probe.om5__1500_ms",
+                   "pass __EXPANSION__TRACKING__Frame_Probe.om5__40_ms"}));
+  EXPECT_EQ(Probe().runs, before + 1);
+  EXPECT_EQ(Probe().areas, 2U);
+  Probe().checks = nullptr;
+}
+
+TEST(IndividualTestCase, ReportsAnUnreadableFileAndGoesNoFurther) {
+  const int before = Probe().runs;
+  EXPECT_EQ(
+      VerifyBytes(PROBE, "only\nthree\nlines\n"),
+      (Lines{"suite Frame_Probe.om5", "pass VerifyDatafile_was_called_for_Frame_Probe.om5",
+             Fail("open_and_parse_Frame_Probe.om5 1", "this datafile was not open-able/parse-able",
+                  "CommonTestHelperLogic_GetReaderOrElseLogAnError", 49,
+                  "unable to construct a MUExperimentTextReaderMultiFile for this "
+                  "datafile")}));
+  EXPECT_EQ(Probe().runs, before);
+  EXPECT_EQ(Probe().m_reader.get(), nullptr);
+}
+
+TEST(IndividualTestCase, ReportsAFileThatIsNotThere) {
+  RecordingPrinter printer;
+  Probe().VerifyDatafile(wxT("/no/such/folder/Frame_Probe.om5 7.txt"), {}, &printer);
+  EXPECT_EQ(
+      FailuresOf(printer.lines),
+      Lines{Fail("open_and_parse_Frame_Probe.om5 7", "this datafile was not open-able/parse-able",
+                 "CommonTestHelperLogic_GetReaderOrElseLogAnError", 49,
+                 "unable to construct a MUExperimentTextReaderMultiFile for this datafile")});
+}
+
+TEST(IndividualTestCase, KeepsTheTableUntilTheNextFile) {
+  SomeFile().Verify();
+  const auto first = Probe().m_reader;
+  ASSERT_TRUE(first);
+  EXPECT_EQ(first.use_count(), 2);
+  SomeFile().Verify();
+  EXPECT_EQ(first.use_count(), 1);
+  EXPECT_NE(Probe().m_reader.get(), first.get());
+}
+
+TEST(IndividualTestCase, OpensOneSuiteForEachFile) {
+  Lines both = SomeFile().Verify();
+  const Lines second = SomeFile().Verify();
+  both.insert(both.end(), second.begin(), second.end());
+  EXPECT_EQ(std::count(both.begin(), both.end(), "suite Frame_Probe.om5"), 2);
+}
+
+TEST(IndividualTestCase, TellsAVerifierOfUnreadableFilesThatItsFileCannotBeRead) {
+  EXPECT_EQ(VerifyBytes("Frame_Empty_Probe.om5", "a\nb\nc\nd\ne\nf\n"),
+            (Lines{"suite Frame_Empty_Probe.om5",
+                   "pass VerifyDatafile_was_called_for_Frame_Empty_Probe.om5",
+                   "pass told_that_it_is_unreadable"}));
+}
+
+TEST(IndividualTestCase, ChecksAReadableFileOfAVerifierOfUnreadableFilesLikeAnyOther) {
+  EXPECT_EQ(VerifyBytes("Frame_Empty_Probe.om5", SomeFile().Text()),
+            (Lines{"suite Frame_Empty_Probe.om5",
+                   "pass VerifyDatafile_was_called_for_Frame_Empty_Probe.om5", "pass checks_ran",
+                   "pass __TIMING__TRACKING__Frame_Empty_Probe.om5__1500_ms",
+                   "pass __EXPANSION__TRACKING__Frame_Empty_Probe.om5__40_ms"}));
+}
+
+TEST(IndividualTestCase, ReportsAVerifierThatForgotItsNotification) {
+  EXPECT_EQ(
+      VerifyBytes("Frame_Careless_Probe.om5", "nothing"),
+      (Lines{"suite Frame_Careless_Probe.om5",
+             "pass VerifyDatafile_was_called_for_Frame_Careless_Probe.om5",
+             Fail("Failed_To_Override_Notifier_Function_OnNotifyUnableToReadDatafile",
+                  "Incorrect subclass of IndividualTestCase_T.", "Frame_Careless_Probe.om5", 310,
+                  "You set EXPECT_EMPTY_DATAFILE to true, which means you MUST override "
+                  "OnNotifyUnableToReadDatafile.")}));
+}
+
+TEST(IndividualTestCase, DoesNotRegisterWhenTold) {
+  struct Unregistered : Ombrelia::IndividualTestCase_T<Unregistered, false> {
+    Unregistered() : IndividualTestCase_T(wxT("Never_Registered.om5"), true) {}
+    void RunAllVerificationTests(Ombrelia::VerificationNecessities) override {}
+  };
+  const Unregistered verifier;
+  EXPECT_EQ(Ombrelia::DataHookOutputTestingPlugin::PrivateImpl::m_static_verifiers().count(
+                wxT("NEVER_REGISTERED.OM5")),
+            0U);
+}
+
+TEST(Tracking, FailsWithoutTheDurationColumnAndBoundsNothing) {
+  const DataFile file = SomeFile().RemoveColumn(TIME);
+  Probe().checks = [](FrameProbe& probe) { probe.PerformDurationBoundsTest(1, 2, true); };
+  EXPECT_EQ(file.Verify(),
+            (Lines{"suite Frame_Probe.om5", "pass VerifyDatafile_was_called_for_Frame_Probe.om5",
+                   Fail("__TIMING__TRACKING__UNAVAILABLE__Frame_Probe.om5",
+                        "Please add the Cumulative Time column to the output.", PROBE, 326,
+                        "We cannot monitor run-time duration without having the Cum Time column "
+                        "available."),
+                   "pass __EXPANSION__TRACKING__Frame_Probe.om5__40_ms"}));
+  Probe().checks = nullptr;
+}
+
+TEST(Tracking, FailsWithoutTheExpansionColumnAndBoundsNothing) {
+  const DataFile file = SomeFile().RemoveColumn("Expansion Time(ms): 40");
+  Probe().checks = [](FrameProbe& probe) {
+    probe.PerformBoundsTest(1, 2, wxT("Expansion Time(ms): "), true, true);
+  };
+  EXPECT_EQ(file.Verify(),
+            (Lines{"suite Frame_Probe.om5", "pass VerifyDatafile_was_called_for_Frame_Probe.om5",
+                   "pass __TIMING__TRACKING__Frame_Probe.om5__1500_ms",
+                   Fail("__EXPANSION__TRACKING__UNAVAILABLE__Frame_Probe.om5",
+                        "Someting broke, there's no expansion time column.", PROBE, 352,
+                        "We cannot monitor run-time duration without having the expansion time "
+                        "column available.")}));
+  Probe().checks = nullptr;
+}
+
+TEST(Tracking, ShowsTheTextOfTheLastRowWhateverItIs) {
+  const Lines lines = SomeFile().SetDuration("half past {%s}").Verify();
+  EXPECT_EQ(lines[2], "pass __TIMING__TRACKING__Frame_Probe.om5__half past {%s}_ms");
+}
+
+TEST(Tracking, ShowsTheSentinelForAnExpansionTimeThatIsNoNumber) {
+  EXPECT_EQ(SomeFile().SetExpansion("soon").Verify()[3],
+            "pass __EXPANSION__TRACKING__Frame_Probe.om5__-123_ms");
+  EXPECT_EQ(SomeFile().SetExpansion("40 ms").Verify()[3],
+            "pass __EXPANSION__TRACKING__Frame_Probe.om5__-123_ms");
+}
+
+// The number stands behind the first colon, also when another follows.
+TEST(Tracking, ReadsTheExpansionTimeBehindTheFirstColon) {
+  EXPECT_EQ(SomeFile().SetExpansion("40: 50").Verify()[3],
+            "pass __EXPANSION__TRACKING__Frame_Probe.om5__-123_ms");
+  EXPECT_EQ(SomeFile().SetExpansion("-7").Verify()[3],
+            "pass __EXPANSION__TRACKING__Frame_Probe.om5__-7_ms");
+}
+
+TEST(DurationBounds, IncludeBothEnds) {
+  const auto check = [](int min, int max) {
+    return RecordOf(SomeFile(),
+                    [=](FrameProbe& probe) { probe.PerformDurationBoundsTest(min, max, true); });
+  };
+  const Lines passes{"pass Experiment_duration_Frame_Probe.om5"};
+  EXPECT_EQ(check(1500, 1500), passes);
+  EXPECT_EQ(check(1500, 2000), passes);
+  EXPECT_EQ(check(0, 1500), passes);
+  EXPECT_EQ(check(1501, 2000),
+            Lines{Fail("Experiment_duration_Frame_Probe.om5", WEIRD, PROBE, 228,
+                       "Expected a duration between 1501 and 2000. Instead, we got a duration of "
+                       "1500.")});
+  EXPECT_EQ(check(0, 1499),
+            Lines{Fail("Experiment_duration_Frame_Probe.om5", WEIRD, PROBE, 228,
+                       "Expected a duration between 0 and 1499. Instead, we got a duration of "
+                       "1500.")});
+}
+
+TEST(DurationBounds, FailByTheSentinelOnATextThatIsNoNumber) {
+  EXPECT_EQ(RecordOf(SomeFile().SetDuration("1500ms"),
+                     [](FrameProbe& probe) { probe.PerformDurationBoundsTest(0, 9000, true); }),
+            Lines{Fail("Experiment_duration_Frame_Probe.om5", WEIRD, PROBE, 228,
+                       "Expected a duration between 0 and 9000. Instead, we got a duration of "
+                       "-999.")});
+}
+
+// 4294968796 is 1500 in the low 32 bits.
+TEST(DurationBounds, DoNotTakeAHugeNumberForASmallOne) {
+  EXPECT_EQ(RecordOf(SomeFile().SetDuration("4294968796"),
+                     [](FrameProbe& probe) { probe.PerformDurationBoundsTest(0, 9000, true); }),
+            Lines{Fail("Experiment_duration_Frame_Probe.om5", WEIRD, PROBE, 228,
+                       "Expected a duration between 0 and 9000. Instead, we got a duration of "
+                       "4294968796.")});
+  EXPECT_EQ(FailuresOf(RecordOf(SomeFile().SetExpansion("4294967336"),
+                                [](FrameProbe& probe) {
+                                  probe.PerformBoundsTest(0, 9000, wxT("Expansion Time(ms): "),
+                                                          true, true);
+                                }))
+                .size(),
+            1U);
+}
+
+TEST(ExpansionBounds, UseTheSameWordsAsDuration) {
+  const auto check = [](int min, int max) {
+    return RecordOf(SomeFile(), [=](FrameProbe& probe) {
+      probe.PerformBoundsTest(min, max, wxT("Expansion Time(ms): "), true, true);
+    });
+  };
+  EXPECT_EQ(check(40, 40), Lines{"pass Expansion_duration_Frame_Probe.om5"});
+  EXPECT_EQ(
+      check(41, 50),
+      Lines{Fail("Expansion_duration_Frame_Probe.om5", WEIRD, PROBE, 228,
+                 "Expected a duration between 41 and 50. Instead, we got a duration of 40.")});
+}
+
+// All calls that a verifier can make, each with a bound that the file breaks.
+void MakeAllCalls(FrameProbe& probe) {
+  probe.PerformDurationBoundsTest(1, 2, true);
+  probe.PerformDurationBoundsTest_SmallTestBox(3, 4);
+  probe.PerformDurationBoundsTest_MacServer(5, 6);
+  probe.PerformBoundsTest(7, 8, wxT("Expansion Time(ms): "), true, true);
+  probe.PerformExpansionBoundsTest_MacServer(9, 10);
+}
+
+std::string DurationFailure(int min, int max) {
+  return Fail("Experiment_duration_Frame_Probe.om5", WEIRD, PROBE, 228,
+              "Expected a duration between " + std::to_string(min) + " and " + std::to_string(max) +
+                  ". Instead, we got a duration of 1500.");
+}
+
+std::string ExpansionFailure(int min, int max) {
+  return Fail("Expansion_duration_Frame_Probe.om5", WEIRD, PROBE, 228,
+              "Expected a duration between " + std::to_string(min) + " and " + std::to_string(max) +
+                  ". Instead, we got a duration of 40.");
+}
+
+TEST(Machines, EachHaveTheirOwnBounds) {
+  EXPECT_EQ(RecordOf(SomeFile(), MakeAllCalls, ORDINARY_MACHINE),
+            (Lines{DurationFailure(1, 2), ExpansionFailure(7, 8)}));
+  EXPECT_EQ(RecordOf(SomeFile(), MakeAllCalls, TESTBOX_MACHINE), Lines{DurationFailure(3, 4)});
+  EXPECT_EQ(RecordOf(SomeFile(), MakeAllCalls, SERVER_MACHINE),
+            (Lines{DurationFailure(5, 6), ExpansionFailure(9, 10)}));
+  EXPECT_EQ(RecordOf(SomeFile(), MakeAllCalls, BOTH_MACHINES),
+            (Lines{DurationFailure(3, 4), DurationFailure(5, 6), ExpansionFailure(9, 10)}));
+}
+
+TEST(Machines, DoNotExceptThemselvesUnlessTold) {
+  EXPECT_EQ(RecordOf(
+                SomeFile(), [](FrameProbe& probe) { probe.PerformDurationBoundsTest(1, 2, false); },
+                SERVER_MACHINE),
+            Lines{DurationFailure(1, 2)});
+}
+
+TEST(Columns, AreFoundByTheStartOfTheirNames) {
+  RecordOf(DataFile::Of(PROBE, {"x Event\nName", "Event\nName", "Event\nName II", TIME},
+                        {{"1", "2", "3", "4"}}),
+           [](FrameProbe& probe) {
+             EXPECT_EQ(probe.GetColumnIndexFromText_StartsWith(wxT("Event")), 1);
+             EXPECT_EQ(probe.GetColumnIndexFromText_StartsWith(wxT("Event\nName ")), 2);
+             EXPECT_EQ(probe.GetColumnIndexFromText_StartsWith(wxT("event")), -1);
+             EXPECT_EQ(probe.GetColumnIndexFromText_StartsWith(wxT("")), 0);
+             EXPECT_EQ(probe.GetExpansionTime(), -123);
+           });
+}
+
+// A duration is looked for in the first column that starts with the name, not in the exact one.
+TEST(Columns, GiveTheDurationByTheStartOfTheirNames) {
+  EXPECT_EQ(
+      RecordOf(DataFile::Of(PROBE, {"Cumulative\nTime of all", TIME, "End"}, {{"77", "4", "x"}}),
+               [](FrameProbe& probe) { probe.PerformDurationBoundsTest(0, 50, true); }),
+      Lines{Fail("Experiment_duration_Frame_Probe.om5", WEIRD, PROBE, 228,
+                 "Expected a duration between 0 and 50. Instead, we got a duration of 77.")});
+}
+
+// Rows that are all hidden leave columns without a last row.
+TEST(Columns, WithoutRowsReadAsUndefined) {
+  RecordingPrinter printer;
+  RecordOf(SomeFile(), [&printer](FrameProbe& probe) {
+    for (unsigned long row = 0; row < 3; ++row) {
+      probe.m_reader->HideOneSingleRowPerArbitraryUserRequest(row);
+    }
+    probe.m_reader->OnIdle();
+    ASSERT_EQ(probe.m_reader->GetNumberOfDataRows(), 0);
+    Ombrelia::RunTimes::CheckBounds(*probe.m_reader, &printer, wxT("n"), 0, 5000,
+                                    wxT("Cumulative\nTime"), false, true);
+    Ombrelia::RunTimes::RecordTotalDuration(*probe.m_reader, &printer, wxT("n"));
+  });
+  EXPECT_EQ(printer.lines,
+            (Lines{Fail("Experiment_duration_n", WEIRD, "n", 228,
+                        "Expected a duration between 0 and 5000. Instead, we got a duration of "
+                        "-999."),
+                   "pass __TIMING__TRACKING__n__?_ms"}));
+}
+
+}  // namespace
+}  // namespace Tests
