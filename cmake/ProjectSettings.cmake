@@ -8,6 +8,8 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 # The plug-in is a shared library that exports three names, and the object files of the rooms are
 # shared between it and the tests.
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+# Programs too: a precompiled header made with -fPIC cannot serve a unit that is compiled with -fPIE.
+set(CMAKE_CXX_COMPILE_OPTIONS_PIE "-fPIC")
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 

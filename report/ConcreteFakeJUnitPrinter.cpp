@@ -134,6 +134,11 @@ wxString ConcreteFakeJUnitPrinter::NumberedTestName(const wxString& testName) co
   return wxString::Format(wxT("test%03u"), m_openTests + m_closedTests) + testName;
 }
 
+int ConcreteFakeJUnitPrinter::TimeOf(std::uint32_t tests) const {
+  // Unsigned, so that a report of millions of tests wraps around and is no overflow.
+  return static_cast<int>(tests * static_cast<std::uint32_t>(m_perTestTime));
+}
+
 void ConcreteFakeJUnitPrinter::CloseTheCurrentSuite() {
   m_closedTests += m_openTests;
   m_closedFailures += m_openFailures;
@@ -155,7 +160,7 @@ void ConcreteFakeJUnitPrinter::FinalizeTheTotalContentOfOurArray() {
       wxT("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
           "<testsuites tests=\"%u\" failures=\"%u\" disabled=\"0\" errors=\"0\" time=\"%d\" "
           "name=\"AllTests\">"),
-      m_closedTests, m_closedFailures, static_cast<int>(m_closedTests) * m_perTestTime);
+      m_closedTests, m_closedFailures, TimeOf(m_closedTests));
   m_reportLines.Add(wxT("</testsuites>"));
 }
 

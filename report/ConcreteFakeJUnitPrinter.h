@@ -41,6 +41,7 @@ class ConcreteFakeJUnitPrinter : public FakeJUnitPrinter {
   wxString ExpectedNameOfPreexistingFile() const;
   wxString NameForOurFinalResultsFile() const;
   wxString NumberedTestName(const wxString& testName) const;
+  int TimeOf(std::uint32_t tests) const;
   void CloseTheCurrentSuite();
   void FinalizeTheTotalContentOfOurArray();
   void FlushFileAndSaveToFinalDestination();

@@ -1,0 +1,52 @@
+#include "host/PluginLibrary.h"
+
+#include <dlfcn.h>
+#include <wx/stdpaths.h>
+
+#include <string>
+
+#include "host/ExitStatus.h"
+#include "host/WideText.h"
+
+namespace OmbreliaHost {
+
+namespace {
+
+[[noreturn]] void Reject(const std::filesystem::path& path, const std::string& why) {
+  throw RunError(ExitStatus::NoReport, path.string() + ": the plug-in does not load: " + why);
+}
+
+std::string LastLoaderError() {
+  const char* const text = dlerror();
+  return text == nullptr ? "unknown error" : text;
+}
+
+}  // namespace
+
+PluginLibrary::PluginLibrary(const std::filesystem::path& path)
+    : m_handle(dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL)), m_plugin(nullptr) {
+  if (m_handle == nullptr) Reject(path, LastLoaderError());
+  // dlsym adds the underscore that symbols of C functions have on some systems.
+  using Entry = void* (*)();
+  const auto entry = reinterpret_cast<Entry>(dlsym(m_handle, "OMSdkGetObjectPtr"));
+  void* const object = entry == nullptr ? nullptr : entry();
+  if (object == nullptr) {
+    const std::string why =
+        entry == nullptr ? LastLoaderError() : std::string("OMSdkGetObjectPtr gave no object");
+    dlclose(m_handle);
+    Reject(path, why);
+  }
+  // The untyped pointer is one to the base of all plug-ins; this program loads data-hook plug-ins only.
+  m_plugin = static_cast<Ombrelia::Interface_DataHookPlugin*>(
+      static_cast<OmbreliaSDK::OMSdkBase*>(object));
+}
+
+PluginLibrary::~PluginLibrary() { dlclose(m_handle); }
+
+std::filesystem::path DefaultPluginLibrary() {
+  const std::filesystem::path program =
+      Utf8OfText(wxStandardPaths::Get().GetExecutablePath());
+  return program.parent_path().parent_path() / "lib" / OMBRELIA_PLUGIN_FILE_NAME;
+}
+
+}  // namespace OmbreliaHost

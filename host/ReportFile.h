@@ -1,0 +1,37 @@
+// Where the plug-in's report stands on disk.
+#ifndef OMBRELIA_HOST_REPORTFILE_H
+#define OMBRELIA_HOST_REPORTFILE_H
+
+#include <sys/stat.h>
+
+#include <filesystem>
+
+namespace OmbreliaHost {
+
+// The report of this process, below the working directory at construction. Makes the directory, which
+// the plug-in expects to find; ends the run (NoReport) if that fails.
+class ReportFile {
+ public:
+  ReportFile();
+
+  // Call right before the flush: an older report may stand under the same name.
+  void RememberStateBeforeWriting();
+  // Ends the run (NoReport) unless a file was written since.
+  void RequireWritten() const;
+
+  const std::filesystem::path& Path() const { return m_path; }  // absolute
+
+ private:
+  struct State {
+    bool exists;
+    struct stat status;
+  };
+  State CurrentState() const;
+
+  std::filesystem::path m_path;
+  State m_before;
+};
+
+}  // namespace OmbreliaHost
+
+#endif

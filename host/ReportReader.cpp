@@ -1,0 +1,204 @@
+#include "host/ReportReader.h"
+
+#include <expat.h>
+
+#include <array>
+#include <cstdio>
+#include <cstring>
+#include <fstream>
+#include <memory>
+
+#include "host/ExitStatus.h"
+
+namespace fs = std::filesystem;
+
+namespace OmbreliaHost {
+
+namespace {
+
+const char* const START_OF_DATAFILE =
+    "DataHookOutputTestingPlugin_PerformPostProcessing_was_called";
+
+// "test007" before the name of the seventh test.
+std::string NumberPrefix(std::size_t number) {
+  std::array<char, 32> text{};
+  std::snprintf(text.data(), text.size(), "test%03zu", number);
+  return text.data();
+}
+
+std::string NameWithoutNumber(const std::string& name) {
+  const std::size_t digits = std::strlen("test");
+  const std::size_t end = name.find_first_not_of("0123456789", digits);
+  return end == std::string::npos ? std::string() : name.substr(end);
+}
+
+std::string AttributeOf(const XML_Char** attributes, const char* name) {
+  for (; *attributes != nullptr; attributes += 2) {
+    if (std::strcmp(attributes[0], name) == 0) return attributes[1];
+  }
+  return std::string();
+}
+
+class ReportParser {
+ public:
+  explicit ReportParser(const fs::path& path)
+      : m_path(path), m_parser(XML_ParserCreate(nullptr), &XML_ParserFree) {
+    XML_SetUserData(m_parser.get(), this);
+    XML_SetElementHandler(m_parser.get(), &OnStart, &OnEnd);
+    XML_SetCdataSectionHandler(m_parser.get(), &OnStartOfDetail, &OnEndOfDetail);
+    XML_SetCharacterDataHandler(m_parser.get(), &OnText);
+  }
+
+  // True if the whole file is well-formed. The results read so far stay either way.
+  bool Parse();
+
+  std::vector<TestResult>& Results() { return m_results; }
+  bool TestIsOpen() const { return m_testIsOpen; }
+  std::string Error() const { return XML_ErrorString(XML_GetErrorCode(m_parser.get())); }
+  XML_Size Line() const { return XML_GetCurrentLineNumber(m_parser.get()); }
+  // What the head says of the entries.
+  std::string CountInHead() const { return m_testsInHead + " tests, " + m_failuresInHead + " failing"; }
+  std::string CountOfEntries() const;
+
+ private:
+  static ReportParser& Self(void* self) { return *static_cast<ReportParser*>(self); }
+  static void OnStart(void* self, const XML_Char* element, const XML_Char** attributes);
+  static void OnEnd(void* self, const XML_Char* element);
+  static void OnStartOfDetail(void* self) { Self(self).m_inDetail = true; }
+  static void OnEndOfDetail(void* self) { Self(self).m_inDetail = false; }
+  static void OnText(void* self, const XML_Char* text, int length);
+
+  fs::path m_path;
+  std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> m_parser;
+  std::vector<TestResult> m_results;
+  bool m_testIsOpen = false;
+  bool m_inDetail = false;
+  std::string m_detail;
+  std::string m_testsInHead;
+  std::string m_failuresInHead;
+};
+
+void ReportParser::OnStart(void* self, const XML_Char* element, const XML_Char** attributes) {
+  ReportParser& parser = Self(self);
+  if (std::strcmp(element, "testsuites") == 0) {
+    parser.m_testsInHead = AttributeOf(attributes, "tests");
+    parser.m_failuresInHead = AttributeOf(attributes, "failures");
+  } else if (std::strcmp(element, "testcase") == 0) {
+    TestResult result;
+    result.name = AttributeOf(attributes, "name");
+    parser.m_results.push_back(result);
+    parser.m_testIsOpen = true;
+  } else if (std::strcmp(element, "failure") == 0 && parser.m_testIsOpen) {
+    parser.m_results.back().failed = true;
+    parser.m_results.back().subject = AttributeOf(attributes, "message");
+    parser.m_detail.clear();
+  }
+}
+
+void ReportParser::OnEnd(void* self, const XML_Char* element) {
+  ReportParser& parser = Self(self);
+  if (std::strcmp(element, "failure") == 0 && parser.m_testIsOpen) {
+    // The first line of the detail is the location.
+    TestResult& result = parser.m_results.back();
+    const std::size_t lineEnd = parser.m_detail.find('\n');
+    result.location = parser.m_detail.substr(0, lineEnd);
+    if (lineEnd != std::string::npos) result.message = parser.m_detail.substr(lineEnd + 1);
+  } else if (std::strcmp(element, "testcase") == 0) {
+    parser.m_testIsOpen = false;
+  }
+}
+
+void ReportParser::OnText(void* self, const XML_Char* text, int length) {
+  ReportParser& parser = Self(self);
+  if (parser.m_inDetail) parser.m_detail.append(text, static_cast<std::size_t>(length));
+}
+
+std::string ReportParser::CountOfEntries() const {
+  std::size_t failing = 0;
+  for (const TestResult& result : m_results) failing += result.failed ? 1 : 0;
+  return std::to_string(m_results.size()) + " tests, " + std::to_string(failing) + " failing";
+}
+
+bool ReportParser::Parse() {
+  std::ifstream file(m_path, std::ios::binary);
+  if (!file) throw RunError(ExitStatus::NoReport, m_path.string() + ": the report cannot be read");
+  std::array<char, 65536> block{};
+  for (;;) {
+    file.read(block.data(), block.size());
+    if (file.bad()) {
+      throw RunError(ExitStatus::NoReport, m_path.string() + ": the report cannot be read");
+    }
+    const bool last = file.eof();
+    if (XML_Parse(m_parser.get(), block.data(), static_cast<int>(file.gcount()), last) !=
+        XML_STATUS_OK) {
+      return false;
+    }
+    if (last) return true;
+  }
+}
+
+// The line of the report, for a test whose very name broke it: no parser can give that name.
+std::string LineOfFile(const fs::path& path, XML_Size number) {
+  std::ifstream file(path, std::ios::binary);
+  std::string line;
+  for (XML_Size i = 0; i < number; ++i) {
+    if (!std::getline(file, line)) return std::string();
+  }
+  return line;
+}
+
+std::string DatafileOf(const std::vector<TestResult>& results, const std::vector<fs::path>& datafiles) {
+  std::size_t started = 0;
+  for (const TestResult& result : results) started += StartsDatafile(result) ? 1 : 0;
+  if (started == 0 || started > datafiles.size()) return std::string();
+  return ", among the results of " + datafiles[started - 1].string();
+}
+
+}  // namespace
+
+bool StartsDatafile(const TestResult& result) {
+  return !result.failed && NameWithoutNumber(result.name) == START_OF_DATAFILE;
+}
+
+std::vector<TestResult> ReadReport(const fs::path& path, const std::vector<fs::path>& datafiles) {
+  ReportParser parser(path);
+  const bool wellFormed = parser.Parse();
+  std::vector<TestResult>& results = parser.Results();
+
+  // The numbers run on without a gap: the first that does not was made by another test's text.
+  for (std::size_t i = 0; i < results.size(); ++i) {
+    const std::string prefix = NumberPrefix(i + 1);
+    if (results[i].name.compare(0, prefix.size(), prefix) == 0) continue;
+    const std::string culprit = i == 0 ? results[i].name : results[i - 1].name;
+    results.resize(i);
+    throw RunError(ExitStatus::MalformedReport,
+                   path.string() + ": the report is not as the plug-in counted it; broken by test " +
+                       culprit + DatafileOf(results, datafiles));
+  }
+
+  if (!wellFormed) {
+    std::string text = path.string() + ":" + std::to_string(parser.Line()) +
+                       ": the report is not well-formed XML (" + parser.Error() + ")";
+    if (parser.TestIsOpen()) {
+      text += "; broken by test " + results.back().name;
+    } else if (!results.empty()) {
+      text += "; broken by the test after " + results.back().name;
+    }
+    text += DatafileOf(results, datafiles);
+    if (!parser.TestIsOpen()) text += ": " + LineOfFile(path, parser.Line());
+    throw RunError(ExitStatus::MalformedReport, text);
+  }
+
+  std::size_t started = 0;
+  for (const TestResult& result : results) started += StartsDatafile(result) ? 1 : 0;
+  if (parser.CountInHead() != parser.CountOfEntries() || started != datafiles.size()) {
+    throw RunError(ExitStatus::MalformedReport,
+                   path.string() + ": the report's head counts " + parser.CountInHead() +
+                       ", its entries are " + parser.CountOfEntries() + ", of " +
+                       std::to_string(started) + " data files; " + std::to_string(datafiles.size()) +
+                       " were handed over");
+  }
+  return results;
+}
+
+}  // namespace OmbreliaHost

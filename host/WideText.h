@@ -1,0 +1,21 @@
+// Between the file names of the system, which are bytes, and the texts of the plug-in's interface.
+#ifndef OMBRELIA_HOST_WIDETEXT_H
+#define OMBRELIA_HOST_WIDETEXT_H
+
+#include <wx/string.h>
+
+#include <filesystem>
+#include <string>
+
+namespace OmbreliaHost {
+
+// File names are taken as UTF-8 whatever locale the program runs in; bytes that are none keep a place
+// of their own in the text, so that the file is still found. Call once, after wx is initialised.
+void ReadFileNamesAsUtf8();
+
+wxString TextOfPath(const std::filesystem::path& path);
+std::string Utf8OfText(const wxString& text);
+
+}  // namespace OmbreliaHost
+
+#endif

@@ -1,0 +1,153 @@
+// Which files the report writer makes, moves and leaves alone.
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <wx/log.h>
+
+#include <cstdlib>
+#include <memory>
+
+#include "report/ConcreteFakeJUnitPrinter.h"
+#include "tests/support/Files.h"
+
+namespace {
+
+using Ombrelia::ConcreteFakeJUnitPrinter;
+
+class ReportFilesTest : public testing::Test {
+ protected:
+  ReportFilesTest() : m_directory(m_folder.Path()) { m_folder.MakeReportFolder(); }
+
+  std::unique_ptr<ConcreteFakeJUnitPrinter> Made(bool renameUnconditionally) {
+    return std::make_unique<ConcreteFakeJUnitPrinter>(wxT("Base"), wxT("auto_experiment_tests"),
+                                                      renameUnconditionally);
+  }
+  std::string At(const std::string& name) const { return m_folder.ReportFolder() + "/" + name; }
+  std::vector<std::string> Names() const { return Tests::NamesIn(m_folder.ReportFolder()); }
+
+  Tests::ScratchFolder m_folder;
+  Tests::WorkingDirectory m_directory;
+  const std::string m_report = "Base_" + std::to_string(getpid()) + ".xml";
+  const std::string m_flag = Tests::FlagFileName(getpid());
+};
+
+TEST_F(ReportFilesTest, ConstructionLeavesTheFlagFileOnly) {
+  const auto printer = Made(true);
+  printer->AddPassingTestResult(wxT("t"));
+  printer->NewTestSuite(wxT("s"));
+  EXPECT_EQ(Names(), std::vector<std::string>{m_flag});
+  EXPECT_EQ(Tests::ReadFile(At(m_flag)), "\n");
+}
+
+TEST_F(ReportFilesTest, DestructionLeavesReportAndFlagFile) {
+  Made(true).reset();
+  EXPECT_EQ(Names(), (std::vector<std::string>{m_report, m_flag}));
+}
+
+TEST_F(ReportFilesTest, MovesAPreexistingReportIfToldToWhateverTheFlagFilesSay) {
+  Tests::WriteFile(At("Base.xml"), "from before");
+  Tests::WriteFile(At("special_flag_file_1.dat"), "\n");
+  const auto printer = Made(true);
+  EXPECT_FALSE(Tests::Exists(At("Base.xml")));
+  EXPECT_EQ(Tests::ReadFile(At(m_report)), "from before");
+}
+
+TEST_F(ReportFilesTest, MovesAPreexistingReportIfItIsTheFirstProcess) {
+  Tests::WriteFile(At("Base.xml"), "from before");
+  const auto printer = Made(false);
+  EXPECT_FALSE(Tests::Exists(At("Base.xml")));
+  EXPECT_EQ(Tests::ReadFile(At(m_report)), "from before");
+}
+
+TEST_F(ReportFilesTest, LeavesAPreexistingReportToTheProcessThatCameFirst) {
+  Tests::WriteFile(At("Base.xml"), "from before");
+  Tests::WriteFile(At("special_flag_file_1.dat"), "\n");
+  const auto printer = Made(false);
+  EXPECT_EQ(Tests::ReadFile(At("Base.xml")), "from before");
+  EXPECT_FALSE(Tests::Exists(At(m_report)));
+}
+
+TEST_F(ReportFilesTest, AFolderNamedLikeAFlagFileIsNone) {
+  Tests::WriteFile(At("Base.xml"), "from before");
+  ASSERT_EQ(mkdir(At("special_flag_file_1.dat").c_str(), 0700), 0);
+  const auto printer = Made(false);
+  EXPECT_FALSE(Tests::Exists(At("Base.xml")));
+}
+
+TEST_F(ReportFilesTest, DoesNotMoveAReportOverAnother) {
+  Tests::WriteFile(At("Base.xml"), "from before");
+  Tests::WriteFile(At(m_report), "of an earlier process with this id");
+  const wxLogNull silence;
+  auto printer = Made(true);
+  EXPECT_EQ(Tests::ReadFile(At("Base.xml")), "from before");
+  EXPECT_EQ(Tests::ReadFile(At(m_report)), "of an earlier process with this id");
+  printer.reset();
+  EXPECT_EQ(Tests::ReadFile(At(m_report)).compare(0, 5, "<?xml"), 0);
+}
+
+TEST_F(ReportFilesTest, NothingOfAMovedReportSurvivesANormalEnd) {
+  Made(true).reset();
+  const std::string expected = Tests::ReadFile(At(m_report));
+  ASSERT_EQ(unlink(At(m_report).c_str()), 0);
+  // Longer than the new report, in another encoding, and with other line ends.
+  for (const std::string& former :
+       {std::string(20000, 'x') + "\r\nlast", std::string("\xFF\xFE\x00\xD8", 4), std::string("\xE4\x80"),
+        std::string("\xEF\xBB\xBF<a/>\r\n")}) {
+    Tests::WriteFile(At("Base.xml"), former);
+    const wxLogNull silence;
+    Made(true).reset();
+    EXPECT_EQ(Tests::ReadFile(At(m_report)), expected);
+    ASSERT_EQ(unlink(At(m_report).c_str()), 0);
+  }
+}
+
+TEST_F(ReportFilesTest, WithoutTheFolderTheReportIsLostAndTheProcessGoesOn) {
+  Tests::ScratchFolder empty;
+  const Tests::WorkingDirectory directory(empty.Path());
+  const wxLogNull silence;
+  auto printer = Made(true);
+  printer->AddFailingTestResult(wxT("n"), wxT("s"), wxT("l"), wxT("m"));
+  printer.reset();
+  EXPECT_TRUE(Tests::NamesIn(empty.Path()).empty());
+}
+
+// Collects what wx would log.
+class LogCounter : public wxLog {
+ public:
+  LogCounter() : m_former(wxLog::SetActiveTarget(this)) {}
+  ~LogCounter() override { wxLog::SetActiveTarget(m_former); }
+  int count = 0;
+
+ protected:
+  void DoLogRecord(wxLogLevel, const wxString&, const wxLogRecordInfo&) override { ++count; }
+
+ private:
+  wxLog* m_former;
+};
+
+TEST_F(ReportFilesTest, AWorkingRunLogsNothing) {
+  LogCounter log;
+  Made(true).reset();
+  EXPECT_EQ(log.count, 0);
+}
+
+// It is the run before a human's eyes that keeps silent; an unattended one leaves a trace in the log.
+TEST_F(ReportFilesTest, ALostReportIsLoggedUnlessAHumanWatches) {
+  Tests::ScratchFolder empty;
+  const Tests::WorkingDirectory directory(empty.Path());
+  LogCounter log;
+  Made(true).reset();
+  EXPECT_GT(log.count, 0);
+
+  // The search for flag files comes before the switch is read.
+  ASSERT_EQ(setenv("MAKE_TEST_FAILURES_POP_UP_FOR_INTERACTIVE_HUMAN", "", 1), 0);
+  const int before = log.count;
+  auto printer = Made(true);
+  const int atConstruction = log.count - before;
+  EXPECT_LE(atConstruction, 1);
+  printer.reset();
+  EXPECT_EQ(log.count - before, atConstruction);
+  ASSERT_EQ(unsetenv("MAKE_TEST_FAILURES_POP_UP_FOR_INTERACTIVE_HUMAN"), 0);
+}
+
+}  // namespace
