@@ -97,16 +97,15 @@ TEST(Test_2011_12_16_case_1639_Stimlist_Folder, PassesOnATableWithoutRows) {
   ASSERT_NE(found, registry.end());
   using Frame =
       Ombrelia::IndividualTestCase_T<Ombrelia::Test_2011_12_16_case_1639_Stimlist_Folder, false>;
-  Frame* const verifier = static_cast<Frame*>(found->second.verifier);
   RecordingPrinter printer;
   const std::vector<Ombrelia::StimAreaData> noAreas;
-  verifier->VerifyDatafile(path, noAreas, &printer);
+  found->second.verifier->VerifyDatafile(path, noAreas, &printer);
   printer.lines.clear();
 
   const boost::shared_ptr<MUExperimentTextReaderMultiFile> table(
       new MUExperimentTextReaderMultiFile(nullptr));
   ASSERT_EQ(table->GetNumberOfDataRows(), 0);
-  verifier->RunAllVerificationTests({table, &printer, &noAreas});
+  static_cast<Frame*>(found->second.verifier)->RunAllVerificationTests({table, &printer, &noAreas});
   // The bound is that of the file before.
   EXPECT_EQ(printer.lines,
             (Lines{"pass All the entries in the Event Name column are as they should be.",
