@@ -1,0 +1,65 @@
+// The text of one cell, borrowed from the block of its file.
+#ifndef TABULON_MUCELLTEXT_H
+#define TABULON_MUCELLTEXT_H
+
+#include <wx/string.h>
+
+#include <cstddef>
+#include <cstdint>
+
+// A light, copyable view. It owns nothing: valid as long as the MUDataFileBlock it came from, that is
+// as long as one row of that file lives. A narrow cell holds one ASCII character per byte.
+class MUCellText {
+ public:
+  // A column's sort keys cover SORT_PIECES pieces of SORT_PIECE_LENGTH characters each.
+  static constexpr std::size_t SORT_PIECES = 3;
+  static constexpr std::size_t SORT_PIECE_LENGTH = 6;
+
+  MUCellText() : m_narrow(nullptr), m_wide(nullptr), m_length(0) {}
+  MUCellText(const char* text, std::size_t length)
+      : m_narrow(text), m_wide(nullptr), m_length(length) {}
+  MUCellText(const wchar_t* text, std::size_t length)
+      : m_narrow(nullptr), m_wide(text), m_length(length) {}
+
+  std::size_t Length() const { return m_length; }
+  bool IsEmpty() const { return m_length == 0; }
+
+  // Null unless the text is stored in that width; not terminated.
+  const char* Narrow() const { return m_narrow; }
+  const wchar_t* Wide() const { return m_wide; }
+
+  // The character at an index below Length().
+  wchar_t operator[](std::size_t index) const {
+    return m_narrow ? static_cast<wchar_t>(static_cast<unsigned char>(m_narrow[index]))
+                    : m_wide[index];
+  }
+
+  // A text of its own.
+  wxString ToString() const;
+
+  bool operator==(const MUCellText& other) const { return Compare(other) == 0; }
+  bool operator!=(const MUCellText& other) const { return Compare(other) != 0; }
+
+  // Below, at or above 0, as wxString::compare orders the two texts.
+  int Compare(const MUCellText& other) const;
+  bool Equals(const wxString& text) const;
+
+  // Six characters as one number whose order is the text's order; piece is 0, 1 or 2 and begins at
+  // character 6 * piece. Each character gives its low eight bits, most significant first; where the
+  // text has ended a blank stands in. Below 2 to the power 48.
+  std::uint64_t SortBits(std::size_t piece) const;
+  // The same as the number that m_hash01, m_hash02 and m_hash03 hold: SortBits times 65,536.
+  double SortKey(std::size_t piece) const { return static_cast<double>(SortBits(piece)) * 65536.0; }
+  // True when the three pieces cover the whole text.
+  bool FitsInSortKeys() const { return m_length < SORT_PIECES * SORT_PIECE_LENGTH + 1; }
+
+ private:
+  const char* m_narrow;
+  const wchar_t* m_wide;
+  std::size_t m_length;
+};
+
+// The sort key of the first six characters of a text; see MUCellText::SortBits.
+double MUSortableNumericHash(const wxString& text);
+
+#endif

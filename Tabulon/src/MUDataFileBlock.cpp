@@ -1,0 +1,66 @@
+#include "Tabulon/src/MUDataFileBlock.h"
+
+#include <algorithm>
+#include <numeric>
+
+MUDataFileBlock::MUDataFileBlock() : m_references(0), m_isWide(false) {}
+
+std::size_t MUDataFileBlock::CellCount(std::size_t row) const {
+  if (row >= m_rows.size()) return 0;
+  const std::size_t end = row + 1 < m_rows.size() ? m_rows[row + 1].firstCell : m_cellEnds.size();
+  return end - m_rows[row].firstCell;
+}
+
+MUCellText MUDataFileBlock::Cell(std::size_t row, std::size_t position) const {
+  if (position >= CellCount(row)) return MUCellText();
+  const Row& place = m_rows[row];
+  const std::uint32_t* end = &m_cellEnds[place.firstCell + position];
+  const std::uint32_t start = position == 0 ? 0 : end[-1] + 1;
+  const std::size_t offset = place.textStart + start;
+  const std::size_t length = *end - start;
+  return m_isWide ? MUCellText(m_wideText.data() + offset, length)
+                  : MUCellText(m_narrowText.data() + offset, length);
+}
+
+std::size_t MUDataFileBlock::LargestCellCount() const {
+  std::size_t largest = 0;
+  for (std::size_t row = 0; row < m_rows.size(); ++row) {
+    largest = std::max(largest, CellCount(row));
+  }
+  return largest;
+}
+
+std::size_t MUDataFileBlock::PositionOf(const wxString& name) const {
+  const auto found = std::lower_bound(m_positionsByName.begin(), m_positionsByName.end(), name,
+                                      [this](std::uint32_t position, const wxString& wanted) {
+                                        return m_columnNames[position].compare(wanted) < 0;
+                                      });
+  if (found == m_positionsByName.end() || m_columnNames[*found] != name) return NOT_FOUND;
+  return *found;
+}
+
+void MUDataFileBlock::AppendColumnName(const wxString& name) {
+  const auto place = std::upper_bound(m_positionsByName.begin(), m_positionsByName.end(), name,
+                                      [this](const wxString& wanted, std::uint32_t position) {
+                                        return wanted.compare(m_columnNames[position]) < 0;
+                                      });
+  m_positionsByName.insert(place, static_cast<std::uint32_t>(m_columnNames.size()));
+  m_columnNames.push_back(name);
+}
+
+void MUDataFileBlock::AppendColumnNames(const std::vector<wxString>& names) {
+  m_columnNames.insert(m_columnNames.end(), names.begin(), names.end());
+  m_positionsByName.resize(m_columnNames.size());
+  std::iota(m_positionsByName.begin(), m_positionsByName.end(), 0u);
+  std::stable_sort(m_positionsByName.begin(), m_positionsByName.end(),
+                   [this](std::uint32_t a, std::uint32_t b) {
+                     return m_columnNames[a].compare(m_columnNames[b]) < 0;
+                   });
+}
+
+const wxString* MUDataFileBlock::FindHiddenCell(const wxString& name) const {
+  for (const HiddenCell& cell : m_hiddenCells) {
+    if (cell.first == name) return &cell.second;
+  }
+  return nullptr;
+}

@@ -1,0 +1,81 @@
+// The text of one data file, stored once for all its rows.
+#ifndef TABULON_MUDATAFILEBLOCK_H
+#define TABULON_MUDATAFILEBLOCK_H
+
+#include <wx/string.h>
+
+#include <boost/smart_ptr/intrusive_ptr.hpp>
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+#include "Tabulon/src/MUCellText.h"
+
+// Holds the cells of all data rows of one file as one run of characters with an offset per cell, the
+// names of the columns by position, and the hidden cells, which are the same on every row.
+//
+// Rows and the reader share it by reference count; it goes with the last of them. The count is not
+// atomic: a block and its rows belong to one thread. Rows and positions count from 0, data rows only.
+class MUDataFileBlock {
+ public:
+  using HiddenCell = std::pair<wxString, wxString>;
+  static constexpr std::size_t NOT_FOUND = static_cast<std::size_t>(-1);
+
+  MUDataFileBlock();
+  MUDataFileBlock(const MUDataFileBlock&) = delete;
+  MUDataFileBlock& operator=(const MUDataFileBlock&) = delete;
+
+  std::size_t RowCount() const { return m_rows.size(); }
+  // Number of cells that the row's line holds; 0 for an unknown row.
+  std::size_t CellCount(std::size_t row) const;
+  // The cell's text; an empty one for an unknown row and beyond the row's last cell.
+  MUCellText Cell(std::size_t row, std::size_t position) const;
+  // Cells of the longest line.
+  std::size_t LargestCellCount() const;
+
+  std::size_t ColumnCount() const { return m_columnNames.size(); }
+  // The position must be below ColumnCount(). The reference holds until a column is appended.
+  const wxString& ColumnName(std::size_t position) const { return m_columnNames[position]; }
+  // Position of the first column of exactly that name, or NOT_FOUND. Positions never change.
+  std::size_t PositionOf(const wxString& name) const;
+  // Reading rows may append columns, for cells beyond the last heading.
+  void AppendColumnName(const wxString& name);
+  void AppendColumnNames(const std::vector<wxString>& names);
+
+  // The cells that every row has and no column stands for; in the order of insertion.
+  const std::vector<HiddenCell>& HiddenCells() const { return m_hiddenCells; }
+  void SetHiddenCells(std::vector<HiddenCell> cells) { m_hiddenCells = std::move(cells); }
+  // The text of the hidden cell of that name, borrowed from the block, or null.
+  const wxString* FindHiddenCell(const wxString& name) const;
+
+ private:
+  friend class MUDataFileBlockBuilder;
+  friend void intrusive_ptr_add_ref(const MUDataFileBlock* block) { ++block->m_references; }
+  friend void intrusive_ptr_release(const MUDataFileBlock* block) {
+    if (--block->m_references == 0) delete block;
+  }
+
+  ~MUDataFileBlock() = default;
+
+  // Where a row's text begins and which entry of m_cellEnds is its first; its last entry is the one
+  // before the next row's first.
+  struct Row {
+    std::size_t textStart;
+    std::size_t firstCell;
+  };
+
+  mutable std::size_t m_references;
+  bool m_isWide;
+  std::vector<char> m_narrowText;
+  std::vector<wchar_t> m_wideText;
+  std::vector<Row> m_rows;
+  std::vector<std::uint32_t> m_cellEnds;  // from the row's start; one separator stands between cells
+  std::vector<wxString> m_columnNames;
+  std::vector<std::uint32_t> m_positionsByName;  // sorted by name, then by position
+  std::vector<HiddenCell> m_hiddenCells;
+};
+
+using MUDataFileBlockPtr = boost::intrusive_ptr<MUDataFileBlock>;
+
+#endif

@@ -1,0 +1,113 @@
+#include "Tabulon/src/MUDataFileBlockBuilder.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <limits>
+#include <utility>
+
+#include "Tabulon/src/MUCellSplitting.h"
+#include "Tabulon/src/MUPlainTextScan.h"
+
+namespace {
+
+constexpr std::size_t LARGEST_OFFSET = std::numeric_limits<std::uint32_t>::max();
+// "0x1B 0x5b" for two characters is the longest visible form there is, per character.
+constexpr std::size_t LONGEST_VISIBLE_FORM = 5;
+
+// Splits off up to count lines and answers where the next one begins.
+std::size_t TakeHeaderLines(const std::vector<char>& bytes, std::size_t count,
+                            std::vector<wxString>* header) {
+  std::size_t start = 0;
+  while (header->size() < count && start < bytes.size()) {
+    const char* begin = bytes.data() + start;
+    const char* feed =
+        static_cast<const char*>(std::memchr(begin, '\n', bytes.size() - start));
+    const char* end = feed ? feed : bytes.data() + bytes.size();
+    start = feed ? static_cast<std::size_t>(feed + 1 - bytes.data()) : bytes.size();
+    if (feed && end != begin && end[-1] == '\r') --end;
+    header->push_back(MUCellText(begin, static_cast<std::size_t>(end - begin)).ToString());
+  }
+  return start;
+}
+
+}  // namespace
+
+MUDataFileBlockBuilder::MUDataFileBlockBuilder(Width width)
+    : m_block(new MUDataFileBlock), m_firstCell(0) {
+  m_block->m_isWide = width == Width::WIDE;
+}
+
+bool MUDataFileBlockBuilder::TakePlainBytes(std::vector<char>& bytes, std::size_t headerLines,
+                                            MUDataFileLines* lines) {
+  MUPlainTextMeasure measure;
+  if (bytes.size() > LARGEST_OFFSET ||
+      !MUMeasurePlainText(bytes.data(), bytes.size(), &measure)) {
+    return false;
+  }
+  MUDataFileBlockBuilder builder(Width::ASCII);
+  MUDataFileBlock& block = *builder.m_block;
+  block.m_rows.reserve(measure.lineFeeds + 1);
+  block.m_cellEnds.reserve(measure.tabs + measure.lineFeeds + 1);
+
+  lines->header.clear();
+  std::size_t rowStart = TakeHeaderLines(bytes, headerLines, &lines->header);
+  const char* text = bytes.data();
+  MUForEachDelimiter(text, rowStart, bytes.size(), [&](std::size_t position) {
+    if (text[position] == '\t') {
+      block.m_cellEnds.push_back(static_cast<std::uint32_t>(position - rowStart));
+      return;
+    }
+    const bool isDosLineEnd = position > rowStart && text[position - 1] == '\r';
+    builder.EndPlainRow(rowStart, isDosLineEnd ? position - 1 : position);
+    rowStart = position + 1;
+  });
+  if (rowStart < bytes.size()) builder.EndPlainRow(rowStart, bytes.size());
+  block.m_narrowText = std::move(bytes);
+  lines->block = builder.Take();
+  return true;
+}
+
+void MUDataFileBlockBuilder::Reserve(std::size_t characters, std::size_t rows, std::size_t cells) {
+  if (m_block->m_isWide) m_block->m_wideText.reserve(characters);
+  else m_block->m_narrowText.reserve(characters);
+  m_block->m_rows.reserve(rows);
+  m_block->m_cellEnds.reserve(cells);
+}
+
+bool MUDataFileBlockBuilder::AppendRow(const char* begin, const char* end) {
+  return AppendRowTo(m_block->m_narrowText, begin, end);
+}
+
+bool MUDataFileBlockBuilder::AppendRow(const wchar_t* begin, const wchar_t* end) {
+  return AppendRowTo(m_block->m_wideText, begin, end);
+}
+
+MUDataFileBlockPtr MUDataFileBlockBuilder::Take() { return std::move(m_block); }
+
+template <typename Char>
+bool MUDataFileBlockBuilder::AppendRowTo(std::vector<Char>& text, const Char* begin,
+                                         const Char* end) {
+  if (static_cast<std::size_t>(end - begin) > LARGEST_OFFSET / LONGEST_VISIBLE_FORM) return false;
+  const std::size_t textStart = text.size();
+  MUForEachCell(begin, end, [&](const Char* cell, const Char* cellEnd) {
+    if (cell != begin) text.push_back(Char('\t'));
+    MUAppendVisibly(cell, cellEnd, text);
+    m_block->m_cellEnds.push_back(static_cast<std::uint32_t>(text.size() - textStart));
+  });
+  EndRow(textStart);
+  return true;
+}
+
+// The cells but the last one have been recorded, those that are dropped from the line's end included.
+void MUDataFileBlockBuilder::EndPlainRow(std::size_t textStart, std::size_t textEnd) {
+  std::vector<std::uint32_t>& ends = m_block->m_cellEnds;
+  if (textEnd != textStart) ends.push_back(static_cast<std::uint32_t>(textEnd - textStart));
+  while (ends.size() > m_firstCell + 1 && ends.back() == ends[ends.size() - 2] + 1) ends.pop_back();
+  EndRow(textStart);
+}
+
+void MUDataFileBlockBuilder::EndRow(std::size_t textStart) {
+  m_block->m_rows.push_back({textStart, m_firstCell});
+  m_firstCell = m_block->m_cellEnds.size();
+}
