@@ -263,7 +263,6 @@ TEST(TestSyncTrialsTolmey3251, ReportsAnUnknownNameAndEndsThere) {
 }
 
 TEST(TestSyncTrialsTolmey3251, ReportsTwoTimestampsForOneEventAndEndsThere) {
-  // The second row of the two stands for "the".
   const DataFile file = FileOfCounts({7, 1, 1, 1, 3, 3, 3, 6}).Set(7, EVENT, "timestamp");
   EXPECT_EQ(Failures(file), (Lines{ContentCheck(1, 330), NO_ALTERNATION}));
   EXPECT_EQ(TimestampsExamined(file), 3u);
