@@ -9,8 +9,8 @@ void MUColumnReader::LookUpIn(const MUDataFileBlock& block) {
 
 MUCellText MUColumnReader::TextOf(const MUSingleRowDataPlusRowProperties& row) {
   if (row.Block() == nullptr || row.HasOverlay()) {
-    m_textFromMap = row.m_cells.ValueOrDefault(m_name);
-    return ViewOf(m_textFromMap);
+    const auto cell = row.m_cells.find(m_name);
+    return cell == row.m_cells.end() ? MUCellText() : ViewOf(cell->second);
   }
   LookUpIn(*row.Block());
   return m_hiddenText != nullptr ? ViewOf(*m_hiddenText) : row.CellAt(m_position);

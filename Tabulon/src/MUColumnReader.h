@@ -17,7 +17,7 @@ class MUColumnReader {
  public:
   explicit MUColumnReader(const wxString& name) : m_name(name) {}
 
-  // Empty if the row has no such cell. Valid until the next call, for as long as the row lives.
+  // Empty if the row has no such cell. Borrowed: valid until the cell is written or the row deleted.
   MUCellText TextOf(const MUSingleRowDataPlusRowProperties& row);
 
   // The row's place of the cell in its file's block, if the row is nothing but a view of that block and
@@ -34,7 +34,6 @@ class MUColumnReader {
   const MUDataFileBlock* m_block = nullptr;
   std::size_t m_position = MUDataFileBlock::NOT_FOUND;
   const wxString* m_hiddenText = nullptr;
-  wxString m_textFromMap;
 };
 
 #endif

@@ -178,7 +178,10 @@ void MUExperimentTextReaderMultiFile::SetRowFlag(int shownRow, bool value) {
       row->m_rowPropertyFlags &= ~MU_ROW_FLAG_RED_FLAG;
     }
   }
-  if (wxTheApp != nullptr) wxTheApp->AddPendingEvent(wxCommandEvent(wxEVT_FLAGGED_ROW_COUNT_CHANGED, -1));
+  // Not wxTheApp: in a console program the application object is no wxApp.
+  if (wxAppConsole* app = wxAppConsole::GetInstance()) {
+    app->AddPendingEvent(wxCommandEvent(wxEVT_FLAGGED_ROW_COUNT_CHANGED, -1));
+  }
 }
 
 void MUExperimentTextReaderMultiFile::ToggleRowFlag(int shownRow) {

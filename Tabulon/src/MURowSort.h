@@ -12,10 +12,11 @@ using MURowIterator = std::deque<MUSingleRowDataPlusRowProperties*>::iterator;
 
 // Sorts the rows by a column, stably: rows that are equal in all respects keep the order in which they
 // come, also when descending. The reaction-time column sorts as a number, every other one as text.
+//
+// The order of texts is that of these passes, each of them stable, from first to last, with the functors
+// of MUSortFunctors.h: the rows whose text fits its sort keys are put first (descending: last); the others
+// are sorted by their full text, and if none fits, that is all; then all are sorted by the third, the
+// second and the first sort key. It is made here with fewer steps.
 void SortRows(MURowIterator begin, MURowIterator end, const wxString& column, bool reverse);
-
-// The same order for a text column, made by the passes that define it: a partition, a comparison of the
-// long texts and three passes over the sort keys. Slower, and it asks nothing of the rows but their maps.
-void SortRowsByPasses(MURowIterator begin, MURowIterator end, const wxString& column, bool reverse);
 
 #endif

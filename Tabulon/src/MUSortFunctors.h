@@ -1,5 +1,6 @@
-// What a sort asks of rows: partitions by a predicate, passes by a comparison. Each is made from the sort
-// column's name. A row without the column's keys reads as 0.0 and as a long text.
+// What a sort asks of rows: partitions by a predicate, passes by a comparison. They define the order; who
+// sorts many rows gets the same order faster from MURowSort.h. Each is made from the sort column's name. A
+// row without the column's keys reads as 0.0 and as a long text.
 #ifndef TABULON_SRC_MUSORTFUNCTORS_H
 #define TABULON_SRC_MUSORTFUNCTORS_H
 

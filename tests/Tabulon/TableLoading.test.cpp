@@ -19,7 +19,7 @@ using Tests::Utf8;
 using Texts = std::vector<std::string>;
 
 void DeliverEvents() {
-  if (wxTheApp != nullptr) wxTheApp->ProcessPendingEvents();
+  if (wxAppConsole* app = wxAppConsole::GetInstance()) app->ProcessPendingEvents();
 }
 
 class TableLoading : public testing::Test {
@@ -339,8 +339,8 @@ TEST_F(TableLoading, NoSortNoText) {
 // Stands for a program that has no application object.
 class NoApplication {
  public:
-  NoApplication() : m_app(wxApp::GetInstance()) { wxApp::SetInstance(nullptr); }
-  ~NoApplication() { wxApp::SetInstance(m_app); }
+  NoApplication() : m_app(wxAppConsole::GetInstance()) { wxAppConsole::SetInstance(nullptr); }
+  ~NoApplication() { wxAppConsole::SetInstance(m_app); }
 
  private:
   wxAppConsole* m_app;

@@ -1,7 +1,5 @@
 #include "tests/Tabulon/TableTestSupport.h"
 
-#include <regex>
-
 namespace Tests {
 
 wxString TemporaryFolder::PathOf(const std::string& name) const {
@@ -53,8 +51,13 @@ std::vector<std::string> ProbeTable::Column(const wxString& name) const {
 std::string ProbeTable::Cell(int row, int column) const { return Utf8(GetDataCellValue(row, column)); }
 
 long RecordingStatusPrinter::PrintStatusText(const wxString& text, int slot, long replacedMessageId) {
-  const std::string words =
-      std::regex_replace(Utf8(text), std::regex(" [0-9]+ milliseconds\\."), " N milliseconds.");
+  std::string words = Utf8(text);
+  // The number in " 12 milliseconds." at the end.
+  const std::size_t end = words.rfind(" milliseconds.");
+  if (end != std::string::npos) {
+    const std::size_t number = words.rfind(' ', end - 1) + 1;
+    words.replace(number, end - number, "N");
+  }
   lines.push_back(words + " @" + std::to_string(slot) + " ^" + std::to_string(replacedMessageId));
   return nextId++;
 }

@@ -337,19 +337,20 @@ TEST_F(TableVisibility, ADeletedRowHasNoFlag) {
 }
 
 TEST_F(TableVisibility, EverySettingOfAFlagIsToldToTheApplication) {
-  ASSERT_NE(wxTheApp, nullptr);
+  wxAppConsole* const app = wxAppConsole::GetInstance();
+  ASSERT_NE(app, nullptr);
   ASSERT_TRUE(table.Load(pathA));
-  wxTheApp->ProcessPendingEvents();
+  app->ProcessPendingEvents();
   std::vector<int> ids;
   const wxEventTypeTag<wxCommandEvent> type(wxEVT_FLAGGED_ROW_COUNT_CHANGED);
   const auto record = [&ids](wxCommandEvent& event) { ids.push_back(event.GetId()); };
-  wxTheApp->Bind(type, record);
+  app->Bind(type, record);
   table.SetRowFlag(0, true);
   table.SetRowFlag(-1, true);
   table.ToggleRowFlag(99);
   EXPECT_TRUE(ids.empty());
-  wxTheApp->ProcessPendingEvents();
-  wxTheApp->Unbind(type, record);
+  app->ProcessPendingEvents();
+  app->Unbind(type, record);
   EXPECT_EQ(ids, std::vector<int>({-1, -1, -1}));
 }
 
