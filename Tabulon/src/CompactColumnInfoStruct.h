@@ -1,0 +1,12 @@
+#ifndef TABULON_SRC_COMPACTCOLUMNINFOSTRUCT_H
+#define TABULON_SRC_COMPACTCOLUMNINFOSTRUCT_H
+
+#include <wx/string.h>
+
+// What a list of columns for the user needs of one column.
+struct CompactColumnInfoStruct {
+  wxString m_columnName;
+  bool m_hidden = false;  // for whichever reason the column is not displayed
+};
+
+#endif

@@ -1,0 +1,40 @@
+// Reads one column's cells, row after row, without a copy.
+#ifndef TABULON_SRC_MUCOLUMNREADER_H
+#define TABULON_SRC_MUCOLUMNREADER_H
+
+#include <wx/string.h>
+
+#include <cstddef>
+
+#include "Tabulon/src/MUCellText.h"
+#include "Tabulon/src/MUDataFileBlock.h"
+#include "Tabulon/src/MUSingleRowDataPlusRowProperties.h"
+
+// Looks the column up once per file instead of once per row; rows of one file follow each other nearly
+// always. A hidden cell is read like any other. For the time of one walk over rows: none of them may be
+// deleted while the reader is in use.
+class MUColumnReader {
+ public:
+  explicit MUColumnReader(const wxString& name) : m_name(name) {}
+
+  // Empty if the row has no such cell. Valid until the next call, for as long as the row lives.
+  MUCellText TextOf(const MUSingleRowDataPlusRowProperties& row);
+
+  // The row's place of the cell in its file's block, if the row is nothing but a view of that block and
+  // the cell is not a hidden one; else false, and only the row's maps can tell.
+  bool FindPosition(const MUSingleRowDataPlusRowProperties& row, std::size_t& position);
+
+  // A view of a text, which must outlive it.
+  static MUCellText ViewOf(const wxString& text) { return {text.wc_str(), text.length()}; }
+
+ private:
+  void LookUpIn(const MUDataFileBlock& block);
+
+  const wxString m_name;
+  const MUDataFileBlock* m_block = nullptr;
+  std::size_t m_position = MUDataFileBlock::NOT_FOUND;
+  const wxString* m_hiddenText = nullptr;
+  wxString m_textFromMap;
+};
+
+#endif

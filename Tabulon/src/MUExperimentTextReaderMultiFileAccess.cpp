@@ -1,0 +1,149 @@
+// The lists of row keys and plain access by row and column.
+#include <algorithm>
+
+#include "Tabulon/src/MUColumnNamePlusProperties.h"
+#include "Tabulon/src/MUColumnReader.h"
+#include "Tabulon/src/MUExperimentTextReaderMultiFile.h"
+#include "Tabulon/src/MUSingleRowDataPlusRowProperties.h"
+
+namespace {
+
+// A negative index wraps to a number that is past every end.
+std::size_t Place(int index) { return static_cast<std::size_t>(index); }
+
+}  // namespace
+
+void MUExperimentTextReaderMultiFile::ResetKeysIntoCurrentRowsAll() {
+  ForgetRowOrder();
+  for (const auto& [key, row] : m_rows) {
+    row->m_indexAmongAllRows = m_allRowKeys.size();
+    m_allRowKeys.push_back(key);
+    if ((row->m_rowPropertyFlags & MU_INACTIVE_MASK) != 0) continue;
+    row->m_indexAmongActiveRows = m_activeRowKeys.size();
+    m_activeRowKeys.push_back(key);
+    if ((row->m_rowPropertyFlags & MU_NOT_FULLY_SHOWN_MASK) != 0) continue;
+    row->m_indexAmongShownRows = m_currentShownRowKeys->size();
+    m_currentShownRowKeys->push_back(key);
+  }
+}
+
+void MUExperimentTextReaderMultiFile::EraseAllCachedStatefulOptimizedStoredData() {
+  EraseCachesOfQueries();
+  m_shownRowCount = 0;
+  m_shownColumnCount = 0;
+  m_currentColumnNames->clear();
+  m_cellPositions.Clear();
+  m_columnHasText.clear();
+  m_emptySearchColumn = 0;
+  m_emptySearchRow = 0;
+  m_emptySearchFinished = false;
+  if (SortColumnHasAnActiveFile()) {
+    ResetKeysUsingSortSettings();
+  } else {
+    ResetKeysIntoCurrentRowsAll();
+  }
+}
+
+void MUExperimentTextReaderMultiFile::ForgetRowOrder() {
+  m_currentShownRowKeys->clear();
+  m_allRowKeys.clear();
+  m_activeRowKeys.clear();
+}
+
+bool MUExperimentTextReaderMultiFile::SortColumnHasAnActiveFile() const {
+  if (m_sortColumnName.empty()) return false;
+  const MUColumnNamePlusProperties* column = FindColumn(m_sortColumnName);
+  if (column == nullptr) return false;
+  return std::any_of(column->m_fileStatuses.begin(), column->m_fileStatuses.end(),
+                     [this](const FileStatusStruct& status) {
+                       const auto file = m_files.find(status.m_fullFileName);
+                       return file != m_files.end() && file->second;
+                     });
+}
+
+int MUExperimentTextReaderMultiFile::GetNumberOfDataRows() const {
+  return static_cast<int>(m_shownRowCount);
+}
+
+int MUExperimentTextReaderMultiFile::GetNumberOfDataColumns() const {
+  return static_cast<int>(m_shownColumnCount);
+}
+
+wxString MUExperimentTextReaderMultiFile::GetDataCellValue(int row, int column) const {
+  return GetDataCellText(row, column).ToString();
+}
+
+MUCellText MUExperimentTextReaderMultiFile::GetDataCellText(int row, int column) const {
+  const std::vector<wxString>& names = *m_currentColumnNames;
+  const std::size_t place = Place(column);
+  const MUSingleRowDataPlusRowProperties* found = nullptr;
+  // A sort between two notifications may have left fewer keys than the frozen count says.
+  if (Place(row) < m_shownRowCount && place < m_shownColumnCount && place < names.size()) {
+    found = FindShownRow(row);
+  }
+  if (found == nullptr) return MUColumnReader::ViewOf(CELL_STRING_VALUE_WHEN_CELL_IS_UNDEFINED);
+
+  if (found->Block() != nullptr && !found->HasOverlay()) {
+    const std::vector<std::size_t>& positions = m_cellPositions.In(*found->Block(), names);
+    if (place < positions.size() && positions[place] != MUCellPositions::HIDDEN) {
+      return found->CellAt(positions[place]);
+    }
+  }
+  const auto cell = found->m_cells.find(names[place]);
+  return cell == found->m_cells.end() ? MUCellText() : MUColumnReader::ViewOf(cell->second);
+}
+
+wxString MUExperimentTextReaderMultiFile::GetColumnNameText(int column) const {
+  if (Place(column) < m_shownColumnCount && Place(column) < m_currentColumnNames->size()) {
+    return (*m_currentColumnNames)[Place(column)];
+  }
+  return CELL_STRING_VALUE_WHEN_CELL_IS_UNDEFINED;
+}
+
+int MUExperimentTextReaderMultiFile::GetColumnPositionNumberFromText(const wxString& name) const {
+  const auto found = std::find(m_currentColumnNames->begin(), m_currentColumnNames->end(), name);
+  return found == m_currentColumnNames->end()
+             ? -1
+             : static_cast<int>(std::distance(m_currentColumnNames->begin(), found));
+}
+
+std::vector<wxString>* MUExperimentTextReaderMultiFile::GetNamesOfAllCurrentlyDisplayedColumns() {
+  return m_currentColumnNames;
+}
+
+MUSingleRowDataPlusRowProperties* MUExperimentTextReaderMultiFile::GetRowByRowIndexAndVisibilityFilter(
+    unsigned long index, TARGETED_ROW_SEARCH_SET set) const {
+  if (set == CALLER_GIVEN_ROWS) return nullptr;
+  const RowKeys* keys = KeysOfSet(set);
+  return keys != nullptr && index < keys->size() ? m_rows.find((*keys)[index]) : nullptr;
+}
+
+// Null for a number that is no set.
+const MUExperimentTextReaderMultiFile::RowKeys* MUExperimentTextReaderMultiFile::KeysOfSet(
+    TARGETED_ROW_SEARCH_SET set) const {
+  switch (set) {
+    case ONLY_FULLY_SHOWN_ROWS:
+      return m_currentShownRowKeys;
+    case ALL_ROWS:
+      return &m_allRowKeys;
+    case CALLER_GIVEN_ROWS:
+      return &m_givenRowKeys;
+    case ACTIVE_SHOWN_AND_ACTIVE_SEMIHIDDEN:
+      return &m_activeRowKeys;
+  }
+  return nullptr;
+}
+
+// The first column of exactly that name, also a hidden one; null if there is none.
+MUColumnNamePlusProperties* MUExperimentTextReaderMultiFile::FindColumn(const wxString& name) const {
+  for (MUColumnNamePlusProperties* column : m_columns) {
+    if (column->m_columnName == name) return column;
+  }
+  return nullptr;
+}
+
+// Null for an index out of range and for a row that has been deleted.
+MUSingleRowDataPlusRowProperties* MUExperimentTextReaderMultiFile::FindShownRow(int shownRow) const {
+  const std::size_t place = Place(shownRow);
+  return place < m_currentShownRowKeys->size() ? m_rows.find((*m_currentShownRowKeys)[place]) : nullptr;
+}

@@ -1,0 +1,243 @@
+// What is seen: hiding, suppression by file, empty columns, red flags, the place of a column, deletion.
+#include <wx/app.h>
+#include <wx/translation.h>
+
+#include <algorithm>
+#include <unordered_set>
+
+#include "Tabulon/src/MUColumnNamePlusProperties.h"
+#include "Tabulon/src/MUColumnReader.h"
+#include "Tabulon/src/MUExperimentTextReaderMultiFile.h"
+#include "Tabulon/src/MUFileFlags.h"
+#include "Tabulon/src/MUInterfaceExperimentDataFileInputReader.h"
+#include "Tabulon/src/MUSingleRowDataPlusRowProperties.h"
+#include "Tabulon/src/MUTableEvents.h"
+
+namespace {
+
+constexpr unsigned CELLS_PER_SLICE = 2000;
+// Guards against a search that does not get on; never reached.
+constexpr unsigned long COLUMN_STEPS_PER_SLICE = 99999999;
+
+bool IsWhitespaceOnly(const MUCellText& text) {
+  // wxString::Trim decides what counts as a blank: its rule leaves out most of what lies beyond ASCII.
+  if (text.IsEmpty()) return true;
+  for (std::size_t i = 0; i < text.Length(); ++i) {
+    if (text[i] > 32 && text[i] < 127) return false;
+  }
+  return text.ToString().Trim(false).empty();
+}
+
+wxString LeftTrimmed(const wxString& text) {
+  wxString trimmed(text);
+  return trimmed.Trim(false);
+}
+
+// The length of what both begin with, minus 1.
+template <typename LIST>
+int LastEqualPlace(const LIST& current, const LIST& previous) {
+  const auto shorter =
+      static_cast<typename LIST::difference_type>(std::min(current.size(), previous.size()));
+  const auto end = current.begin() + shorter;
+  const auto firstDifference = std::mismatch(current.begin(), end, previous.begin()).first;
+  return static_cast<int>(firstDifference - current.begin()) - 1;
+}
+
+// Calls action(row, full name of its file) for every row, making one text per file and not per row.
+template <typename ROWS, typename ACTION>
+void ForEachRowWithItsFile(const ROWS& rows, ACTION action) {
+  MUColumnReader files(MUInterfaceExperimentDataFileInputReader::STRING_FOR_FILENAME_SECRET_COL);
+  wxString fullName;
+  for (const auto& entry : rows) {
+    const MUCellText text = files.TextOf(*entry.second);
+    if (!text.Equals(fullName)) fullName = text.ToString();
+    action(*entry.second, fullName);
+  }
+}
+
+}  // namespace
+
+void MUExperimentTextReaderMultiFile::HideOneSingleRowPerArbitraryUserRequest(unsigned long shownRow) {
+  if (shownRow < m_currentShownRowKeys->size()) {
+    MUSingleRowDataPlusRowProperties* row = m_rows.find((*m_currentShownRowKeys)[shownRow]);
+    if (row != nullptr) row->m_rowPropertyFlags |= MU_ROW_FLAG_HIDDEN_BY_USER;
+  }
+  NotifyMyObservers();
+}
+
+void MUExperimentTextReaderMultiFile::RemoveUserDesignatedRowHiddennessBasedOnCurrentlyActiveFiles() {
+  ForEachRowWithItsFile(m_rows, [this](MUSingleRowDataPlusRowProperties& row, const wxString& fullName) {
+    if ((row.m_rowPropertyFlags & MU_ROW_FLAG_HIDDEN_BY_USER) == 0) return;
+    const auto file = m_files.find(fullName);
+    if (file != m_files.end() && file->second) row.m_rowPropertyFlags &= ~MU_ROW_FLAG_HIDDEN_BY_USER;
+  });
+  NotifyMyObservers();
+}
+
+void MUExperimentTextReaderMultiFile::HideOneSingleColumnPerArbitraryUserRequest(const wxString& name) {
+  MUColumnNamePlusProperties* column = FindColumn(name);
+  if (column == nullptr) return;
+  column->m_columnPropertyFlags |= MU_COL_FLAG_HIDDEN_BY_USER;
+  NotifyMyObservers();
+}
+
+void MUExperimentTextReaderMultiFile::UnhideOneSingleColumnPerArbitraryUserRequest(const wxString& name) {
+  MUColumnNamePlusProperties* column = FindColumn(name);
+  if (column == nullptr) return;
+  column->m_columnPropertyFlags &= ~MU_COL_FLAG_HIDDEN_BY_USER;
+  NotifyMyObservers();
+}
+
+void MUExperimentTextReaderMultiFile::SimultaneousColumnsSuppressAndUnsuppress(
+    const std::deque<DichotomousFileRequest>& requests) {
+  for (MUColumnNamePlusProperties* column : m_columns) {
+    HideOrShowBasedOnMultipleFileRequests(*column, requests);
+  }
+}
+
+void MUExperimentTextReaderMultiFile::SimultaneousRowsSuppressAndUnsuppress(
+    const std::deque<DichotomousFileRequest>& requests) {
+  ForEachRowWithItsFile(m_rows, [&](MUSingleRowDataPlusRowProperties& row, const wxString& fullName) {
+    row.m_rowPropertyFlags =
+        ApplyEnMasseShowOrHideUsingDichotomousFileRequest(row.m_rowPropertyFlags, fullName, requests);
+  });
+}
+
+void MUExperimentTextReaderMultiFile::SuppressColumnsBasedOnMultipleFileNames(
+    const std::deque<wxString>& fullNames) {
+  for (MUColumnNamePlusProperties* column : m_columns) SuppressColumnForFiles(*column, fullNames);
+}
+
+void MUExperimentTextReaderMultiFile::HideEmptyColumnsBasedOnCurrentlyShownRows() {
+  static const wxString identifier(
+      wxT("MUExperimentTextReaderMultiFile::HideEmptyColumnsBasedOnCurrentlyShownRows"));
+  static const wxString startText = wxGetTranslation(wxT("Hiding empty columns..."));
+  SendStartMessageToStatusBar(identifier, startText, 1);
+
+  int hidden = 0;
+  if (m_shownRowCount > 0 && m_shownColumnCount > 0) {
+    const std::size_t count = std::min(m_columnHasText.size(), m_currentColumnNames->size());
+    for (std::size_t i = 0; i < count; ++i) {
+      const wxString& name = (*m_currentColumnNames)[i];
+      if (m_columnHasText[i] == TRI_STATE_UNKNOWN) {
+        std::vector<wxString> values;
+        SelectDistinctPerColumn(name, values, ONLY_FULLY_SHOWN_ROWS, true);
+        const bool empty = values.size() == 1 && values.front().empty();
+        m_columnHasText[i] = empty ? TRI_STATE_FALSE : TRI_STATE_TRUE;
+      }
+      if (m_columnHasText[i] == TRI_STATE_FALSE) {
+        HideOneSingleColumnPerArbitraryUserRequest(name);
+        ++hidden;
+      }
+    }
+  }
+  m_emptySearchFinished = true;
+  SendFinishMessageToStatusBar(identifier,
+                               wxString::Format(wxGetTranslation(wxT("%d columns hidden.")), hidden));
+}
+
+void MUExperimentTextReaderMultiFile::PerformOneTimesliceOfEmptyColumnSearch() {
+  if (m_emptySearchFinished) return;
+  unsigned examined = 0;
+  const RowKeys& keys = *m_currentShownRowKeys;
+  for (unsigned long steps = 0; steps < COLUMN_STEPS_PER_SLICE && examined < CELLS_PER_SLICE; ++steps) {
+    if (m_emptySearchColumn >= m_currentColumnNames->size() ||
+        m_emptySearchColumn >= m_columnHasText.size()) {
+      m_emptySearchFinished = true;
+      return;
+    }
+    MUColumnReader cells((*m_currentColumnNames)[m_emptySearchColumn]);
+    bool textFound = false;
+    while (!textFound && m_emptySearchRow < keys.size() && examined < CELLS_PER_SLICE) {
+      const MUSingleRowDataPlusRowProperties* row = m_rows.find(keys[m_emptySearchRow]);
+      ++m_emptySearchRow;
+      if (row == nullptr) continue;
+      ++examined;
+      const MUCellText text = cells.TextOf(*row);
+      textFound = TRIM_WHITESPACE_DURING_EMPTYSEARCH ? !IsWhitespaceOnly(text) : !text.IsEmpty();
+    }
+    // A column that the budget cut short stays as it was and is taken up again at its next row.
+    if (!textFound && m_emptySearchRow < keys.size()) return;
+    m_columnHasText[m_emptySearchColumn] = textFound ? TRI_STATE_TRUE : TRI_STATE_FALSE;
+    m_emptySearchRow = 0;
+    ++m_emptySearchColumn;
+  }
+}
+
+bool MUExperimentTextReaderMultiFile::GetRowFlagStatus(int shownRow) const {
+  const MUSingleRowDataPlusRowProperties* row = FindShownRow(shownRow);
+  return row != nullptr && (row->m_rowPropertyFlags & MU_ROW_FLAG_RED_FLAG) != 0;
+}
+
+void MUExperimentTextReaderMultiFile::SetRowFlag(int shownRow, bool value) {
+  ClearRowRedFlagCacheMemory();
+  if (MUSingleRowDataPlusRowProperties* row = FindShownRow(shownRow)) {
+    if (value) {
+      row->m_rowPropertyFlags |= MU_ROW_FLAG_RED_FLAG;
+    } else {
+      row->m_rowPropertyFlags &= ~MU_ROW_FLAG_RED_FLAG;
+    }
+  }
+  if (wxTheApp != nullptr) wxTheApp->AddPendingEvent(wxCommandEvent(wxEVT_FLAGGED_ROW_COUNT_CHANGED, -1));
+}
+
+void MUExperimentTextReaderMultiFile::ToggleRowFlag(int shownRow) {
+  SetRowFlag(shownRow, !GetRowFlagStatus(shownRow));
+}
+
+void MUExperimentTextReaderMultiFile::ClearRowRedFlagCacheMemory() {
+  for (const MUCachingKeySelectedData& key : m_redFlagDependentKeys) m_cacheRowIndicesByFlags.erase(key);
+  m_redFlagDependentKeys.clear();
+}
+
+void MUExperimentTextReaderMultiFile::MoveColumnPosition(const wxString& moved,
+                                                         const wxString& beforeWhich, bool trim) {
+  // Only the left side is trimmed: what the user sees indented is found, a blank at the end counts.
+  const auto find = [&](const wxString& wanted) {
+    const wxString trimmed = LeftTrimmed(wanted);
+    return std::find_if(m_columns.begin(), m_columns.end(), [&](const MUColumnNamePlusProperties* column) {
+      return trim ? LeftTrimmed(column->m_columnName) == trimmed : column->m_columnName == wanted;
+    });
+  };
+  const auto place = find(moved);
+  if (place == m_columns.end()) return;
+  MUColumnNamePlusProperties* column = *place;
+  m_columns.erase(place);
+  m_columns.insert(find(beforeWhich), column);
+  NotifyMyObservers();
+}
+
+void MUExperimentTextReaderMultiFile::GetOuterLimitsOfPreservedRange(int* row, int* column) const {
+  *row = m_shownRowCount == 0 ? -1 : LastEqualPlace(*m_currentShownRowKeys, *m_previousShownRowKeys);
+  *column = m_shownColumnCount == 0 ? -1 : LastEqualPlace(*m_currentColumnNames, *m_previousColumnNames);
+}
+
+bool MUExperimentTextReaderMultiFile::DeleteAllRows_WhereField_Y_Matches_Z(const wxString& fieldY,
+                                                                           const wxString& valueZ) {
+  m_scratchFileNames.assign(1, valueZ);
+  return DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(fieldY, m_scratchFileNames, true);
+}
+
+bool MUExperimentTextReaderMultiFile::DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(
+    const wxString& fieldY, const std::deque<wxString>& valuesZ, bool notify) {
+  const std::unordered_set<wxString, wxStringHash> values(valuesZ.begin(), valuesZ.end());
+  // The rows of one file often have the same text in one column, its name above all.
+  wxString lastText;
+  bool lastMatches = values.count(lastText) != 0;
+  std::vector<MUSingleRowDataPlusRowProperties*> doomed;
+  MUColumnReader cells(fieldY);
+  for (const auto& entry : m_rows) {
+    const MUCellText text = cells.TextOf(*entry.second);
+    if (!text.Equals(lastText)) {
+      lastText = text.ToString();
+      lastMatches = values.count(lastText) != 0;
+    }
+    if (!lastMatches) continue;
+    m_rows.erase(entry.first);
+    doomed.push_back(entry.second);
+  }
+  // Not before the end of the walk: the reader of the column looks at the last row's file.
+  for (const MUSingleRowDataPlusRowProperties* row : doomed) delete row;
+  if (notify) NotifyMyObservers();
+  return true;
+}

@@ -1,0 +1,22 @@
+#include "Tabulon/src/MUInterfaceMultiExperimentDataSource.h"
+
+#include <wx/translation.h>
+
+namespace {
+
+// Three characters and no terminator: the length goes with it wherever it is used.
+const wxChar RARE_CHARS[3] = {wxT('\x07'), wxT('\x07'), wxT('\x07')};
+
+}  // namespace
+
+// The later ones are built from the array, not from the first text, so that none depends on another.
+const wxString MUInterfaceMultiExperimentDataSource::REALLY_RARE_CHARS_TO_USE_FOR_UNIQUENESS(
+    RARE_CHARS, WXSIZEOF(RARE_CHARS));
+const wxString MUInterfaceMultiExperimentDataSource::DELIMITER_FOR_USE_IN_CONCATENATION(
+    RARE_CHARS, WXSIZEOF(RARE_CHARS));
+const wxString MUInterfaceMultiExperimentDataSource::SPECIAL_CODE_TO_REQUEST_MATCH_ALL_ROWS(
+    wxT("********************"));
+const wxString MUInterfaceMultiExperimentDataSource::SPECIAL_CODE_FOR_COL_INSERTION_AT_END =
+    wxString(RARE_CHARS, WXSIZEOF(RARE_CHARS)) + wxT("ENDEND");
+const wxString MUInterfaceMultiExperimentDataSource::CELL_STRING_VALUE_WHEN_CELL_IS_UNDEFINED =
+    wxGetTranslation(wxT("?"));

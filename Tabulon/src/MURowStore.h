@@ -1,0 +1,73 @@
+// Rows by row key, for a table that gives its keys out from a counter.
+#ifndef TABULON_SRC_MUROWSTORE_H
+#define TABULON_SRC_MUROWSTORE_H
+
+#include <array>
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+struct MUSingleRowDataPlusRowProperties;
+
+// Answers like a map from key to row, in constant time: keys are dense and ascending, so they lead
+// straight to a place in a page of fixed size. A page whose rows are all erased is freed, so that a table
+// whose files come and go does not grow. Rows are not owned.
+class MURowStore {
+ public:
+  using Row = MUSingleRowDataPlusRowProperties;
+
+  struct Entry {
+    unsigned long first;
+    Row* second;
+  };
+
+  // Goes through the rows in key order. Erasing any row leaves it valid, inserting does not.
+  class const_iterator {
+   public:
+    const_iterator(const MURowStore* store, std::size_t place) : m_store(store), m_place(place) {}
+    Entry operator*() const { return {m_place, m_store->find(m_place)}; }
+    const_iterator& operator++() {
+      m_place = m_store->FirstUsedPlaceFrom(m_place + 1);
+      return *this;
+    }
+    bool operator!=(const const_iterator& other) const { return m_place != other.m_place; }
+    bool operator==(const const_iterator& other) const { return m_place == other.m_place; }
+
+   private:
+    const MURowStore* m_store;
+    std::size_t m_place;
+  };
+
+  std::size_t size() const { return m_size; }
+  bool empty() const { return m_size == 0; }
+  const_iterator begin() const { return {this, FirstUsedPlaceFrom(0)}; }
+  const_iterator end() const { return {this, PlaceCount()}; }
+
+  // Null if no row has the key.
+  Row* find(unsigned long key) const {
+    if (key >= PlaceCount()) return nullptr;
+    const Page* page = m_pages[key / PAGE_SIZE].get();
+    return page == nullptr ? nullptr : page->rows[key % PAGE_SIZE];
+  }
+  // row must not be null. False, with nothing changed, if the key is taken.
+  bool insert(unsigned long key, Row* row);
+  // Whether there was such a row.
+  bool erase(unsigned long key);
+  void clear();
+
+ private:
+  static constexpr std::size_t PAGE_SIZE = 512;
+  struct Page {
+    std::array<Row*, PAGE_SIZE> rows{};
+    std::size_t used = 0;
+  };
+
+  std::size_t PlaceCount() const { return m_pages.size() * PAGE_SIZE; }
+  // The number of places if there is none.
+  std::size_t FirstUsedPlaceFrom(std::size_t place) const;
+
+  std::vector<std::unique_ptr<Page>> m_pages;
+  std::size_t m_size = 0;
+};
+
+#endif

@@ -1,0 +1,92 @@
+#include "tests/Tabulon/TableTestSupport.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <regex>
+
+namespace Tests {
+
+TemporaryFolder::TemporaryFolder() {
+  std::string pattern = (std::filesystem::temp_directory_path() / "table-XXXXXX").string();
+  if (mkdtemp(pattern.data()) == nullptr) ADD_FAILURE() << "no temporary folder";
+  m_folder = pattern;
+}
+
+TemporaryFolder::~TemporaryFolder() {
+  std::error_code ignored;
+  std::filesystem::remove_all(m_folder, ignored);
+}
+
+wxString TemporaryFolder::PathOf(const std::string& name) const {
+  return wxString::FromUTF8(m_folder + "/" + name);
+}
+
+wxString TemporaryFolder::Write(const std::string& name, const std::string& bytes) const {
+  std::ofstream file(m_folder + "/" + name, std::ios::binary);
+  file << bytes;
+  if (!file) ADD_FAILURE() << "cannot write " << name;
+  return PathOf(name);
+}
+
+wxString TemporaryFolder::WriteData(const std::string& name, const std::vector<std::string>& columns,
+                                    const Cells& rows) const {
+  return Write(name, DataText(columns, rows));
+}
+
+std::string DataText(const std::vector<std::string>& columns, const Cells& rows) {
+  std::string text = "Ann\nSome experiment\n2024-01-02 03:04:05\n\n";
+  std::string second;
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    const std::size_t split = columns[i].find('\n');
+    if (i > 0) {
+      text += '\t';
+      second += '\t';
+    }
+    text += columns[i].substr(0, split);
+    if (split != std::string::npos) second += columns[i].substr(split + 1);
+  }
+  text += '\n' + second + '\n';
+  for (const auto& row : rows) {
+    for (std::size_t i = 0; i < row.size(); ++i) text += (i > 0 ? "\t" : "") + row[i];
+    text += '\n';
+  }
+  return text;
+}
+
+bool ProbeTable::Load(const wxString& path) {
+  return AddExperimentOcurrence_SimulateIdleLoop_UsedWhenNoTabulonWindowIsShown(wxFileName(path), false,
+                                                                                nullptr);
+}
+
+std::vector<std::string> ProbeTable::Column(const wxString& name) const {
+  std::vector<std::string> texts;
+  const int column = GetColumnPositionNumberFromText(name);
+  for (int row = 0; row < GetNumberOfDataRows(); ++row) texts.push_back(Cell(row, column));
+  return texts;
+}
+
+std::string ProbeTable::Cell(int row, int column) const { return Utf8(GetDataCellValue(row, column)); }
+
+long RecordingStatusPrinter::PrintStatusText(const wxString& text, int slot, long replacedMessageId) {
+  const std::string words =
+      std::regex_replace(Utf8(text), std::regex(" [0-9]+ milliseconds\\."), " N milliseconds.");
+  lines.push_back(words + " @" + std::to_string(slot) + " ^" + std::to_string(replacedMessageId));
+  return nextId++;
+}
+
+std::string Utf8(const wxString& text) { return text.ToStdString(wxConvUTF8); }
+
+std::vector<std::string> Utf8(const std::vector<wxString>& texts) {
+  std::vector<std::string> result;
+  for (const wxString& text : texts) result.push_back(Utf8(text));
+  return result;
+}
+
+std::vector<std::string> Utf8(const std::deque<wxString>& texts) {
+  return Utf8(std::vector<wxString>(texts.begin(), texts.end()));
+}
+
+}  // namespace Tests
