@@ -201,7 +201,7 @@ TEST(Parity, ThePageOnTheVerifiersHasTheRowsOfTheManifest) {
 TEST(Parity, ThePageOnTheVerifiersIsAsTheScriptMakesIt) {
   const ScratchFolder folder;
   const std::string made = folder / "verifiers.md";
-  const Finished run = Tests::Run({OMBRELIA_CMAKE_COMMAND, "-D", "OUTPUT=" + made, "-P",
+  const Finished run = RunProgram({OMBRELIA_CMAKE_COMMAND, "-D", "OUTPUT=" + made, "-P",
                                    ROOT + "/scripts/make-verifier-table"});
   ASSERT_EQ(run.status, 0) << run.err;
   EXPECT_EQ(ReadFile(ROOT + "/docs/verifiers.md"), ReadFile(made))

@@ -56,7 +56,7 @@ TEST(TestBooleanExpressionOperatorPrecedence, FailsOnAFeedbackTooManyByTheLength
 
 TEST(TestBooleanExpressionOperatorPrecedence, FailsOnAFeedbackUnderTheWrongTrial) {
   EXPECT_EQ(DataFile::Sample(EXPERIMENT).SwapRows(44, 45).Failures(),
-            Lines{ContentFailure(44, "event (27, aa)")});
+            Lines{ContentFailure(44, "feedback event (26, T19)")});
 }
 
 TEST(TestBooleanExpressionOperatorPrecedence, FailsWithoutItsColumn) {
