@@ -36,8 +36,6 @@ class MUDataFileBlockBuilder {
  private:
   template <typename Char>
   bool AppendRowTo(std::vector<Char>& text, const Char* begin, const Char* end);
-  template <typename Char>
-  bool AppendCellsAsTheyAre(std::vector<Char>& text, const Char* begin, const Char* end);
   void EndPlainRow(std::size_t textStart, std::size_t textEnd);
   void EndRow(std::size_t textStart);
 

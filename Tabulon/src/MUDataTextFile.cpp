@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "Tabulon/src/MUCellSplitting.h"
 #include "Tabulon/src/MUDataFileBlockBuilder.h"
 
 namespace {
@@ -58,9 +59,9 @@ bool MUDataTextFile::TakeLinesOfBase() {
   for (std::size_t i = headerCount; i < lineCount; ++i) {
     const auto wide = GetLine(i).wc_str();
     const wchar_t* begin = wide;
-    characters += GetLine(i).length();
-    cells += 1 + static_cast<std::size_t>(
-                     std::count(begin, begin + GetLine(i).length(), wxT('\t')));
+    const MUVisibleMeasure measure = MUMeasureVisibly(begin, begin + GetLine(i).length());
+    characters += measure.characters;
+    cells += measure.tabs + 1;
   }
   MUDataFileBlockBuilder builder(MUDataFileBlockBuilder::Width::WIDE);
   builder.Reserve(characters, lineCount - headerCount, cells);
