@@ -1,0 +1,46 @@
+// Ten thousand to ten million rows: what a row costs to load and to sort. Each round is a fresh process.
+// Two hundred files stand behind the names of as many as are needed.
+#include <unistd.h>
+
+#include <cstdint>
+#include <string>
+
+#include "benchmarks/ChildBenchmark.h"
+#include "benchmarks/DataFileMaker.h"
+#include "benchmarks/ScratchFolder.h"
+
+namespace {
+
+using namespace Bench;
+
+// The largest table takes some gigabytes.
+constexpr std::uint64_t MEMORY_FOR_ALL = 8ull << 30;
+
+const ScratchFolder scratch;
+
+std::uint64_t BytesOfMemory() {
+  return static_cast<std::uint64_t>(sysconf(_SC_PHYS_PAGES)) *
+         static_cast<std::uint64_t>(sysconf(_SC_PAGESIZE));
+}
+
+const bool registered = [] {
+  const auto files = WriteDataFiles(scratch.Path(), MANY_FILES, MANY_FILES_SIZE);
+  const std::size_t rowsPerFile = RowsIn(MakeDataFile(MANY_FILES_SIZE, 1));
+  std::size_t names = files.size();
+  std::size_t rows = 10000;
+  for (const char* const size : {"1e4", "1e5", "1e6", "1e7"}) {
+    if (rows > 1000000 && BytesOfMemory() < MEMORY_FOR_ALL) break;
+    const std::size_t count = (rows + rowsPerFile - 1) / rowsPerFile;
+    for (; names < count; ++names) {
+      std::filesystem::create_hard_link(files[names % files.size()],
+                                        scratch.Path() / ("more" + std::to_string(100000 + names)));
+    }
+    RegisterChild(std::string("grow/") + size,
+                  {ProgramBeside("bench-work"), "grow", scratch.Path().string(), std::to_string(count)},
+                  "load_seconds");
+    rows *= 10;
+  }
+  return true;
+}();
+
+}  // namespace
