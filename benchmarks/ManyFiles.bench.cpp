@@ -23,7 +23,7 @@ const bool registered = [] {
     RegisterChild("load-duckdb", {ProgramBeside("bench-work"), "load-duckdb", folder}, "seconds");
   }
   if (const char* const script = std::getenv("OMBRELIA_PANDAS_SCRIPT")) {
-    RegisterChild("load-pandas", {"python3", script, folder}, "seconds");
+    RegisterChild("load-pandas", {"/usr/bin/python3", script, folder}, "seconds");
   }
   return true;
 }();

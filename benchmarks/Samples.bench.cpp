@@ -20,7 +20,7 @@ const bool registered = [] {
                 {ProgramBeside("verify-datafiles"), "--progress", "never", "--work-dir", work.string(),
                  OMBRELIA_SOURCE_DIR "/samples/datafiles"});
   if (const char* const file = std::getenv("OMBRELIA_PYTEST_FILE")) {
-    RegisterChild("samples/pytest", {"python3", "-m", "pytest", "-q",
+    RegisterChild("samples/pytest", {"/usr/bin/python3", "-m", "pytest", "-q",
                                      "--junitxml=" + (scratch.Path() / "pytest.xml").string(), file});
   }
   return true;

@@ -60,7 +60,7 @@ const char* DuckDb::Library() { return std::getenv("OMBRELIA_DUCKDB_LIBRARY"); }
 
 DuckDb::DuckDb() : m_functions(std::make_unique<Functions>()) {
   void* const library = Library() == nullptr ? nullptr : dlopen(Library(), RTLD_NOW | RTLD_LOCAL);
-  if (library == nullptr) Fail("the library does not load");
+  if (library == nullptr) Fail(Library() == nullptr ? "no library is named" : dlerror());
   Find(library, "duckdb_open", m_functions->open);
   Find(library, "duckdb_connect", m_functions->connect);
   Find(library, "duckdb_disconnect", m_functions->disconnect);
