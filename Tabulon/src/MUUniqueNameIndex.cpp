@@ -6,8 +6,8 @@ namespace {
 
 // A name is its stem and the number of signs at its end.
 std::pair<wxString, std::size_t> SplitOffSigns(const wxString& name) {
-  std::size_t stemLength = name.length();
-  while (stemLength > 0 && name[stemLength - 1] == wxT('#')) --stemLength;
+  // npos plus 1 is 0: a name of signs alone has an empty stem.
+  const std::size_t stemLength = name.find_last_not_of(wxT('#')) + 1;
   return {name.Left(stemLength), name.length() - stemLength};
 }
 

@@ -18,6 +18,10 @@ using Tests::TemporaryFolder;
 using Tests::Utf8;
 using Texts = std::vector<std::string>;
 
+void DeliverEvents() {
+  if (wxTheApp != nullptr) wxTheApp->ProcessPendingEvents();
+}
+
 class TableLoading : public testing::Test {
  protected:
   TemporaryFolder folder;
@@ -295,15 +299,15 @@ TEST_F(TableLoading, TheQueuedEventTellsOfASort) {
   RecordingStatusPrinter printer;
   table.SetLinkToStatusBar(&printer);
   table.Notify();
-  table.ProcessPendingEvents();
+  DeliverEvents();
   EXPECT_EQ(printer.lines, Texts());
   table.SetSortColumn(wxT("A"), false);
   EXPECT_EQ(printer.lines.size(), 1u);
   table.Notify();
   EXPECT_EQ(printer.lines.size(), 1u);
-  table.ProcessPendingEvents();
+  DeliverEvents();
   EXPECT_EQ(printer.lines, Texts(2, "Finished sorting by \"A\". N milliseconds. @7 ^-1"));
-  table.ProcessPendingEvents();
+  DeliverEvents();
   EXPECT_EQ(printer.lines.size(), 2u);
 }
 
@@ -313,7 +317,7 @@ TEST_F(TableLoading, WithoutAPrinterNothingIsPrintedOrPosted) {
   table.Notify();
   RecordingStatusPrinter printer;
   table.SetLinkToStatusBar(&printer);
-  table.ProcessPendingEvents();
+  DeliverEvents();
   EXPECT_EQ(printer.lines, Texts());
 }
 
@@ -362,7 +366,7 @@ TEST_F(TableLoading, EventsThatWaitGoWithTheTable) {
     other.SetSortColumn(wxT("A"), false);
     other.Notify();
   }
-  if (wxTheApp != nullptr) wxTheApp->ProcessPendingEvents();
+  DeliverEvents();
   EXPECT_EQ(printer.lines.size(), 1u);
 }
 

@@ -58,11 +58,18 @@ class FrameCarelessProbe : public IndividualTestCase_T<FrameCarelessProbe, true>
   void RunAllVerificationTests(VerificationNecessities) override {}
 };
 
+class FrameUnregisteredProbe : public IndividualTestCase_T<FrameUnregisteredProbe, false> {
+ public:
+  FrameUnregisteredProbe() : IndividualTestCase_T(wxT("Never_Registered.om5"), true) {}
+  void RunAllVerificationTests(VerificationNecessities) override {}
+};
+
 }  // namespace Ombrelia
 
 OMBRELIA_DEFINE_VERIFIER(FrameProbe, false);
 OMBRELIA_DEFINE_VERIFIER(FrameEmptyProbe, true);
 OMBRELIA_DEFINE_VERIFIER(FrameCarelessProbe, true);
+OMBRELIA_DEFINE_VERIFIER(FrameUnregisteredProbe, false);
 
 namespace Tests {
 namespace {
@@ -177,11 +184,7 @@ TEST(IndividualTestCase, ReportsAVerifierThatForgotItsNotification) {
 }
 
 TEST(IndividualTestCase, DoesNotRegisterWhenTold) {
-  struct Unregistered : Ombrelia::IndividualTestCase_T<Unregistered, false> {
-    Unregistered() : IndividualTestCase_T(wxT("Never_Registered.om5"), true) {}
-    void RunAllVerificationTests(Ombrelia::VerificationNecessities) override {}
-  };
-  const Unregistered verifier;
+  const Ombrelia::FrameUnregisteredProbe verifier;
   EXPECT_EQ(Ombrelia::DataHookOutputTestingPlugin::PrivateImpl::m_static_verifiers().count(
                 wxT("NEVER_REGISTERED.OM5")),
             0U);

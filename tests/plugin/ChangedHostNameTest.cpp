@@ -1,30 +1,19 @@
 // The machine's rules under a host name that was really changed, in a namespace of its own.
 #include <gtest/gtest.h>
 
-#ifdef __linux__
-
-#include <sched.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <cstring>
-
 #include "plugin/HostProbes.h"
+#include "tests/support/Process.h"
 
 namespace {
-
-const int NOT_PERMITTED = 77;
-
-int NewNameSpaceWithHostName(const char* name) {
-  if (unshare(CLONE_NEWUTS) != 0 && unshare(CLONE_NEWUSER | CLONE_NEWUTS) != 0) return NOT_PERMITTED;
-  return sethostname(name, std::strlen(name)) == 0 ? 0 : NOT_PERMITTED;
-}
 
 // The exit status of a process that asks its questions under that name.
 int StatusUnderHostName(const char* name, int (*questions)()) {
   const pid_t child = fork();
   if (child == 0) {
-    const int status = NewNameSpaceWithHostName(name);
+    const int status = Tests::TakeHostName(name);
     _exit(status != 0 ? status : questions());
   }
   int status = 0;
@@ -38,7 +27,7 @@ TEST(ChangedHostName, DecidesWhichMachineThisIs) {
     if (Halvex::CurrSystemMatchesLocalHostName(wxT("om-build-server"))) return 2;
     return 0;
   });
-  if (status == NOT_PERMITTED) GTEST_SKIP() << "no namespace of its own is permitted here";
+  if (status == Tests::NOT_PERMITTED) GTEST_SKIP() << "no namespace of its own is permitted here";
   EXPECT_EQ(status, 0);
 }
 
@@ -48,10 +37,8 @@ TEST(ChangedHostName, MayBeAsLongAsTheSystemAllows) {
         if (!Halvex::CurrSystemMatchesLocalHostName(wxT("OM-BUILD-SERVER"))) return 1;
         return 0;
       });
-  if (status == NOT_PERMITTED) GTEST_SKIP() << "no namespace of its own is permitted here";
+  if (status == Tests::NOT_PERMITTED) GTEST_SKIP() << "no namespace of its own is permitted here";
   EXPECT_EQ(status, 0);
 }
 
 }  // namespace
-
-#endif

@@ -16,7 +16,7 @@ struct Symbol {
 
 std::vector<Symbol> DefinedSymbols() {
   const Tests::Finished nm =
-      Tests::Run({"nm", "--dynamic", "--defined-only", "--format=posix", OMBRELIA_PLUGIN_FILE});
+      Tests::RunProgram({"nm", "--dynamic", "--defined-only", "--format=posix", OMBRELIA_PLUGIN_FILE});
   EXPECT_EQ(nm.status, 0) << nm.err;
   std::vector<Symbol> symbols;
   std::istringstream lines(nm.out);
@@ -48,7 +48,7 @@ TEST(Exports, AreOneFunctionAndTwoData) {
 
 // A unique symbol would pin the library in the process.
 TEST(Exports, HoldNoUniqueSymbol) {
-  const Tests::Finished nm = Tests::Run({"nm", "--format=posix", OMBRELIA_PLUGIN_FILE});
+  const Tests::Finished nm = Tests::RunProgram({"nm", "--format=posix", OMBRELIA_PLUGIN_FILE});
   std::istringstream lines(nm.out);
   int count = 0;
   for (std::string line; std::getline(lines, line); ++count) {
@@ -62,7 +62,7 @@ TEST(Exports, HoldNoUniqueSymbol) {
 }
 
 TEST(Exports, LeaveTheHostsLibraryOutside) {
-  const Tests::Finished readelf = Tests::Run({"readelf", "--dynamic", "--wide", OMBRELIA_PLUGIN_FILE});
+  const Tests::Finished readelf = Tests::RunProgram({"readelf", "--dynamic", "--wide", OMBRELIA_PLUGIN_FILE});
   EXPECT_EQ(readelf.status, 0) << readelf.err;
   EXPECT_NE(readelf.out.find("libOMPlugInCommon.so"), std::string::npos);
 }

@@ -77,7 +77,7 @@ TEST(HostProbes, AnswersTheConstantsOfThisPlatform) {
 Tests::Finished Ask(const char* test, const std::string& variable) {
   Tests::ProcessSetup setup;
   setup.environment = {variable, "OMBRELIA_TEST_ASKED=1"};
-  return Tests::Run({"/proc/self/exe", std::string("--gtest_filter=") + test}, setup);
+  return Tests::RunProgram({"/proc/self/exe", std::string("--gtest_filter=") + test}, setup);
 }
 
 TEST(HostProbesAsked, MarkerExistsAndTheAnswerStays) {

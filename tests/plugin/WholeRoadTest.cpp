@@ -157,6 +157,36 @@ TEST_F(WholeRoadTest, AGoodFileAnUnknownOneAFailingOneAndABrokenOne) {
       "</testsuites>\n");
 }
 
+// The small test machine has a duration bound of its own and no expansion bound.
+TEST_F(WholeRoadTest, OnTheSmallTestMachineItsOwnBoundsCount) {
+  std::string slow = ONE_TRIAL;
+  slow.replace(slow.find("812"), 3, "881");
+  const std::string file = File("2012_3_9_tolmey_2668_macro_exit_experiment.om4 1.txt", slow);
+  Tests::ProcessSetup setup;
+  setup.workingDirectory = m_folder.Path();
+  setup.beforeStart = [] { return Tests::TakeHostName("the-OM-testbox-2"); };
+  const Tests::Finished finished =
+      Tests::RunProgram({std::string(OMBRELIA_BIN_DIR) + "/drive-plugin", OMBRELIA_PLUGIN_FILE, "load",
+                         "process", file, "flush"},
+                        setup);
+  if (finished.status == Tests::NOT_PERMITTED) GTEST_SKIP() << "no host name of its own is permitted here";
+  ASSERT_EQ(finished.status, 0) << finished.err;
+  const std::string report =
+      Tests::ReadFile(m_folder.ReportFolder() + "/" + Tests::ReportName(finished.pid));
+  EXPECT_EQ(
+      Tests::TestCasesOf(report),
+      (std::vector<std::string>{
+          "test001SingleDummyPassingTest",
+          "test002DataHookOutputTestingPlugin_PerformPostProcessing_was_called",
+          "test003VerifyDatafile_was_called_for_2012_3_9_tolmey_2668_macro_exit_experiment.om4",
+          "test004Experiment_exited_after_one_trial_as_expected",
+          "FAIL test005Experiment_duration_2012_3_9_tolmey_2668_macro_exit_experiment.om4",
+          "test006__TIMING__TRACKING__2012_3_9_tolmey_2668_macro_exit_experiment.om4__881_ms",
+          "test007__EXPANSION__TRACKING__2012_3_9_tolmey_2668_macro_exit_experiment.om4__23_ms"}));
+  EXPECT_NE(report.find("Expected a duration between 800 and 880. Instead, we got a duration of 881."),
+            std::string::npos);
+}
+
 TEST_F(WholeRoadTest, ARunWithoutDataFilesHoldsTheOneDummyTest) {
   EXPECT_EQ(ReportOf({}),
             "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"

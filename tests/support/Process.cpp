@@ -2,10 +2,12 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sched.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 
 #include "tests/support/Files.h"
@@ -80,8 +82,18 @@ Finished Process::Wait() {
   return finished;
 }
 
-Finished Run(const std::vector<std::string>& command, const ProcessSetup& setup) {
+Finished RunProgram(const std::vector<std::string>& command, const ProcessSetup& setup) {
   return Process(command, setup).Wait();
+}
+
+int TakeHostName(const char* name) {
+#ifdef __linux__
+  if (unshare(CLONE_NEWUTS) != 0 && unshare(CLONE_NEWUSER | CLONE_NEWUTS) != 0) return NOT_PERMITTED;
+  return sethostname(name, std::strlen(name)) == 0 ? 0 : NOT_PERMITTED;
+#else
+  static_cast<void>(name);
+  return NOT_PERMITTED;
+#endif
 }
 
 Finished DrivePlugin(const std::string& folder, const std::vector<std::string>& steps,
@@ -92,7 +104,7 @@ Finished DrivePlugin(const std::string& folder, const std::vector<std::string>& 
   ProcessSetup setup;
   setup.workingDirectory = folder;
   setup.environment = environment;
-  return Run(command, setup);
+  return RunProgram(command, setup);
 }
 
 }  // namespace Tests

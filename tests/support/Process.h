@@ -42,7 +42,12 @@ class Process {
   std::string m_errFile;
 };
 
-Finished Run(const std::vector<std::string>& command, const ProcessSetup& setup = {});
+Finished RunProgram(const std::vector<std::string>& command, const ProcessSetup& setup = {});
+
+// Gives the calling process a host name of its own, which no other process sees; for beforeStart or
+// after a fork. The exit status NOT_PERMITTED if the system does not allow it, otherwise 0.
+constexpr int NOT_PERMITTED = 77;
+int TakeHostName(const char* name);
 
 // The driver of the built plug-in library, run in folder with steps (see DrivePlugin.cpp).
 Finished DrivePlugin(const std::string& folder, const std::vector<std::string>& steps,

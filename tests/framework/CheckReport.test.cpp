@@ -1,0 +1,34 @@
+#include "framework/CheckReport.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/RecordingPrinter.h"
+
+namespace Tests {
+namespace {
+
+using Lines = std::vector<std::string>;
+using Ombrelia::CheckFailure;
+using Ombrelia::ReportCheck;
+using Ombrelia::ReportFailure;
+
+const CheckFailure FAILURE = {wxT("A subject."), 79, wxT("an_experiment.om5"), wxT("A message.")};
+const char* const FAILED =
+    "FAIL A_check | A subject. | Whichever/File/Focuses/On/Verifying/an_experiment.om5:79 | "
+    "A message.";
+
+TEST(CheckReport, RecordsAPassWithItsNameAlone) {
+  RecordingPrinter printer;
+  ReportCheck(&printer, true, wxT("A_check"), FAILURE);
+  EXPECT_EQ(printer.lines, Lines{"pass A_check"});
+}
+
+TEST(CheckReport, RecordsAFailureWithItsFourTexts) {
+  RecordingPrinter printer;
+  ReportCheck(&printer, false, wxT("A_check"), FAILURE);
+  ReportFailure(&printer, wxT("A_check"), FAILURE);
+  EXPECT_EQ(printer.lines, (Lines{FAILED, FAILED}));
+}
+
+}  // namespace
+}  // namespace Tests

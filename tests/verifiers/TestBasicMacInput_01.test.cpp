@@ -1,0 +1,48 @@
+#include <gtest/gtest.h>
+
+#include "tests/support/DataFile.h"
+
+namespace Tests {
+namespace {
+
+const char* const EXPERIMENT = "mac_input_settings_45_one.om4";
+
+const Lines RECORD_OF_AN_UNREADABLE_FILE = {
+    "suite mac_input_settings_45_one.om4",
+    "pass VerifyDatafile_was_called_for_mac_input_settings_45_one.om4",
+    "pass mac_input_settings_45_one_completed",
+    "pass __TIMING__TRACKING__mac_input_settings_45_one.om4__55555_ms"};
+
+TEST(TestBasicMacInput_01, PassesItsSampleWhichCannotBeRead) {
+  EXPECT_EQ(DataFile::Sample(EXPERIMENT).Verify(), RECORD_OF_AN_UNREADABLE_FILE);
+}
+
+TEST(TestBasicMacInput_01, PassesOnAFileOfNothing) {
+  EXPECT_EQ(VerifyBytes(EXPERIMENT, ""), RECORD_OF_AN_UNREADABLE_FILE);
+}
+
+TEST(TestBasicMacInput_01, TakesAReadableFileLikeAnyOtherVerifier) {
+  const DataFile file = DataFile::Of(
+      EXPERIMENT, {"Event\nName", "Cumulative\nTime", "Expansion Time(ms): 20", "Notes"},
+      {{"event 1", "1234", "", "-"}});
+  EXPECT_EQ(file.Verify(),
+            (Lines{"suite mac_input_settings_45_one.om4",
+                   "pass VerifyDatafile_was_called_for_mac_input_settings_45_one.om4",
+                   "pass mac_input_settings_45_one_completed",
+                   "pass __TIMING__TRACKING__mac_input_settings_45_one.om4__1234_ms",
+                   "pass __EXPANSION__TRACKING__mac_input_settings_45_one.om4__20_ms"}));
+  // The frame's own failures are all that such a file can give.
+  EXPECT_EQ(DataFile::Of(EXPERIMENT, {"Event\nName"}, {{"event 1"}}).Failures(),
+            (Lines{Fail("__TIMING__TRACKING__UNAVAILABLE__mac_input_settings_45_one.om4",
+                        "Please add the Cumulative Time column to the output.", EXPERIMENT, 326,
+                        "We cannot monitor run-time duration without having the Cum Time column "
+                        "available."),
+                   Fail("__EXPANSION__TRACKING__UNAVAILABLE__mac_input_settings_45_one.om4",
+                        "Someting broke, there's no expansion time column.", EXPERIMENT, 352,
+                        "We cannot monitor run-time duration without having the expansion time "
+                        "column available.")}));
+  EXPECT_EQ(DataFile::Sample(EXPERIMENT).Verify(), RECORD_OF_AN_UNREADABLE_FILE);
+}
+
+}  // namespace
+}  // namespace Tests

@@ -1,0 +1,40 @@
+#include "framework/CheckReport.h"
+#include "framework/TestCaseWithFullColumnStringComp_T.h"
+
+namespace Ombrelia {
+
+namespace {
+
+const wxString FOCUS_OF_THIS_TEST = wxT("2014-05-12_save_col_mouse_pixel_NOT_press_rel.om5");
+
+}  // namespace
+
+// The pixel position of mouse responses is saved, and whether they were pressed or released is not.
+class TestColumnsSavedTolmey3229
+    : public TestCaseWithFullColumnStringComp_T<TestColumnsSavedTolmey3229> {
+ public:
+  TestColumnsSavedTolmey3229() : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST, false) {}
+
+  void RunAllVerificationTests(VerificationNecessities necessities) override {
+    static const wxString testName = wxT("Tolmey_3229_show_pixel");
+    const MUExperimentTextReaderMultiFile& reader = *necessities.reader;
+    // A column in the first place does not count as present.
+    const bool columnsAreRight =
+        reader.GetColumnPositionNumberFromText(wxT("Pressed Or\nReleased")) < 0 &&
+        reader.GetColumnPositionNumberFromText(wxT("Key")) > 0 &&
+        reader.GetColumnPositionNumberFromText(wxT("X\nPosition")) > 0 &&
+        reader.GetColumnPositionNumberFromText(wxT("Y\nPosition")) > 0;
+    ReportCheck(necessities.printer, columnsAreRight, testName,
+                {wxT("Datafile columns are NOT as expected."), 56, FOCUS_OF_THIS_TEST,
+                 wxT("we wanted to FIND the pixel columns and NOT find the pressed column.")});
+
+    PerformDurationBoundsTest(40, 80, true);
+    PerformDurationBoundsTest_MacServer(40, 180);
+    PerformDurationBoundsTest_SmallTestBox(40, 350);
+    PerformBoundsTest(0, 5000, EXPANSION_TIME_COLUMN_NAME, true, true);
+  }
+};
+
+}  // namespace Ombrelia
+
+OMBRELIA_DEFINE_VERIFIER(TestColumnsSavedTolmey3229, false);

@@ -1,0 +1,37 @@
+#include "framework/TestCaseWithFullColumnStringComp_T.h"
+
+namespace Ombrelia {
+
+namespace {
+
+const wxString FOCUS_OF_THIS_TEST = wxT("2014-12-4_fail_to_present_block.om5");
+
+const std::vector<wxString>& GetExpectedCellValuesForEventName() {
+  static const std::vector<wxString> cells = {wxT("an event that runs")};
+  return cells;
+}
+
+}  // namespace
+
+// A block that cannot be presented leaves no row and does not keep the others from running.
+class TestPresentUnexpandedBlock
+    : public TestCaseWithFullColumnStringComp_T<TestPresentUnexpandedBlock> {
+ public:
+  TestPresentUnexpandedBlock() : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST, false) {}
+
+  void RunAllVerificationTests(VerificationNecessities necessities) override {
+    m_readerInHand = necessities.reader;
+    m_printerInHand = necessities.printer;
+    VerifyVerbatimColumnContent(m_readerInHand, m_printerInHand, wxT("Event\nName"),
+                                GetExpectedCellValuesForEventName());
+  }
+
+ private:
+  // Of the data file that is being verified.
+  Reader m_readerInHand;
+  FakeJUnitPrinter* m_printerInHand = nullptr;  // not owned
+};
+
+}  // namespace Ombrelia
+
+OMBRELIA_DEFINE_VERIFIER(TestPresentUnexpandedBlock, false);

@@ -1,0 +1,181 @@
+#include <wx/tokenzr.h>
+
+#include "framework/ExpectedCells.h"
+#include "framework/TestCaseWithFullColumnStringComp_T.h"
+
+namespace Ombrelia {
+
+namespace {
+
+wxString FOCUS_OF_THIS_TEST() {
+  static const wxString name = wxT("2013-10-21_randomize_opts_TrialVars_RSVP_SPR.om5");
+  return name;
+}
+
+constexpr size_t ROWS = 318;
+
+// The twelve groups of four rows each, in which the levels of the groups of variables are drawn.
+constexpr size_t FIRST_GROUP_ROW = 188;
+
+std::vector<wxString> Words(const wxString& text) {
+  std::vector<wxString> words;
+  for (wxStringTokenizer tokens(text, wxT(" ")); tokens.HasMoreTokens();) {
+    words.push_back(tokens.GetNextToken());
+  }
+  return words;
+}
+
+std::vector<wxString> TenColors1Cells() {
+  const std::vector<wxString> cycle =
+      Words(wxT("red yellow green blue grey black white purple pink orange"));
+  std::vector<wxString> cells(ROWS);
+  size_t drawn = 0;
+  for (size_t row = 1; row <= 107; ++row) {
+    if (row % 3 != 0) cells[row] = cycle[drawn++ % cycle.size()];
+  }
+  for (size_t row = 36; row <= 105; row += 3) cells[row] = cells[row - 4];
+  return cells;
+}
+
+const std::vector<wxString>& GetExpectedCellValuesForWhollyEmptyColumn() {
+  static const std::vector<wxString> targeted_result(ROWS);
+  return targeted_result;
+}
+
+const std::vector<wxString>& GetExpectedCellValuesForTenColors1() {
+  static const std::vector<wxString> targeted_result = TenColors1Cells();
+  return targeted_result;
+}
+
+const std::vector<wxString>& GetExpectedCellValuesForTenColors3() {
+  static const std::vector<wxString> targeted_result =
+      ExpectedCells::Blank(ROWS)
+          .Range(236, 240, wxT("red"))
+          .From(241, Words(wxT("yellow green blue grey black white purple pink")))
+          .Range(249, 251, wxT("orange"))
+          .From(252, Words(wxT("red yellow green blue grey black")))
+          .Cells();
+  return targeted_result;
+}
+
+const std::vector<wxString>& GetExpectedCellValuesForConvenienceVar() {
+  static const std::vector<wxString> targeted_result = ExpectedCells::Blank(ROWS)
+                                                           .Remainder(0, 35, 3, 2, wxT("10"))
+                                                           .Range(36, 187, wxT("10"))
+                                                           .Remainder(188, 235, 4, 3, wxT("10"))
+                                                           .Range(236, 317, wxT("10"))
+                                                           .Cells();
+  return targeted_result;
+}
+
+const std::vector<wxString>& GetExpectedCellValuesForNoRepl01() {
+  static const std::vector<wxString> targeted_result =
+      ExpectedCells::Blank(ROWS)
+          .Groups(FIRST_GROUP_ROW, 4, 0, 3, Words(wxT("02 06 03 05 04 07 01 06 04 05 07 02")))
+          .From(236, Words(wxT("03 03 01 01")))
+          .Cells();
+  return targeted_result;
+}
+
+const std::vector<wxString>& GetExpectedCellValuesForNoRepl02() {
+  static const std::vector<wxString> targeted_result =
+      ExpectedCells::Blank(ROWS)
+          .Groups(FIRST_GROUP_ROW, 4, 1, 3, Words(wxT("02 03 04 05 07 06 01 06 02 03 04 05")))
+          .Cells();
+  return targeted_result;
+}
+
+const std::vector<wxString>& GetExpectedCellValuesForWithRepl01() {
+  static const std::vector<wxString> targeted_result =
+      ExpectedCells::Blank(ROWS)
+          .Groups(FIRST_GROUP_ROW, 4, 2, 3, Words(wxT("07 01 06 05 01 02 07 06 01 07 07 05")))
+          .Row(237, wxT("06"))
+          .Row(239, wxT("05"))
+          .Cells();
+  return targeted_result;
+}
+
+const std::vector<wxString>& GetExpectedCellValuesForWithRepl02() {
+  static const std::vector<wxString> targeted_result =
+      ExpectedCells::Blank(ROWS)
+          .Groups(FIRST_GROUP_ROW, 2, 0, 1,
+                  Words(wxT("02 01 02 06 06 07 02 02 06 06 04 01 07 06 06 04 07 07 07 03 07 06 ")
+                            wxT("04 06")))
+          .Row(237, wxT("04"))
+          .Row(239, wxT("06"))
+          .Cells();
+  return targeted_result;
+}
+
+const std::vector<wxString>& GetExpectedCellValuesForManual01() {
+  static const std::vector<wxString> targeted_result =
+      ExpectedCells::Blank(ROWS)
+          .Groups(FIRST_GROUP_ROW, 4, 1, 3, Words(wxT("01 01 02 07 04 04 01 06 01 07 05 04")))
+          .From(258, Words(wxT("05 05 06 06 07 05 01 01 01 06 01 03 02 02 04 06 03 05 06 04 ")
+                               wxT("05 02 05 02 07 05 04 02 01 06 03 07 01 02 03 02 04 05 02 02 ")
+                                   wxT("01 03 06 02 02 03 01 04 05 07 06 07 05 02 04 02 04 05 07 ")
+                                       wxT("04")))
+          .Cells();
+  return targeted_result;
+}
+
+const std::vector<wxString>& GetExpectedCellValuesForManual02() {
+  static const std::vector<wxString> targeted_result =
+      ExpectedCells::Blank(ROWS)
+          .Groups(FIRST_GROUP_ROW, 4, 3, 3, Words(wxT("03 07 01 05 07 06 06 04 05 04 07 03")))
+          .Cells();
+  return targeted_result;
+}
+
+}  // namespace
+
+// Trial variables take the very same levels in every run: in sequence, restarting, and drawn in
+// anti-lockstep groups without replacement, with replacement and by hand, in SPR and RSVP events too.
+class TestRandomLevelsAndCountersAndRSVP
+    : public TestCaseWithFullColumnStringComp_T<TestRandomLevelsAndCountersAndRSVP> {
+ public:
+  TestRandomLevelsAndCountersAndRSVP()
+      : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST(), false) {}
+
+  void RunAllVerificationTests(VerificationNecessities necessities) override {
+    m_reader = necessities.reader;
+    m_printer = necessities.printer;
+
+    Verify(wxT("ten colors 1\n(Trial Variable)"), GetExpectedCellValuesForTenColors1());
+    Verify(wxT("ten colors 2\n(Trial Variable)"), GetExpectedCellValuesForWhollyEmptyColumn());
+    Verify(wxT("ten colors 3. sequential. restart each trial\n(Trial Variable)"),
+           GetExpectedCellValuesForTenColors3());
+    // Compared like the others, whatever its name says.
+    Verify(wxT("NOT FOR TEST VERIFICATION. for convenience.\n(Trial Variable)"),
+           GetExpectedCellValuesForConvenienceVar());
+    Verify(wxT("anti-lockstep group no-repl 1. LOC\n(Trial Variable)"),
+           GetExpectedCellValuesForNoRepl01());
+    Verify(wxT("anti-lockstep group no-repl 2. LOC\n(Trial Variable)"),
+           GetExpectedCellValuesForNoRepl02());
+    Verify(wxT("anti-lockstep group with-repl 1. LOC\n(Trial Variable)"),
+           GetExpectedCellValuesForWithRepl01());
+    Verify(wxT("anti-lockstep group with-repl 2. COLOR\n(Trial Variable)"),
+           GetExpectedCellValuesForWithRepl02());
+    Verify(wxT("anti-lockstep group manual 1. COLOR\n(Trial Variable)"),
+           GetExpectedCellValuesForManual01());
+    Verify(wxT("anti-lockstep group manual 2. LOC\n(Trial Variable)"),
+           GetExpectedCellValuesForManual02());
+    Verify(wxT("EMPTY location\n(Trial Variable)"), GetExpectedCellValuesForWhollyEmptyColumn());
+    Verify(wxT("EMPTY color\n(Trial Variable)"), GetExpectedCellValuesForWhollyEmptyColumn());
+
+    PerformDurationBoundsTest(2200, 3200, true);
+    PerformDurationBoundsTest_SmallTestBox(2300, 18000);
+    PerformDurationBoundsTest_MacServer(3000, 3700);
+    PerformBoundsTest(50, 150, EXPANSION_TIME_COLUMN_NAME, true, true);
+    PerformExpansionBoundsTest_MacServer(700, 900);
+  }
+
+ private:
+  void Verify(const wxString& columnName, const std::vector<wxString>& expected) {
+    VerifyVerbatimColumnContent(m_reader, m_printer, columnName, expected);
+  }
+};
+
+}  // namespace Ombrelia
+
+OMBRELIA_DEFINE_VERIFIER(TestRandomLevelsAndCountersAndRSVP, false);

@@ -1,0 +1,220 @@
+#include "framework/CellNumbers.h"
+#include "framework/CheckReport.h"
+#include "framework/ClampedNumbers.h"
+#include "framework/ExpectedCells.h"
+#include "framework/TestCaseWithFullColumnStringComp_T.h"
+
+namespace Ombrelia {
+
+namespace {
+
+const wxString FOCUS_OF_THIS_TEST = wxT("2014-07-24_timer_parameters.om5");
+
+const std::vector<wxString>& GetExpectedCellValuesForTrialName() {
+  static const std::vector<wxString> cells = ExpectedCells()
+                                                 .Add(wxT("intro"))
+                                                 .Repeat(4, wxT("trial 1"))
+                                                 .Add(wxT("trial 2"))
+                                                 .Repeat(2, wxT("trial 3 (500, 100)"))
+                                                 .Repeat(4, wxT("trial 4 (200, 300)"))
+                                                 .Repeat(2, wxT("trial 5 (400, 500)"))
+                                                 .Repeat(2, wxT("trial 6"))
+                                                 .Repeat(2, wxT("trial 7"))
+                                                 .Repeat(2, wxT("trial 8"))
+                                                 .Repeat(3, wxT("trial 9"))
+                                                 .Repeat(3, wxT("trial 10"))
+                                                 .Cells();
+  return cells;
+}
+
+const std::vector<wxString>& GetExpectedCellValuesForEventName() {
+  static const std::vector<wxString> cells = {
+      wxT("intro"),
+      wxT("isi 1"),
+      wxT("isi 2"),
+      wxT("isi 3"),
+      wxT("action: timer greater than N millis"),
+      wxT("isi 2"),
+      wxT("isi 1"),
+      wxT("isi 3"),
+      wxT("isi 4"),
+      wxT("isi 5"),
+      wxT("action: timer greater than N seconds"),
+      wxT("action: timer2 greater than timer1"),
+      wxT("isi 1"),
+      wxT("isi 5"),
+      wxT("isi 1"),
+      wxT("isi 2"),
+      wxT("isi 1"),
+      wxT("isi 2"),
+      wxT("isi 2"),
+      wxT("isi 3"),
+      wxT("isi 3"),
+      wxT("isi 4"),
+      wxT("action: timer3 less than 1 minute"),
+      wxT("isi 4"),
+      wxT("isi 5"),
+      wxT("action: timer3 less than 1 minute"),
+  };
+  return cells;
+}
+
+const std::vector<wxString>& GetExpectedCellValuesForFlagA() {
+  static const std::vector<wxString> cells =
+      ExpectedCells().Repeat(4, wxT("0")).Repeat(22, wxT("1")).Cells();
+  return cells;
+}
+
+const std::vector<wxString>& GetExpectedCellValuesForFlagC() {
+  static const std::vector<wxString> cells =
+      ExpectedCells().Repeat(11, wxT("0")).Repeat(15, wxT("1")).Cells();
+  return cells;
+}
+
+// Is value no less than expected, and at most tolerance more?
+bool LiesJustAbove(int value, int expected, int tolerance) {
+  const int excess = ClampedDifference(value, expected);
+  return 0 <= excess && excess <= tolerance;
+}
+
+}  // namespace
+
+// Timers start, pause, go on and serve as criteria, and only the parameters that are to be saved get
+// a column.
+class TestTimerActionsAndCriteria
+    : public TestCaseWithFullColumnStringComp_T<TestTimerActionsAndCriteria> {
+ public:
+  TestTimerActionsAndCriteria() : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST, false) {}
+
+  void RunAllVerificationTests(VerificationNecessities necessities) override {
+    m_readerInHand = necessities.reader;
+    m_printerInHand = necessities.printer;
+    VerifyThatOptionDisablingSavesWasHonored();
+    VerifyVerbatimColumnContent(m_readerInHand, m_printerInHand, wxT("Trial\nName"),
+                                GetExpectedCellValuesForTrialName());
+    VerifyVerbatimColumnContent(m_readerInHand, m_printerInHand, wxT("Event\nName"),
+                                GetExpectedCellValuesForEventName());
+    VerifyVerbatimColumnContent(m_readerInHand, m_printerInHand, wxT("flag_a"),
+                                GetExpectedCellValuesForFlagA());
+    VerifyVerbatimColumnContent(m_readerInHand, m_printerInHand, wxT("flag_c"),
+                                GetExpectedCellValuesForFlagC());
+    TestBehaviorOfTimer_1();
+    TestBehaviorOfTimer_2();
+
+    PerformDurationBoundsTest(6006, 6150, true);
+    PerformDurationBoundsTest_MacServer(6006, 6150);
+    PerformDurationBoundsTest_SmallTestBox(6006, 6200);
+    PerformBoundsTest(5, 60, EXPANSION_TIME_COLUMN_NAME, true, true);
+    PerformExpansionBoundsTest_MacServer(200, 400);
+  }
+
+ private:
+  void VerifyThatOptionDisablingSavesWasHonored() {
+    static const wxString testName = wxT("Option_to_NOT_save_is_working");
+    const bool honored = ColumnOf(wxT("timer_4")) >= 1 && ColumnOf(wxT("timer_not_saved")) < 0 &&
+                         ColumnOf(wxT("flag_a")) >= 1 && ColumnOf(wxT("flag_b")) < 0;
+    ReportCheck(
+        m_printerInHand, honored, testName,
+        {wxT("Datafile columns are NOT as expected. can fail when you set "
+             "HALVEX_OBTRUSIVE_DIAGNOSTIC_LOGGING."),
+         269, FOCUS_OF_THIS_TEST,
+         wxT("we wanted to FIND some columns and NOT find others. note that "
+             "HALVEX_OBTRUSIVE_DIAGNOSTIC_LOGGING causes all params to get a column despite "
+             "experiment settings. you may get a spurious failure due to that environment "
+             "var")});
+  }
+
+  void TestBehaviorOfTimer_1() {
+    static const wxString testName = wxT("Timer_1_behaved_properly");
+    const int column = ColumnOf(wxT("timer_1"));
+    wxString message;
+    if (!CellIsZeroText(0, column)) message += wxT("not 0 during first event. ");
+    if (!IsProperDataForPausedTimer(column, 6, 11, 400)) {
+      message += wxT("first pause action malfunctioned. ");
+    }
+    if (!IsProperDataForPausedTimer(column, 14, 17, 500)) {
+      message += wxT("second pause action malfunctioned. ");
+    }
+    if (!IsProperDataForPausedTimer(column, 20, 25, -1)) {
+      message += wxT("third pause action malfunctioned. ");
+    }
+    if (!LiesJustAbove(GetNumericCellValue(25, column), 2500, 200)) {
+      message += wxT("at row 25 timer_1 needs to be approx 2500 ms. ");
+    }
+    ReportCheck(m_printerInHand, message.empty(), testName,
+                {wxT("Timer 1 is malfunctioning."), 385, FOCUS_OF_THIS_TEST, message});
+  }
+
+  void TestBehaviorOfTimer_2() {
+    static const wxString testName = wxT("Timer_2_behaved_properly");
+    const int column = ColumnOf(wxT("timer_2"));
+    wxString message;
+    if (!VerifiedStartZeroStateUntilRow(column, 0, 6, 500)) {
+      message += wxT("first starting zero state malfunctioned. ");
+    }
+    // The second zero state has the words of the first.
+    if (!VerifiedStartZeroStateUntilRow(column, 14, 18, 500)) {
+      message += wxT("first starting zero state malfunctioned. ");
+    }
+    if (!LiesJustAbove(GetNumericCellValue(13, column), 2000, 200)) {
+      message += wxT("at row 13 timer_2 needs to be approx 2000 ms. ");
+    }
+    if (!LiesJustAbove(GetNumericCellValue(25, column), 2000, 200)) {
+      message += wxT("at row 25 timer_2 needs to be approx 2000 ms. ");
+    }
+    ReportCheck(m_printerInHand, message.empty(), testName,
+                {wxT("Timer 2 is malfunctioning."), 470, FOCUS_OF_THIS_TEST, message});
+  }
+
+  // Did the timer hold still from firstRow to lastRow, after running on by at most 12 ms when the
+  // pause took effect? Unless expectedJump is negative, it must also have gone on by that much, or up
+  // to 50 ms more, in the row behind the pause.
+  bool IsProperDataForPausedTimer(int column, int firstRow, int lastRow, int expectedJump) {
+    const int held = GetNumericCellValue(firstRow, column);
+    bool proper = true;
+    for (int row = firstRow + 1; row <= lastRow && proper; ++row) {
+      proper = GetNumericCellValue(row, column) == held;
+    }
+    if (!LiesJustAbove(held, GetNumericCellValue(firstRow - 1, column), 12)) proper = false;
+    if (expectedJump < 0) return proper;
+    const int jump = ClampedDifference(GetNumericCellValue(lastRow + 1, column), held);
+    return LiesJustAbove(jump, expectedJump, 50) && proper;
+  }
+
+  // Does the timer read "0" from firstRow to the row before endRow, and then expected milliseconds, or
+  // up to 50 more?
+  bool VerifiedStartZeroStateUntilRow(int column, int firstRow, int endRow, int expected) {
+    bool zeros = true;
+    for (int row = firstRow; row < endRow && zeros; ++row) zeros = CellIsZeroText(row, column);
+    const int value = GetNumericCellValue(endRow, column);
+    return value >= 0 && LiesJustAbove(value, expected, 50) && zeros;
+  }
+
+  // A cell that holds no number is a failing test of its own, and counts as -1.
+  int GetNumericCellValue(int row, int column) {
+    long value = 0;
+    if (ReadLong(m_readerInHand->GetDataCellValue(row, column), value)) return ClampedToInt(value);
+    ReportFailure(
+        m_printerInHand, wxString::Format(wxT("NON_NUMERIC_VALUE_%d_%d"), row, column),
+        {wxT("Data cell string should always be convertible to a number here"), 485,
+         FOCUS_OF_THIS_TEST,
+         wxT("we called the wx function ToLong on a string, and it failed to produce a number")});
+    return -1;
+  }
+
+  bool CellIsZeroText(int row, int column) const {
+    return m_readerInHand->GetDataCellValue(row, column) == wxT("0");
+  }
+
+  int ColumnOf(const wxString& name) const {
+    return m_readerInHand->GetColumnPositionNumberFromText(name);
+  }
+
+  // Of the data file that is being verified.
+  Reader m_readerInHand;
+  FakeJUnitPrinter* m_printerInHand = nullptr;  // not owned
+};
+
+}  // namespace Ombrelia
+
+OMBRELIA_DEFINE_VERIFIER(TestTimerActionsAndCriteria, false);

@@ -1,0 +1,46 @@
+#include "framework/ExpectedCells.h"
+#include "framework/TestCaseWithFullColumnStringComp_T.h"
+
+namespace Ombrelia {
+
+namespace {
+
+const wxString FOCUS_OF_THIS_TEST = wxT("2015-06-01_ways_to_attach_responses_in_RStep.om5");
+
+const std::vector<wxString>& GetExpectedCellValuesForBlockName() {
+  static const std::vector<wxString> cells =
+      ExpectedCells()
+          .Repeat(4, wxT("b1"))
+          .Repeat(5, wxT("b2 no subblocks (due to v4 rand settings)"))
+          .Cells();
+  return cells;
+}
+
+}  // namespace
+
+// Whichever way responses are attached to events, every block runs to its end.
+class TestWaysToAttachResponses
+    : public TestCaseWithFullColumnStringComp_T<TestWaysToAttachResponses> {
+ public:
+  TestWaysToAttachResponses() : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST, false) {}
+
+  void RunAllVerificationTests(VerificationNecessities necessities) override {
+    m_readerInHand = necessities.reader;
+    m_printerInHand = necessities.printer;
+    VerifyVerbatimColumnContent(m_readerInHand, m_printerInHand, wxT("Block\nName"),
+                                GetExpectedCellValuesForBlockName());
+
+    PerformDurationBoundsTest(180, 1100, true);
+    PerformDurationBoundsTest_MacServer(200, 250);
+    PerformExpansionBoundsTest_MacServer(250, 350);
+  }
+
+ private:
+  // Of the data file that is being verified.
+  Reader m_readerInHand;
+  FakeJUnitPrinter* m_printerInHand = nullptr;  // not owned
+};
+
+}  // namespace Ombrelia
+
+OMBRELIA_DEFINE_VERIFIER(TestWaysToAttachResponses, false);

@@ -1,0 +1,50 @@
+#include "framework/CheckReport.h"
+#include "framework/IndividualTestCase_T.h"
+
+namespace Ombrelia {
+
+namespace {
+
+const wxString FOCUS_OF_THIS_TEST = wxT("2012-4-25_random_color_trial_level_test.om4");
+
+// Are red, yellow and green among the levels? Other levels do not matter.
+bool EachColorWasPresented(const MUExperimentTextReaderMultiFile& reader) {
+  const int column = reader.GetColumnPositionNumberFromText(wxT("Text color\n(Trial Variable)"));
+  bool red = false;
+  bool yellow = false;
+  bool green = false;
+  for (int row = 0; row < reader.GetNumberOfDataRows(); ++row) {
+    const wxString level = reader.GetDataCellValue(row, column);
+    if (level == wxT("Red")) red = true;
+    if (level == wxT("Yellow")) yellow = true;
+    if (level == wxT("Green")) green = true;
+  }
+  return red && yellow && green;
+}
+
+}  // namespace
+
+// A random trial variable shows each of its three levels.
+class Test_2012_4_25_random_color_trial_level_test
+    : public IndividualTestCase_T<Test_2012_4_25_random_color_trial_level_test, false> {
+ public:
+  Test_2012_4_25_random_color_trial_level_test()
+      : IndividualTestCase_T(FOCUS_OF_THIS_TEST, false) {}
+
+  void RunAllVerificationTests(VerificationNecessities necessities) override {
+    static const wxString testName = wxT("Test_didnt_randomly_break_and_all_trials_were_presented");
+    ReportCheck(necessities.printer, EachColorWasPresented(*necessities.reader), testName,
+                {wxT("Something bad happened instead."), 63, FOCUS_OF_THIS_TEST,
+                 wxT("We expected to see three events with three different values of the trial "
+                     "variable.")});
+
+    PerformDurationBoundsTest(1500, 1600, true);
+    PerformDurationBoundsTest_MacServer(1500, 1620);
+    PerformDurationBoundsTest_SmallTestBox(1500, 1700);
+    PerformBoundsTest(0, 5000, EXPANSION_TIME_COLUMN_NAME, true, true);
+  }
+};
+
+}  // namespace Ombrelia
+
+OMBRELIA_DEFINE_VERIFIER(Test_2012_4_25_random_color_trial_level_test, false);
