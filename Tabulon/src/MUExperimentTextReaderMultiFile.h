@@ -18,6 +18,8 @@
 #include <vector>
 
 #include "Tabulon/src/MUCachingKeySelectedData.h"
+#include "Tabulon/src/MUCellPositions.h"
+#include "Tabulon/src/MUCellText.h"
 #include "Tabulon/src/MUInterfaceFileObserver.h"
 #include "Tabulon/src/MUInterfaceMultiExperimentDataSource.h"
 #include "Tabulon/src/MURowStore.h"
@@ -79,6 +81,9 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
   int GetNumberOfDataRows() const override;
   int GetNumberOfDataColumns() const override;
   wxString GetDataCellValue(int row, int column) const override;
+  // The same text without a copy, for who reads many cells. Borrowed until the next notification, or until
+  // the row's cell is written or the row deleted.
+  MUCellText GetDataCellText(int row, int column) const;
   wxString GetColumnNameText(int column) const override;
   MUSingleRowDataPlusRowProperties* GetRowByRowIndexAndVisibilityFilter(
       unsigned long index, TARGETED_ROW_SEARCH_SET set) const override;
@@ -150,6 +155,8 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
       const std::deque<DichotomousFileRequest>& requests) override;
   bool AddObserver(MUInterfaceExperimentDataObserver* observer) const override;
   void OnIdle() override;
+  // False when a further OnIdle would do nothing.
+  bool IdleWorkRemains() const;
 
   // Tells every observer of the new shape, and then every one to repaint.
   void IterateThroughTheNotificationLoops();
@@ -263,6 +270,8 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
   void DropAnswersThatDependOnRowOrder();
   // Batches
   void DeleteColumnsWithoutFile();
+
+  mutable MUCellPositions m_cellPositions;  // of the current names
 };
 
 #endif

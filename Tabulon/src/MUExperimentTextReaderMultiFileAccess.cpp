@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "Tabulon/src/MUColumnNamePlusProperties.h"
+#include "Tabulon/src/MUColumnReader.h"
 #include "Tabulon/src/MUExperimentTextReaderMultiFile.h"
 #include "Tabulon/src/MUSingleRowDataPlusRowProperties.h"
 
@@ -31,6 +32,7 @@ void MUExperimentTextReaderMultiFile::EraseAllCachedStatefulOptimizedStoredData(
   m_shownRowCount = 0;
   m_shownColumnCount = 0;
   m_currentColumnNames->clear();
+  m_cellPositions.Clear();
   m_columnHasText.clear();
   m_emptySearchColumn = 0;
   m_emptySearchRow = 0;
@@ -68,14 +70,27 @@ int MUExperimentTextReaderMultiFile::GetNumberOfDataColumns() const {
 }
 
 wxString MUExperimentTextReaderMultiFile::GetDataCellValue(int row, int column) const {
+  return GetDataCellText(row, column).ToString();
+}
+
+MUCellText MUExperimentTextReaderMultiFile::GetDataCellText(int row, int column) const {
+  const std::vector<wxString>& names = *m_currentColumnNames;
+  const std::size_t place = Place(column);
+  const MUSingleRowDataPlusRowProperties* found = nullptr;
   // A sort between two notifications may have left fewer keys than the frozen count says.
-  if (Place(row) < m_shownRowCount && Place(column) < m_shownColumnCount &&
-      Place(column) < m_currentColumnNames->size()) {
-    if (const MUSingleRowDataPlusRowProperties* found = FindShownRow(row)) {
-      return found->m_cells.ValueOrDefault((*m_currentColumnNames)[Place(column)]);
+  if (Place(row) < m_shownRowCount && place < m_shownColumnCount && place < names.size()) {
+    found = FindShownRow(row);
+  }
+  if (found == nullptr) return MUColumnReader::ViewOf(CELL_STRING_VALUE_WHEN_CELL_IS_UNDEFINED);
+
+  if (found->Block() != nullptr && !found->HasOverlay()) {
+    const std::vector<std::size_t>& positions = m_cellPositions.In(*found->Block(), names);
+    if (place < positions.size() && positions[place] != MUCellPositions::HIDDEN) {
+      return found->CellAt(positions[place]);
     }
   }
-  return CELL_STRING_VALUE_WHEN_CELL_IS_UNDEFINED;
+  const auto cell = found->m_cells.find(names[place]);
+  return cell == found->m_cells.end() ? MUCellText() : MUColumnReader::ViewOf(cell->second);
 }
 
 wxString MUExperimentTextReaderMultiFile::GetColumnNameText(int column) const {

@@ -148,6 +148,11 @@ void MUExperimentTextReaderMultiFile::OnIdle() {
   }
 }
 
+bool MUExperimentTextReaderMultiFile::IdleWorkRemains() const {
+  return m_notificationPending || !m_emptySearchFinished || !m_previousShownRowKeys->empty() ||
+         !m_previousColumnNames->empty();
+}
+
 void MUExperimentTextReaderMultiFile::IterateThroughTheNotificationLoops() {
   int lastPreservedRow = -1;
   int lastPreservedColumn = -1;
@@ -174,4 +179,5 @@ void MUExperimentTextReaderMultiFile::IdleTimeFreeMemoryUsedForRowCopies() {
 void MUExperimentTextReaderMultiFile::RotateQueuedCopiesOfRowCollectionAndColCollection() {
   std::swap(m_currentShownRowKeys, m_previousShownRowKeys);
   std::swap(m_currentColumnNames, m_previousColumnNames);
+  m_cellPositions.Clear();
 }

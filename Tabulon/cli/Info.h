@@ -1,0 +1,19 @@
+// What single files are.
+#ifndef TABULON_CLI_INFO_H
+#define TABULON_CLI_INFO_H
+
+#include <filesystem>
+#include <iosfwd>
+#include <vector>
+
+#include "Tabulon/cli/ExitStatus.h"
+
+namespace TabulonCli {
+
+// Describes each file, or gives its reader's own words if it is no data file; then the answer is
+// NoDataFile, else Fine.
+ExitStatus PrintInfo(std::ostream& out, const std::vector<std::filesystem::path>& files);
+
+}  // namespace TabulonCli
+
+#endif

@@ -1,0 +1,32 @@
+// Collects what readers say of files that are no data files.
+#ifndef TABULON_CLI_INPUTREPORTS_H
+#define TABULON_CLI_INPUTREPORTS_H
+
+#include <list>
+#include <vector>
+
+#include "Tabulon/src/MUInterfaceDataFileInputErrorHandler.h"
+
+namespace TabulonCli {
+
+class InputReports : public MUInterfaceDataFileInputErrorHandler {
+ public:
+  using Report = MUInterfaceExperimentDataFileInputReader::DataFileInputError;
+
+  void OnDataFileInputReports(std::list<Report> reports) override {
+    for (const Report& report : reports) {
+      if (report.code != MUInterfaceExperimentDataFileInputReader::MU_INPUT_SUCCESS) {
+        m_problems.push_back(report);
+      }
+    }
+  }
+
+  const std::vector<Report>& Problems() const { return m_problems; }
+
+ private:
+  std::vector<Report> m_problems;
+};
+
+}  // namespace TabulonCli
+
+#endif
