@@ -1,8 +1,9 @@
-// How a line falls into cells, and how a cell's text becomes visible.
+// How a line falls into cells, and how the control characters of a cell become visible.
 #ifndef TABULON_MUCELLSPLITTING_H
 #define TABULON_MUCELLSPLITTING_H
 
 #include <algorithm>
+#include <cstddef>
 
 // Calls take(begin, end) for each cell of the line [begin, end), left to right, exactly as
 // wxStringTokenizer splits at tabs in mode wxTOKEN_RET_EMPTY: empty cells between tabs count, empty
@@ -21,20 +22,20 @@ void MUForEachCell(const Char* begin, const Char* end, const Take& take) {
   }
 }
 
-// True for a character that MUAppendVisibly writes in another form.
+// True for a character that MUAppendVisibleForm has another form for.
 template <typename Char>
 bool MUIsControlCharacter(Char character) {
-  return (character >= Char(1) && character <= Char(31)) ||
-         (static_cast<long>(character) >= 127 && static_cast<long>(character) <= 159);
+  const auto number = static_cast<unsigned long>(character);
+  return number - 1 < 31 || number - 127 < 33;
 }
 
-// Appends [begin, end) to out, a container of characters, with every non-printing character in visible
-// form: an escape before '@' to '_' as "0x1B 0x" and two hexadecimal digits of the second character,
-// other characters from 1 to 31 as a caret and a letter, 127 as "^?", 128 to 159 as "0x" and two digits.
+// Appends the visible form of the control character at, of a text that ends at end, to out, a container
+// of characters: of an escape before '@' to '_' "0x1B 0x" and two hexadecimal digits of the second
+// character, of others from 1 to 31 a caret and a letter, of 127 "^?", of 128 to 159 "0x" and two
+// digits. Answers where the text goes on.
 template <typename Char, typename Out>
-void MUAppendVisibly(const Char* begin, const Char* end, Out& out) {
+const Char* MUAppendVisibleForm(const Char* at, const Char* end, Out& out) {
   using OutChar = typename Out::value_type;
-  const Char* copied = begin;
   const auto append = [&out](const char* text) {
     for (; *text; ++text) out.push_back(OutChar(*text));
   };
@@ -42,26 +43,39 @@ void MUAppendVisibly(const Char* begin, const Char* end, Out& out) {
     out.push_back(OutChar("0123456789abcdef"[number / 16]));
     out.push_back(OutChar("0123456789abcdef"[number % 16]));
   };
-  for (const Char* at = begin; at != end; ++at) {
-    if (!MUIsControlCharacter(*at)) continue;
-    out.insert(out.end(), copied, at);
-    const long number = static_cast<long>(*at);
-    if (number == 0x1B && at + 1 != end && at[1] >= Char(64) && at[1] <= Char(95)) {
-      ++at;
-      append("0x1B 0x");
-      appendHexadecimal(static_cast<long>(*at));
-    } else if (number < 32) {
-      out.push_back(OutChar('^'));
-      out.push_back(OutChar(number + 64));
-    } else if (number == 127) {
-      append("^?");
-    } else {
-      append("0x");
-      appendHexadecimal(number);
-    }
-    copied = at + 1;
+  const long number = static_cast<long>(*at++);
+  if (number == 0x1B && at != end && *at >= Char(64) && *at <= Char(95)) {
+    append("0x1B 0x");
+    appendHexadecimal(static_cast<long>(*at++));
+  } else if (number < 32) {
+    out.push_back(OutChar('^'));
+    out.push_back(OutChar(number + 64));
+  } else if (number == 127) {
+    append("^?");
+  } else {
+    append("0x");
+    appendHexadecimal(number);
   }
-  out.insert(out.end(), copied, end);
+  return at;
+}
+
+// How long a text can become when its control characters are made visible, and its tabs.
+struct MUVisibleMeasure {
+  std::size_t characters;
+  std::size_t tabs;
+};
+
+template <typename Char>
+MUVisibleMeasure MUMeasureVisibly(const Char* begin, const Char* end) {
+  MUVisibleMeasure measure = {static_cast<std::size_t>(end - begin), 0};
+  for (; begin != end; ++begin) {
+    if (!MUIsControlCharacter(*begin)) continue;
+    if (*begin == Char('\t')) ++measure.tabs;
+    else if (*begin == Char(0x1B)) measure.characters += 8;
+    else if (*begin < Char(127)) ++measure.characters;
+    else measure.characters += 3;
+  }
+  return measure;
 }
 
 #endif

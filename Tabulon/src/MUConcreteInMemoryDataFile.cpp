@@ -7,13 +7,16 @@
 #include <wx/log.h>
 
 #include <algorithm>
+#include <string>
 #include <vector>
 
 #include "Tabulon/src/MUColumnNamePlusProperties.h"
+#include "Tabulon/src/MUCellSplitting.h"
 #include "Tabulon/src/MUDataFileBlockBuilder.h"
 #include "Tabulon/src/MUDataFileColumns.h"
 #include "Tabulon/src/MUDataFileReports.h"
 #include "Tabulon/src/MUDataRowMaking.h"
+#include "Tabulon/src/MUPlainTextScan.h"
 
 namespace {
 
@@ -45,8 +48,21 @@ bool ReadAllBytes(wxFile* file, std::vector<char>* bytes) {
   return true;
 }
 
-bool IsAscii(const std::vector<char>& bytes) {
-  return std::all_of(bytes.begin(), bytes.end(), [](char byte) { return byte > 0; });
+// The first such character, or end.
+template <typename Char>
+const Char* Find(const Char* begin, const Char* end, char character) {
+  const auto length = static_cast<std::size_t>(end - begin);
+  const Char* found = std::char_traits<Char>::find(begin, length, Char(character));
+  return found ? found : end;
+}
+
+template <typename Char>
+bool HasDosLineEnd(const Char* text, const Char* textEnd) {
+  for (;;) {
+    text = Find(text, textEnd, '\r');
+    if (text == textEnd || ++text == textEnd) return false;
+    if (*text == Char('\n')) return true;
+  }
 }
 
 // Calls take(begin, end) for each line of the text, its terminator included: the tokens that
@@ -55,16 +71,15 @@ bool IsAscii(const std::vector<char>& bytes) {
 // unless there is nothing else; then the first one counts.
 template <typename Char, typename Take>
 void ForEachLine(const Char* text, const Char* textEnd, const Take& take) {
-  const Char dosLineEnd[] = {'\r', '\n'};
-  const bool isDosFile =
-      std::search(text, textEnd, dosLineEnd, dosLineEnd + 2) != textEnd;
-  const auto isDelimiter = [isDosFile](Char character) {
-    return character == Char('\n') || (isDosFile && character == Char('\r'));
-  };
+  const bool isDosFile = HasDosLineEnd(text, textEnd);
   const Char* lastWords = textEnd;
-  while (lastWords != text && isDelimiter(lastWords[-1])) --lastWords;
+  while (lastWords != text && (lastWords[-1] == Char('\n') ||
+                               (isDosFile && lastWords[-1] == Char('\r')))) {
+    --lastWords;
+  }
   for (const Char* begin = text; begin < lastWords || (begin == text && begin != textEnd);) {
-    const Char* delimiter = std::find_if(begin, textEnd, isDelimiter);
+    const Char* delimiter = Find(begin, textEnd, '\n');
+    if (isDosFile) delimiter = Find(begin, delimiter, '\r');
     const Char* end = delimiter == textEnd ? textEnd : delimiter + 1;
     if (!isDosFile || end[-1] == Char('\r')) take(begin, end);
     begin = end;
@@ -73,38 +88,39 @@ void ForEachLine(const Char* text, const Char* textEnd, const Take& take) {
 
 // False if a line is too long to be stored.
 template <typename Char>
-bool TakeLines(const Char* text, const Char* textEnd, MUDataFileBlockBuilder::Width width,
+bool TakeLines(const Char* text, const Char* textEnd, MUDataFileBlockBuilder* builder,
                MUDataFileLines* lines) {
-  MUDataFileBlockBuilder builder(width);
-  const auto lineFeeds = static_cast<std::size_t>(std::count(text, textEnd, Char('\n')));
-  const auto returns = static_cast<std::size_t>(std::count(text, textEnd, Char('\r')));
-  const auto tabs = static_cast<std::size_t>(std::count(text, textEnd, Char('\t')));
-  const std::size_t lineCount = std::max(lineFeeds, returns) + 1;
-  // A terminator takes two characters in visible form.
-  builder.Reserve(static_cast<std::size_t>(textEnd - text) + lineCount, lineCount,
-                  tabs + lineCount);
   bool allStored = true;
   ForEachLine(text, textEnd, [&](const Char* begin, const Char* end) {
     if (lines->header.size() < NUMBER_OF_HEADER_LINES) {
       lines->header.push_back(MUCellText(begin, static_cast<std::size_t>(end - begin)).ToString());
     } else {
-      allStored = builder.AppendRow(begin, end) && allStored;
+      allStored = builder->AppendRow(begin, end) && allStored;
     }
   });
-  lines->block = builder.Take();
+  lines->block = builder->Take();
   return allStored;
 }
 
 bool TakeLinesOfBytes(const std::vector<char>& bytes, MUDataFileLines* lines) {
-  if (IsAscii(bytes)) {  // the conversion would give the same characters
-    return TakeLines(bytes.data(), bytes.data() + bytes.size(),
-                     MUDataFileBlockBuilder::Width::ASCII, lines);
+  using Builder = MUDataFileBlockBuilder;
+  MUPlainTextMeasure plain;
+  if (MUMeasurePlainText(bytes.data(), bytes.size(), &plain)) {
+    // The conversion would give the same characters. A terminator becomes two.
+    const std::size_t lineCount = plain.lineFeeds + 1;
+    Builder builder(Builder::Width::ASCII);
+    builder.Reserve(bytes.size() + lineCount, lineCount, plain.tabs + lineCount);
+    return TakeLines(bytes.data(), bytes.data() + bytes.size(), &builder, lines);
   }
   const wxString text(bytes.data(), wxConvAuto(), bytes.size());
   const auto wide = text.wc_str();
-  const wchar_t* characters = wide;
-  return TakeLines(characters, characters + text.length(), MUDataFileBlockBuilder::Width::WIDE,
-                   lines);
+  const wchar_t* begin = wide;
+  const wchar_t* end = begin + text.length();
+  const MUVisibleMeasure measure = MUMeasureVisibly(begin, end);
+  const auto lineCount = static_cast<std::size_t>(std::count(begin, end, wxT('\n'))) + 1;
+  Builder builder(Builder::Width::WIDE);
+  builder.Reserve(measure.characters, lineCount, measure.tabs + lineCount);
+  return TakeLines(begin, end, &builder, lines);
 }
 
 }  // namespace

@@ -31,6 +31,29 @@ std::size_t TakeHeaderLines(const std::vector<char>& bytes, std::size_t count,
   return start;
 }
 
+// Calls take(at) for every control character, tabs included.
+template <typename Take>
+void ForEachControlCharacter(const wchar_t* begin, const wchar_t* end, const Take& take) {
+  for (; begin != end; ++begin) {
+    if (MUIsControlCharacter(*begin)) take(begin);
+  }
+}
+
+template <typename Take>
+void ForEachControlCharacter(const char* begin, const char* end, const Take& take) {
+  while (begin != end) {
+    const std::size_t count = std::min(static_cast<std::size_t>(end - begin), MU_SCAN_WIDTH);
+    const MUByteMasks masks =
+        count == MU_SCAN_WIDTH ? MUExamineBytes(begin) : MUExamineBytesOneByOne(begin, count);
+    std::uint32_t found = masks.tabs | masks.lineFeeds | masks.carriageReturns | masks.notPlain;
+    for (; found != 0; found &= found - 1) {
+      const char* at = begin + __builtin_ctz(found);
+      if (MUIsControlCharacter(*at)) take(at);  // not a zero byte, which stays
+    }
+    begin += count;
+  }
+}
+
 }  // namespace
 
 MUDataFileBlockBuilder::MUDataFileBlockBuilder(Width width)
@@ -90,11 +113,23 @@ bool MUDataFileBlockBuilder::AppendRowTo(std::vector<Char>& text, const Char* be
                                          const Char* end) {
   if (static_cast<std::size_t>(end - begin) > LARGEST_OFFSET / LONGEST_VISIBLE_FORM) return false;
   const std::size_t textStart = text.size();
-  MUForEachCell(begin, end, [&](const Char* cell, const Char* cellEnd) {
-    if (cell != begin) text.push_back(Char('\t'));
-    MUAppendVisibly(cell, cellEnd, text);
-    m_block->m_cellEnds.push_back(static_cast<std::uint32_t>(text.size() - textStart));
-  });
+  std::vector<std::uint32_t>& ends = m_block->m_cellEnds;
+  if (begin != end) {
+    // As MUForEachCell splits, but with the text copied in as long pieces as can be.
+    while (end != begin && end[-1] == Char('\t')) --end;
+    const Char* piece = begin;
+    ForEachControlCharacter(begin, end, [&](const Char* at) {
+      if (*at == Char('\t')) {
+        const std::size_t length = text.size() - textStart + static_cast<std::size_t>(at - piece);
+        ends.push_back(static_cast<std::uint32_t>(length));
+      } else {
+        text.insert(text.end(), piece, at);
+        piece = MUAppendVisibleForm(at, end, text);
+      }
+    });
+    text.insert(text.end(), piece, end);
+    ends.push_back(static_cast<std::uint32_t>(text.size() - textStart));
+  }
   EndRow(textStart);
   return true;
 }

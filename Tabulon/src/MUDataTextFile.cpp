@@ -1,6 +1,7 @@
 #include "Tabulon/src/MUDataTextFile.h"
 
 #include <wx/file.h>
+#include <wx/filefn.h>
 #include <wx/filename.h>
 #include <wx/intl.h>
 #include <wx/log.h>
@@ -8,6 +9,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "Tabulon/src/MUCellSplitting.h"
 #include "Tabulon/src/MUDataFileBlockBuilder.h"
 
 namespace {
@@ -35,6 +37,11 @@ bool ReadOrdinaryFile(const wxString& path, std::vector<char>* bytes) {
 bool MUDataTextFile::OnRead(const wxMBConv& conv) {
   m_lines = MUDataFileLines();
   if (TakeBytesOfPlainFile()) return true;
+  if (wxDirExists(GetName())) {
+    // It opens, but pretends to be as long as a file can be.
+    wxLogError(_("\"%s\" is a directory."), GetName());
+    return false;
+  }
   return wxTextFile::OnRead(conv) && TakeLinesOfBase();
 }
 
@@ -50,8 +57,11 @@ bool MUDataTextFile::TakeLinesOfBase() {
   std::size_t characters = 0;
   std::size_t cells = 0;
   for (std::size_t i = headerCount; i < lineCount; ++i) {
-    characters += GetLine(i).length();
-    cells += 1 + GetLine(i).Freq('\t');
+    const auto wide = GetLine(i).wc_str();
+    const wchar_t* begin = wide;
+    const MUVisibleMeasure measure = MUMeasureVisibly(begin, begin + GetLine(i).length());
+    characters += measure.characters;
+    cells += measure.tabs + 1;
   }
   MUDataFileBlockBuilder builder(MUDataFileBlockBuilder::Width::WIDE);
   builder.Reserve(characters, lineCount - headerCount, cells);

@@ -33,22 +33,44 @@ inline MUByteMasks MUExamineBytesOneByOne(const char* bytes, std::size_t count) 
   return masks;
 }
 
+#if defined(__SSE2__)
+
+// The same per byte: all ones where it is so, else 0.
+struct MUByteMatches {
+  __m128i tabs;
+  __m128i lineFeeds;
+  __m128i carriageReturns;
+  __m128i notPlain;
+};
+
+// For MU_SCAN_WIDTH bytes.
+inline MUByteMatches MUMatchBytes(const char* bytes) {
+  const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes));
+  const auto equalTo = [block](char byte) { return _mm_cmpeq_epi8(block, _mm_set1_epi8(byte)); };
+  MUByteMatches matches;
+  matches.tabs = equalTo('\t');
+  matches.lineFeeds = equalTo('\n');
+  matches.carriageReturns = equalTo('\r');
+  const __m128i known =
+      _mm_or_si128(_mm_or_si128(matches.tabs, matches.lineFeeds), matches.carriageReturns);
+  // Compared as signed numbers, bytes above 127 are below a blank too.
+  const __m128i odd = _mm_or_si128(_mm_cmplt_epi8(block, _mm_set1_epi8(' ')), equalTo(0x7F));
+  matches.notPlain = _mm_andnot_si128(known, odd);
+  return matches;
+}
+
+inline std::uint32_t MUMaskOf(__m128i matches) {
+  return static_cast<std::uint32_t>(_mm_movemask_epi8(matches));
+}
+
+#endif
+
 // For MU_SCAN_WIDTH bytes.
 inline MUByteMasks MUExamineBytes(const char* bytes) {
 #if defined(__SSE2__)
-  const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes));
-  const auto equalTo = [block](char byte) { return _mm_cmpeq_epi8(block, _mm_set1_epi8(byte)); };
-  const auto mask = [](__m128i matches) {
-    return static_cast<std::uint32_t>(_mm_movemask_epi8(matches));
-  };
-  MUByteMasks masks;
-  masks.tabs = mask(equalTo('\t'));
-  masks.lineFeeds = mask(equalTo('\n'));
-  masks.carriageReturns = mask(equalTo('\r'));
-  // Compared as signed numbers, bytes above 127 are below a blank too.
-  const __m128i odd = _mm_or_si128(_mm_cmplt_epi8(block, _mm_set1_epi8(' ')), equalTo(0x7F));
-  masks.notPlain = mask(odd) & ~(masks.tabs | masks.lineFeeds | masks.carriageReturns);
-  return masks;
+  const MUByteMatches matches = MUMatchBytes(bytes);
+  return {MUMaskOf(matches.tabs), MUMaskOf(matches.lineFeeds), MUMaskOf(matches.carriageReturns),
+          MUMaskOf(matches.notPlain)};
 #else
   return MUExamineBytesOneByOne(bytes, MU_SCAN_WIDTH);
 #endif
@@ -72,12 +94,8 @@ void MUForEachDelimiter(const char* text, std::size_t from, std::size_t length, 
     const MUByteMasks masks = left >= MU_SCAN_WIDTH ? MUExamineBytes(text + from)
                                                     : MUExamineBytesOneByOne(text + from, left);
     std::uint32_t delimiters = masks.tabs | masks.lineFeeds;
-    for (std::size_t position = from; delimiters != 0; delimiters >>= 1, ++position) {
-      while (!(delimiters & 1)) {
-        delimiters >>= 1;
-        ++position;
-      }
-      take(position);
+    for (; delimiters != 0; delimiters &= delimiters - 1) {
+      take(from + static_cast<std::size_t>(__builtin_ctz(delimiters)));
     }
     from += MU_SCAN_WIDTH;
   }

@@ -104,9 +104,15 @@ void TranslateControlChars(wxString& text) {
   const auto wide = text.wc_str();
   const wchar_t* begin = wide;
   const wchar_t* end = begin + text.length();
-  if (std::none_of(begin, end, MUIsControlCharacter<wchar_t>)) return;
+  const wchar_t* control = std::find_if(begin, end, MUIsControlCharacter<wchar_t>);
+  if (control == end) return;
   std::wstring visible;
-  MUAppendVisibly(begin, end, visible);
+  while (control != end) {
+    visible.append(begin, control);
+    begin = MUAppendVisibleForm(control, end, visible);
+    control = std::find_if(begin, end, MUIsControlCharacter<wchar_t>);
+  }
+  visible.append(begin, end);
   text = wxString(visible.data(), visible.size());
 }
 
