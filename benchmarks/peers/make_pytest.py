@@ -13,6 +13,8 @@ def read_columns(path):
     """The columns of a data file, left to right, as pairs of a name of two lines and a list of cells."""
     with open(path, encoding="utf-8") as file:
         lines = [line.rstrip("\\n") for line in file]
+    if len(lines) < 7:
+        return []
     upper, lower = lines[4].split("\\t"), lines[5].split("\\t")
     rows = [line.split("\\t") for line in lines[6:]]
     count = max(len(upper), len(lower), max(len(row) for row in rows))
