@@ -42,13 +42,21 @@ def ratio(work, base, factor=1.0):
     return lambda results: results.time(work) / results.time(base) / factor
 
 
+SIZES = ("1e4", "1e5", "1e6", "1e7")
+
+
 def growth(cost):
-    """The largest cost of a row over the smallest table's. cost takes the results and a table's name."""
+    """The dearest row of all sizes over that of the smallest. cost takes the results and a benchmark's name."""
 
     def spread(results):
-        names = [name for name in ("grow/1e4", "grow/1e5", "grow/1e6", "grow/1e7") if name in results.times]
-        costs = [cost(results, name) for name in names]
-        return max(costs) / costs[0]
+        costs = []
+        for size in SIZES:
+            try:
+                costs.append(cost(results, f"grow/{size}"))
+            except KeyError:
+                break
+        note = "" if len(costs) == len(SIZES) else f" (measured to {SIZES[len(costs) - 1]} rows only)"
+        return max(costs) / costs[0], note
 
     return spread
 
@@ -111,12 +119,14 @@ def comparison(title, rows, results):
     lines = [f"| {title} | measured | goal | |", "|---|---|---|---|"]
     for work, measure, goal in rows:
         try:
-            value = measure(results)
-        except (KeyError, IndexError):
+            value, note = measure(results), ""
+            if isinstance(value, tuple):
+                value, note = value
+        except (KeyError, ValueError):  # nothing of that name, or no size at all
             lines.append(f"| {work} | not measured | {number(goal) if goal else ''} | |")
             continue
         verdict = "" if goal is None else "ahead" if value <= goal else "**behind**"
-        lines.append(f"| {work} | {number(value)} | {number(goal) if goal else 'none'} | {verdict} |")
+        lines.append(f"| {work}{note} | {number(value)} | {number(goal) if goal else 'none'} | {verdict} |")
     return lines
 
 
