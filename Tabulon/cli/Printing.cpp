@@ -63,8 +63,10 @@ class TablePrinter {
   void Measure() {
     for (int column = 0; column < m_columnCount; ++column) {
       const wxString name = m_window.table.GetColumnNameText(column);
-      m_firstHeadings.push_back(Harmless(name.BeforeFirst(wxT('\n'))));
-      m_secondHeadings.push_back(OnOneLine(name.AfterFirst(wxT('\n'))));
+      // A code-value column has no cell in the first heading row.
+      const bool below = m_window.table.IsColumnCodeValColulmn(name);
+      m_firstHeadings.push_back(below ? wxString() : Harmless(name.BeforeFirst(wxT('\n'))));
+      m_secondHeadings.push_back(OnOneLine(below ? name : name.AfterFirst(wxT('\n'))));
       m_widths.push_back(
           std::max(DisplayWidth(m_firstHeadings.back()), DisplayWidth(m_secondHeadings.back())));
     }

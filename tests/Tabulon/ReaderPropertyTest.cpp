@@ -30,6 +30,7 @@ const Alphabet ALPHABETS[] = {
     {"ASCII with lone CR", {"a", "b", "17"}, {"\r\n", "\n", "\r"}},
     {"lone CR alone", {"a", "b", "17"}, {"\r"}},
     {"control characters", {"a", "\x1b", "[", "@", "_", "\x01", "\x1f", "\x7f", "12"}, {"\n"}},
+    {"zero bytes", {"a", std::string(1, '\0'), "\x1b", "@", "12"}, {"\n", "\r\n"}},
     {"UTF-8", {"a", "\xc3\xa4", "\xe2\x82\xac", "\xf0\x9f\x98\x80", "\xc2\x85", "\xc2\x9f", "9"}, {"\n", "\r\n"}},
     {"Latin-1", {"a", "\xe4", "\xfc", "\x85", "\xff", "9"}, {"\n"}},
 };
@@ -183,7 +184,7 @@ TEST_P(RandomFiles, GiveWhatTheNaiveReadersGive) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Alphabets, RandomFiles, testing::Range(0, 8));
+INSTANTIATE_TEST_SUITE_P(Alphabets, RandomFiles, testing::Range(0, 9));
 
 // The same content once as plain ASCII and once, with a byte-order mark, on the way through the
 // library's own lines.

@@ -1,33 +1,15 @@
 #include "tests/Tabulon/TableTestSupport.h"
 
-#include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <regex>
 
 namespace Tests {
 
-TemporaryFolder::TemporaryFolder() {
-  std::string pattern = (std::filesystem::temp_directory_path() / "table-XXXXXX").string();
-  if (mkdtemp(pattern.data()) == nullptr) ADD_FAILURE() << "no temporary folder";
-  m_folder = pattern;
-}
-
-TemporaryFolder::~TemporaryFolder() {
-  std::error_code ignored;
-  std::filesystem::remove_all(m_folder, ignored);
-}
-
 wxString TemporaryFolder::PathOf(const std::string& name) const {
-  return wxString::FromUTF8(m_folder + "/" + name);
+  return wxString::FromUTF8(m_folder / name);
 }
 
 wxString TemporaryFolder::Write(const std::string& name, const std::string& bytes) const {
-  std::ofstream file(m_folder + "/" + name, std::ios::binary);
-  file << bytes;
-  if (!file) ADD_FAILURE() << "cannot write " << name;
+  WriteFile(m_folder / name, bytes);
   return PathOf(name);
 }
 

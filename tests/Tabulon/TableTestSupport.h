@@ -10,6 +10,7 @@
 
 #include "Tabulon/src/MUExperimentTextReaderMultiFile.h"
 #include "Tabulon/src/MUInterfaceStatusTextPrinterManager.h"
+#include "tests/support/Files.h"
 
 namespace Tests {
 
@@ -19,11 +20,6 @@ using Cells = std::vector<std::vector<std::string>>;
 // A folder of its own for each test, removed with everything in it.
 class TemporaryFolder {
  public:
-  TemporaryFolder();
-  ~TemporaryFolder();
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
   // The full path of a file of that name, there or not.
   wxString PathOf(const std::string& name) const;
   // Writes the bytes as they are.
@@ -33,7 +29,7 @@ class TemporaryFolder {
                      const Cells& rows) const;
 
  private:
-  std::string m_folder;
+  ScratchFolder m_folder;
 };
 
 // Four header lines, two heading rows, one line per row; a column's two heading cells are joined by a line
