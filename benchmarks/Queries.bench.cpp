@@ -1,0 +1,59 @@
+// Queries of the table of two hundred files. "first" is the first question after loading; "again" is the
+// same question once more after the cached answers, and nothing else, were dropped.
+#include <string>
+#include <vector>
+
+#include "Tabulon/src/MUExperimentTextReaderMultiFile.h"
+#include "benchmarks/DataFileMaker.h"
+#include "benchmarks/ManyRows.h"
+
+namespace {
+
+using namespace Bench;
+
+void RegisterQuery(const std::string& kind, const std::function<void(Table&)>& query) {
+  RegisterOnFreshTable("query/first/" + kind, query);
+  RegisterOnFreshTable("query/again/" + kind, query, [=](Table& table) {
+    query(table);
+    table.EraseCachesOfQueries();
+  });
+}
+
+void Distinct(Table& table, const wxString& column) {
+  std::vector<wxString> values;
+  table.SelectDistinctPerColumn(column, values, Table::ALL_ROWS, false);
+  benchmark::DoNotOptimize(values.data());
+}
+
+const bool registered = [] {
+  RegisterQuery("distinct_few", [](Table& table) { Distinct(table, FEW_VALUES); });
+  RegisterQuery("distinct_many", [](Table& table) { Distinct(table, MANY_VALUES); });
+  RegisterQuery("where", [](Table& table) {
+    benchmark::DoNotOptimize(table.GetAllFromCol_X_WhereField_Y_Matches_Z(MANY_VALUES, FEW_VALUES,
+                                                                          ONE_OF_FEW_VALUES, true));
+  });
+  const auto sort = [](Table& table) { table.SetSortColumn(FEW_VALUES, false); };
+  RegisterOnFreshTable(
+      "query/first/read_column",
+      [](Table& table) { benchmark::DoNotOptimize(ReadColumn(table, MANY_VALUES)); }, sort);
+  RegisterOnFreshTable(
+      "query/first/read_column_as_texts",
+      [](Table& table) { benchmark::DoNotOptimize(ReadColumnAsTexts(table, MANY_VALUES)); }, sort);
+
+  RegisterOnDuckDb("query/duckdb/distinct_few", [](DuckDb& database) {
+    database.SumOfLengths("SELECT DISTINCT Condition FROM t");
+  });
+  RegisterOnDuckDb("query/duckdb/distinct_many", [](DuckDb& database) {
+    database.SumOfLengths("SELECT DISTINCT Stimulus FROM t");
+  });
+  RegisterOnDuckDb("query/duckdb/where", [](DuckDb& database) {
+    database.SumOfLengths("SELECT Stimulus FROM t WHERE Condition = 'condition_07'");
+  });
+  RegisterOnDuckDb(
+      "query/duckdb/read_column",
+      [](DuckDb& database) { database.SumOfLengths("SELECT Stimulus FROM sorted"); },
+      "CREATE TABLE IF NOT EXISTS sorted AS SELECT * FROM t ORDER BY Condition, rowid");
+  return true;
+}();
+
+}  // namespace

@@ -1,0 +1,94 @@
+#include "benchmarks/TableWork.h"
+
+#include <wx/textfile.h>
+
+#include <cstdlib>
+#include <deque>
+#include <iostream>
+
+#include "Tabulon/src/MUExperimentTextReaderMultiFile.h"
+#include "Tabulon/src/MUSingleRowDataPlusRowProperties.h"
+
+namespace Bench {
+namespace {
+
+void Require(bool condition, const std::filesystem::path& file) {
+  if (condition) return;
+  std::cerr << file.string() << ": was not loaded" << std::endl;
+  std::exit(1);
+}
+
+}  // namespace
+
+wxString TextOf(const std::filesystem::path& path) { return wxString::FromUTF8(path.c_str()); }
+
+void OpenAlone(const Files& files) {
+  for (const std::filesystem::path& path : files) {
+    wxTextFile file;
+    Require(file.Open(TextOf(path), wxConvAuto()), path);
+  }
+}
+
+std::unique_ptr<Table> LoadOne(const std::filesystem::path& file, wxFile* openFile) {
+  auto table = std::make_unique<Table>(nullptr);
+  Require(table->AddExperimentOcurrence_SimulateIdleLoop_UsedWhenNoTabulonWindowIsShown(
+              wxFileName(TextOf(file)), false, openFile),
+          file);
+  return table;
+}
+
+std::unique_ptr<Table> LoadBatch(const Files& files) {
+  auto table = std::make_unique<Table>(nullptr);
+  std::deque<DichotomousFileRequest> requests;
+  for (const std::filesystem::path& file : files) {
+    DichotomousFileRequest request;
+    request.m_fullFileName = TextOf(file);
+    request.m_wanted = true;
+    requests.push_back(request);
+  }
+  table->SimultaneousFileRequestsAddAndRemove(requests);
+  table->OnIdle();
+  Require(table->GetNamesOfActiveFiles().size() == files.size(), files.front());
+  return table;
+}
+
+std::unique_ptr<Table> LoadNotified(const Files& files) {
+  auto table = std::make_unique<Table>(nullptr);
+  for (const std::filesystem::path& file : files) {
+    Require(table->AddExperimentOcurrence_SimulateIdleLoop_UsedWhenNoTabulonWindowIsShown(
+                wxFileName(TextOf(file)), false, nullptr),
+            file);
+  }
+  return table;
+}
+
+std::size_t ReadColumn(const Table& table, const wxString& column) {
+  std::size_t length = 0;
+  const MUDataFileBlock* block = nullptr;
+  std::size_t position = MUDataFileBlock::NOT_FOUND;
+  const auto rows = static_cast<unsigned long>(table.GetNumberOfDataRows());
+  for (unsigned long index = 0; index < rows; ++index) {
+    const auto* const row =
+        table.GetRowByRowIndexAndVisibilityFilter(index, Table::ONLY_FULLY_SHOWN_ROWS);
+    if (row->HasOverlay() || row->Block() == nullptr) {
+      length += row->m_cells.ValueOrDefault(column).length();
+      continue;
+    }
+    if (row->Block() != block) {
+      block = row->Block();
+      position = block->PositionOf(column);
+    }
+    length += row->CellAt(position).Length();
+  }
+  return length;
+}
+
+std::size_t ReadColumnAsTexts(const Table& table, const wxString& column) {
+  std::size_t length = 0;
+  const int position = table.GetColumnPositionNumberFromText(column);
+  const int rows = table.GetNumberOfDataRows();
+  for (int row = 0; row < rows; ++row) length += table.GetDataCellValue(row, position).length();
+  return length;
+}
+
+}  // namespace Bench

@@ -1,0 +1,167 @@
+"""make_table.py RESULTS [DOCUMENT]: turns the results of one run of scripts/bench into tables.
+
+RESULTS is the folder with the JSON results of the benchmark programs, counts.txt and machine.txt. The tables are printed,
+and replace what stands between the two marks of the document. A result that is missing is shown as not measured.
+"""
+import json
+import math
+import pathlib
+import re
+import statistics
+import sys
+
+BEGIN, END = "<!-- measured: begin -->", "<!-- measured: end -->"
+
+
+class Results:
+    """The rounds of every benchmark: milliseconds, and the counters beside them."""
+
+    def __init__(self, folder):
+        self.times, self.counters = {}, {}
+        for file in sorted(folder.glob("*.json")):
+            for run in json.loads(file.read_text())["benchmarks"]:
+                if run["run_type"] != "iteration":
+                    continue
+                name = re.sub(r"/(iterations|repeats):\d+|/manual_time", "", run["run_name"])
+                if run.get("error_occurred"):
+                    sys.exit(f"{name}: {run['error_message']}")
+                scale = {"ns": 1e-6, "us": 1e-3, "ms": 1, "s": 1e3}[run["time_unit"]]
+                self.times.setdefault(name, []).append(run["real_time"] * scale)
+                for counter, number in run.items():
+                    if isinstance(number, (int, float)):
+                        self.counters.setdefault((name, counter), []).append(number)
+
+    def time(self, name):
+        return statistics.median(self.times[name])
+
+    def counter(self, name, counter):
+        return statistics.median(self.counters[name, counter])
+
+
+def ratio(work, base, factor=1.0):
+    return lambda results: results.time(work) / results.time(base) / factor
+
+
+SIZES = ("1e4", "1e5", "1e6", "1e7")
+
+
+def growth(cost):
+    """The dearest row of all sizes over that of the smallest. cost takes the results and a benchmark's name."""
+
+    def spread(results):
+        costs = []
+        for size in SIZES:
+            try:
+                costs.append(cost(results, f"grow/{size}"))
+            except KeyError:
+                break
+        note = "" if len(costs) == len(SIZES) else f" (measured to {SIZES[len(costs) - 1]} rows only)"
+        return max(costs) / costs[0], note
+
+    return spread
+
+
+def load_cost(results, name):
+    return results.time(name) / results.counter(name, "rows")
+
+
+def sort_cost(counter):
+    def cost(results, name):
+        rows = results.counter(name, "rows")
+        return results.counter(name, counter) / (rows * math.log2(rows))
+
+    return cost
+
+
+GOALS = [
+    ("load 1 MiB ASCII, warm, through the table, notification included / `wxTextFile::Open`",
+     ratio("load/ascii", "open/ascii"), 0.25),
+    ("the same, peak memory, bytes per byte",
+     lambda results: results.counter("peak-memory-load", "bytes_per_byte"), 3.5),
+    ("load 200 x 256 KiB, one batch, fresh process / the opens alone", ratio("load-batch", "open-files"), 0.30),
+    ("load 200 x 256 KiB, one batch, fresh process / DuckDB", ratio("load-batch", "load-duckdb"), 1 / 5),
+    ("sort by text, few values / DuckDB", ratio("sort/first/few", "sort/duckdb/few"), 1),
+    ("sort by text, many values / DuckDB", ratio("sort/first/many", "sort/duckdb/many"), 1),
+    ("sort by text, 30-character texts / DuckDB", ratio("sort/first/long", "sort/duckdb/long"), 1),
+    ("sort by reaction time / DuckDB", ratio("sort/first/reaction_time", "sort/duckdb/reaction_time"), 1),
+    ("distinct of few values / DuckDB", ratio("query/first/distinct_few", "query/duckdb/distinct_few"), 1),
+    ("distinct of many values / DuckDB", ratio("query/first/distinct_many", "query/duckdb/distinct_many"), 3),
+    ("where / DuckDB", ratio("query/first/where", "query/duckdb/where"), 3),
+    ("read a column after a sort / DuckDB", ratio("query/first/read_column", "query/duckdb/read_column"), 3),
+    ("200 notified loads / one batch", ratio("load-notified", "load-batch"), 1.2),
+    ("68 samples through the plug-in, process start included / the same comparisons as pytest with `--junitxml`",
+     ratio("samples/plugin", "samples/pytest"), 1 / 12),
+    ("growth of the load's time per row, 10^4 to 10^7 rows: dearest / 10^4", growth(load_cost), 1.5),
+    ("growth of a sort by few values, time per n log n: dearest / 10^4",
+     growth(sort_cost("sort_few_seconds")), 1.5),
+    ("growth of a sort by many values, time per n log n: dearest / 10^4",
+     growth(sort_cost("sort_many_seconds")), 1.5),
+]
+
+BOUNDS = [
+    ("load UTF-8 with a few accents / `wxTextFile::Open`", ratio("load/utf8", "open/utf8"), 2),
+    ("load Latin-1 / `wxTextFile::Open`", ratio("load/latin1", "open/latin1"), 2),
+    ("load UTF-16 / `wxTextFile::Open`", ratio("load/utf16", "open/utf16"), 2),
+    ("load with control characters in cells / `wxTextFile::Open`", ratio("load/control", "open/control"), 2),
+    ("load through the in-memory reader / `wxTextFile::Open`", ratio("load/in_memory", "open/ascii"), 0.25),
+    ("start of the plug-in and first report beyond wx, ms", lambda results: results.time("start-plugin"), 5),
+    ("report of 100,000 results in one suite, ms", lambda results: results.time("Report/100000"), 100),
+    ("report: time per result at 100,000 / at 10,000", ratio("Report/100000", "Report/10000", 10), 1.5),
+    ("load 200 x 256 KiB, one batch, fresh process / pandas", ratio("load-batch", "load-pandas"), None),
+]
+
+
+def number(value):
+    return f"{value:.3g}" if value < 100 else f"{value:,.0f}"
+
+
+def comparison(title, rows, results):
+    lines = [f"| {title} | measured | goal | |", "|---|---|---|---|"]
+    for work, measure, goal in rows:
+        try:
+            value, note = measure(results), ""
+            if isinstance(value, tuple):
+                value, note = value
+        except (KeyError, ValueError):  # nothing of that name, or no size at all
+            lines.append(f"| {work} | not measured | {number(goal) if goal else ''} | |")
+            continue
+        verdict = "" if goal is None else "ahead" if value <= goal else "**behind**"
+        lines.append(f"| {work}{note} | {number(value)} | {number(goal) if goal else 'none'} | {verdict} |")
+    return lines
+
+
+def medians(results):
+    lines = ["| benchmark | median, ms | quartiles, ms | rounds |", "|---|---|---|---|"]
+    for name, times in sorted(results.times.items()):
+        low, _, high = statistics.quantiles(times, n=4) if len(times) > 1 else times * 3
+        lines.append(f"| {name} | {number(statistics.median(times))} | {number(low)} to {number(high)} | {len(times)} |")
+    for (name, counter), values in sorted(results.counters.items()):
+        if re.fullmatch(r"(sort|load|report).*_seconds", counter):
+            values = [value * 1000 for value in values]
+            low, _, high = statistics.quantiles(values, n=4) if len(values) > 1 else values * 3
+            lines.append(f"| {name}: {counter[:-8]} | {number(statistics.median(values))} | {number(low)} to "
+                         f"{number(high)} | {len(values)} |")
+    return lines
+
+
+def main():
+    folder = pathlib.Path(sys.argv[1])
+    results = Results(folder)
+    machine = (folder / "machine.txt").read_text().splitlines()
+    counts = [line.split() for line in (folder / "counts.txt").read_text().splitlines()]
+    lines = ["## The machine", ""] + [f"- {line}" for line in machine]
+    lines += ["", "## Goals", ""] + comparison("work", GOALS, results)
+    lines += ["", "## Bounds beside the goals", ""] + comparison("work", BOUNDS, results)
+    lines += ["", "## Instructions", "", "| work | instructions |", "|---|---|"]
+    lines += [f"| {name} | {int(count):,} |" for name, count in counts]
+    lines += ["", "## All medians", ""] + medians(results)
+    text = "\n".join(lines)
+    print(text)
+    if len(sys.argv) > 2:
+        document = pathlib.Path(sys.argv[2])
+        before, rest = document.read_text().split(BEGIN)
+        after = rest.split(END)[1]
+        document.write_text(f"{before}{BEGIN}\n{text}\n{END}{after}")
+
+
+main()
