@@ -14,6 +14,23 @@ namespace {
 
 const int TIME_OF_EVERY_TEST = 999;
 
+// The entry's text moves into the array; entry is empty afterwards.
+void AddEntry(wxArrayString& lines, wxString& entry) {
+  lines.Add(wxEmptyString);
+  lines.Last().swap(entry);
+}
+
+wxString DecimalText(std::uint32_t number) {
+  wxChar digits[10];
+  wxChar* const end = digits + 10;
+  wxChar* first = end;
+  do {
+    *--first = static_cast<wxChar>(wxT('0') + number % 10);
+    number /= 10;
+  } while (number != 0);
+  return wxString(first, static_cast<size_t>(end - first));
+}
+
 // wxWidgets logging is silenced for the life of one operation when a human watches.
 std::unique_ptr<wxLogNull> SilenceUnless(bool unattended) {
   return unattended ? nullptr : std::make_unique<wxLogNull>();
@@ -25,6 +42,7 @@ ConcreteFakeJUnitPrinter::ConcreteFakeJUnitPrinter(const wxString& fileBaseName,
                                                    const wxString& subDirectory,
                                                    bool renameUnconditionally)
     : m_perTestTime(TIME_OF_EVERY_TEST),
+      m_perTestTimeText(wxString::Format(wxT("%d"), TIME_OF_EVERY_TEST)),
       m_closedTests(0),
       m_openTests(0),
       m_closedFailures(0),
@@ -67,9 +85,9 @@ void ConcreteFakeJUnitPrinter::NewTestSuite(const wxString& suiteName) {
 
 void ConcreteFakeJUnitPrinter::AddPassingTestResult(const wxString& testName) {
   ++m_openTests;
-  m_openSuiteLines.Add(
-      wxString::Format(wxT("        <testcase name=\"%s\" status=\"run\" time=\"%d\" />"),
-                       NumberedTestName(testName), m_perTestTime));
+  wxString entry = StartOfEntry(testName, testName.length() + 70);
+  entry.append(wxT("\" />"));
+  AddEntry(m_openSuiteLines, entry);
 }
 
 void ConcreteFakeJUnitPrinter::AddFailingTestResult(const wxString& testName,
@@ -85,13 +103,13 @@ void ConcreteFakeJUnitPrinter::AddFailingTestResult(const wxString& testName,
   }
   ++m_openTests;
   ++m_openFailures;
-  m_openSuiteLines.Add(
-      wxString::Format(wxT("        <testcase name=\"%s\" status=\"run\" time=\"%d\" >\n"
-                           "        <failure message=\"%s\" type=\"\">\n\n"
-                           " <![CDATA[%s\n%s]]>\n\n"
-                           "</failure>\n"
-                           "</testcase>"),
-                       NumberedTestName(testName), m_perTestTime, subject, location, message));
+  wxString entry = StartOfEntry(
+      testName, testName.length() + subject.length() + location.length() + message.length() + 160);
+  entry.append(wxT("\" >\n        <failure message=\"")).append(subject);
+  entry.append(wxT("\" type=\"\">\n\n <![CDATA[")).append(location);
+  entry.append(wxT("\n")).append(message);
+  entry.append(wxT("]]>\n\n</failure>\n</testcase>"));
+  AddEntry(m_openSuiteLines, entry);
 }
 
 bool ConcreteFakeJUnitPrinter::PreviousFlagFilesWereFound(const wxString& directory) {
@@ -130,8 +148,17 @@ wxString ConcreteFakeJUnitPrinter::NameForOurFinalResultsFile() const {
   return m_directory + m_fileBaseName + wxT("_") + m_processIdText + wxT(".xml");
 }
 
-wxString ConcreteFakeJUnitPrinter::NumberedTestName(const wxString& testName) const {
-  return wxString::Format(wxT("test%03u"), m_openTests + m_closedTests) + testName;
+wxString ConcreteFakeJUnitPrinter::StartOfEntry(const wxString& testName,
+                                                size_t length) const {
+  // Appended and not formatted: a report may hold very many results.
+  wxString entry;
+  entry.reserve(length);
+  entry.append(wxT("        <testcase name=\"test"));
+  const wxString number = DecimalText(m_openTests + m_closedTests);
+  if (number.length() < 3) entry.append(3 - number.length(), wxT('0'));
+  entry.append(number).append(testName);
+  entry.append(wxT("\" status=\"run\" time=\"")).append(m_perTestTimeText);
+  return entry;
 }
 
 int ConcreteFakeJUnitPrinter::TimeOf(std::uint32_t tests) const {
@@ -145,9 +172,9 @@ void ConcreteFakeJUnitPrinter::CloseTheCurrentSuite() {
   m_openSuiteLines[0] = wxString::Format(
       wxT("    <testsuite name=\"%s\" tests=\"%u\" failures=\"%u\" disabled=\"0\" errors=\"0\" "
           "time=\"%d\">"),
-      m_openSuiteName, m_openTests, m_openFailures, static_cast<int>(m_openTests) * m_perTestTime);
+      m_openSuiteName, m_openTests, m_openFailures, TimeOf(m_openTests));
   m_openSuiteLines.Add(wxT("    </testsuite>"));
-  for (const wxString& line : m_openSuiteLines) m_reportLines.Add(line);
+  for (wxString& line : m_openSuiteLines) AddEntry(m_reportLines, line);
   m_openTests = 0;
   m_openFailures = 0;
   m_openSuiteLines.Clear();
@@ -176,7 +203,10 @@ void ConcreteFakeJUnitPrinter::FlushFileAndSaveToFinalDestination() {
 
 void ConcreteFakeJUnitPrinter::PrintArrayIntoFile(wxTextFile* file) {
   file->Clear();
-  for (const wxString& line : m_reportLines) file->AddLine(line);
+  for (wxString& line : m_reportLines) {
+    file->AddLine(wxEmptyString);
+    file->GetLine(file->GetLineCount() - 1).swap(line);
+  }
   m_arrayPrinted = true;
 }
 

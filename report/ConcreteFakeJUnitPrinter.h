@@ -40,7 +40,8 @@ class ConcreteFakeJUnitPrinter : public FakeJUnitPrinter {
   void CreateNewFileOnDisk(const wxString& path);
   wxString ExpectedNameOfPreexistingFile() const;
   wxString NameForOurFinalResultsFile() const;
-  wxString NumberedTestName(const wxString& testName) const;
+  // An entry up to its time, with room for length characters in all.
+  wxString StartOfEntry(const wxString& testName, size_t length) const;
   int TimeOf(std::uint32_t tests) const;
   void CloseTheCurrentSuite();
   void FinalizeTheTotalContentOfOurArray();
@@ -48,6 +49,7 @@ class ConcreteFakeJUnitPrinter : public FakeJUnitPrinter {
   void PrintArrayIntoFile(wxTextFile* file);
 
   int m_perTestTime;
+  wxString m_perTestTimeText;
   std::uint32_t m_closedTests;
   std::uint32_t m_openTests;
   std::uint32_t m_closedFailures;
