@@ -11,6 +11,7 @@
 #include <utility>
 
 class MURowText;
+struct MUSingleRowDataPlusRowProperties;
 
 enum class MURowMapKind { CELLS, HASH01, HASH02, HASH03, TEXT_FITS_IN_HASH };
 
@@ -41,7 +42,7 @@ struct MURowOverlays {
 // into the row when it is first asked for, also by the const operations. ValueOrDefault, count, size
 // and empty copy nothing; prefer them, and the row's CellAt, where many rows are read.
 //
-// It has no data of its own and works only as the member of a row.
+// It has no data of its own and works only as the member of a row, which alone can make or copy it.
 template <MURowMapKind KIND>
 class MURowMap {
  public:
@@ -115,6 +116,11 @@ class MURowMap {
   mapped_type ValueOrDefault(const wxString& key) const;
 
  private:
+  friend struct MUSingleRowDataPlusRowProperties;
+  MURowMap() = default;
+  MURowMap(const MURowMap&) = default;
+  MURowMap& operator=(const MURowMap&) = default;
+
   using Overlay = MURowOverlay<mapped_type>;
 
   const MURowText& Text() const;
