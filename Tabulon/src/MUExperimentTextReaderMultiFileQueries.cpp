@@ -1,5 +1,6 @@
 // Searches and selections, and what is kept of them.
 #include <algorithm>
+#include <cstdint>
 #include <memory>
 #include <unordered_set>
 
@@ -12,11 +13,23 @@
 #include "Tabulon/src/MUQueryKeys.h"
 #include "Tabulon/src/MURowIndexInserters.h"
 #include "Tabulon/src/MUSingleRowDataPlusRowProperties.h"
+#include "Tabulon/src/MUTrimmedText.h"
 
 namespace {
 
 using Row = MUSingleRowDataPlusRowProperties;
 using Key = MUCachingKeySelectedData;
+
+// The same number for the same characters, however wide they are stored.
+struct CellTextHash {
+  std::size_t operator()(const MUCellText& text) const {
+    std::uint64_t hash = 14695981039346656037u;
+    for (std::size_t i = 0; i < text.Length(); ++i) {
+      hash = (hash ^ static_cast<std::uint64_t>(text[i])) * 1099511628211u;
+    }
+    return static_cast<std::size_t>(hash);
+  }
+};
 
 // The cached answer, or else the one that ask() gives, which then is cached.
 template <typename ANSWER, typename ASK>
@@ -266,14 +279,13 @@ void MUExperimentTextReaderMultiFile::SelectDistinctPerColumn(const wxString& co
                                                               TARGETED_ROW_SEARCH_SET set, bool trim) {
   values = Remembered(m_cacheStringSelects, MUQueryKeys::DistinctValues(column, set, trim), [&] {
     std::vector<wxString> distinct;
-    std::unordered_set<wxString, wxStringHash> seen;
+    std::unordered_set<MUCellText, CellTextHash> seen;
     MUColumnReader cells(column);
     const RowKeys* keys = KeysOfSet(set);
     if (keys == nullptr || set == CALLER_GIVEN_ROWS) return distinct;
     ForEachRow(*keys, m_rows, [&](const Row* row) {
-      wxString text = cells.TextOf(*row).ToString();
-      if (trim) text.Trim(true).Trim(false);
-      if (seen.insert(text).second) distinct.push_back(text);
+      const MUCellText text = trim ? TrimmedText(cells.TextOf(*row)) : cells.TextOf(*row);
+      if (seen.insert(text).second) distinct.push_back(text.ToString());
     });
     return distinct;
   });

@@ -12,21 +12,13 @@
 #include "Tabulon/src/MUInterfaceExperimentDataFileInputReader.h"
 #include "Tabulon/src/MUSingleRowDataPlusRowProperties.h"
 #include "Tabulon/src/MUTableEvents.h"
+#include "Tabulon/src/MUTrimmedText.h"
 
 namespace {
 
 constexpr unsigned CELLS_PER_SLICE = 2000;
 // Guards against a search that does not get on; never reached.
 constexpr unsigned long COLUMN_STEPS_PER_SLICE = 99999999;
-
-bool IsWhitespaceOnly(const MUCellText& text) {
-  // wxString::Trim decides what counts as a blank: its rule leaves out most of what lies beyond ASCII.
-  if (text.IsEmpty()) return true;
-  for (std::size_t i = 0; i < text.Length(); ++i) {
-    if (text[i] > 32 && text[i] < 127) return false;
-  }
-  return text.ToString().Trim(false).empty();
-}
 
 wxString LeftTrimmed(const wxString& text) {
   wxString trimmed(text);
@@ -154,7 +146,7 @@ void MUExperimentTextReaderMultiFile::PerformOneTimesliceOfEmptyColumnSearch() {
       if (row == nullptr) continue;
       ++examined;
       const MUCellText text = cells.TextOf(*row);
-      textFound = TRIM_WHITESPACE_DURING_EMPTYSEARCH ? !IsWhitespaceOnly(text) : !text.IsEmpty();
+      textFound = !(TRIM_WHITESPACE_DURING_EMPTYSEARCH ? TrimmedText(text) : text).IsEmpty();
     }
     // A column that the budget cut short stays as it was and is taken up again at its next row.
     if (!textFound && m_emptySearchRow < keys.size()) return;

@@ -6,6 +6,7 @@
 
 #include "Tabulon/src/MUCachingKeySelectedData.h"
 #include "Tabulon/src/MUColumnNamePlusProperties.h"
+#include "Tabulon/src/MUColumnReader.h"
 #include "Tabulon/src/MUFileFlags.h"
 #include "Tabulon/src/MUFlagTests.h"
 #include "Tabulon/src/MUPropertyFlags.h"
@@ -14,6 +15,7 @@
 #include "Tabulon/src/MURowStore.h"
 #include "Tabulon/src/MUSingleRowDataPlusRowProperties.h"
 #include "Tabulon/src/MUTableEvents.h"
+#include "Tabulon/src/MUTrimmedText.h"
 #include "Tabulon/src/TriStateTrueFalseUnknown.h"
 
 namespace {
@@ -191,6 +193,21 @@ TEST(FlagTests, AskForAllForNoneAndForBoth) {
   EXPECT_TRUE(HasAllFlagsAndNone(5, 1, 2));
   EXPECT_FALSE(HasAllFlagsAndNone(7, 1, 2));
   EXPECT_FALSE(HasAllFlagsAndNone(4, 1, 2));
+}
+
+TEST(TrimmedText, LeavesWhatTheLibrarysTrimmingLeaves) {
+  for (wchar_t character = 0; character < 0x3100; ++character) {
+    const wxString blank(character);
+    for (const wxString& text : {blank, blank + wxT("a"), wxT("a") + blank, blank + wxT("a b") + blank + blank}) {
+      wxString expected(text);
+      expected.Trim(true).Trim(false);
+      EXPECT_EQ(TrimmedText(MUColumnReader::ViewOf(text)).ToString(), expected) << static_cast<int>(character);
+    }
+  }
+  const std::string narrow = " \ta b  ";
+  EXPECT_EQ(TrimmedText(MUCellText(narrow.data(), narrow.size())).ToString(), wxT("a b"));
+  EXPECT_TRUE(TrimmedText(MUCellText(narrow.data(), 2)).IsEmpty());
+  EXPECT_TRUE(TrimmedText(MUCellText()).IsEmpty());
 }
 
 MUColumnNamePlusProperties ColumnOf(std::initializer_list<FileStatusStruct> files) {
