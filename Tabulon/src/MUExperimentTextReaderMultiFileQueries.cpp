@@ -143,10 +143,20 @@ MUExperimentTextReaderMultiFile::FindColumnInformationWherePropertyFlagIsAbsent(
   return columns;
 }
 
+// Each key once: a viewer may ask the same question at every repaint without any flag ever changing.
+void MUExperimentTextReaderMultiFile::NoteRedFlagDependence(const MUCachingKeySelectedData& key,
+                                                            unsigned flags) const {
+  if ((flags & MU_ROW_FLAG_RED_FLAG) == 0) return;
+  const bool known =
+      std::any_of(m_redFlagDependentKeys.begin(), m_redFlagDependentKeys.end(),
+                  [&key](const MUCachingKeySelectedData& noted) { return noted.Equals(key); });
+  if (!known) m_redFlagDependentKeys.push_back(key);
+}
+
 std::list<unsigned long> MUExperimentTextReaderMultiFile::FindCurrentRowIndicesByPropertyFlag(
     unsigned flags, TARGETED_ROW_SEARCH_SET set) const {
   const Key key = MUQueryKeys::RowsByFlag(flags, set);
-  if ((flags & MU_ROW_FLAG_RED_FLAG) != 0) m_redFlagDependentKeys.push_back(key);
+  NoteRedFlagDependence(key, flags);
   return Remembered(m_cacheRowIndicesByFlags, key, [&] {
     return IndicesOfRows(set, m_activeRowKeys, *m_currentShownRowKeys, m_rows,
                          [=](unsigned has) { return HasAllFlags(has, flags); });
@@ -156,7 +166,7 @@ std::list<unsigned long> MUExperimentTextReaderMultiFile::FindCurrentRowIndicesB
 std::list<unsigned long> MUExperimentTextReaderMultiFile::FindCurrentRowIndicesWherePropertyFlagIsAbsent(
     unsigned flags, TARGETED_ROW_SEARCH_SET set) const {
   const Key key = MUQueryKeys::RowsByAbsentFlag(flags, set);
-  if ((flags & MU_ROW_FLAG_RED_FLAG) != 0) m_redFlagDependentKeys.push_back(key);
+  NoteRedFlagDependence(key, flags);
   return Remembered(m_cacheRowIndicesByFlags, key, [&] {
     return IndicesOfRows(set, m_activeRowKeys, *m_currentShownRowKeys, m_rows,
                          [=](unsigned has) { return HasNoFlag(has, flags); });
@@ -166,7 +176,7 @@ std::list<unsigned long> MUExperimentTextReaderMultiFile::FindCurrentRowIndicesW
 std::list<unsigned long> MUExperimentTextReaderMultiFile::FindCurrentRowIndicesHavingFlagsX_andAbsentFlagsY(
     unsigned x, unsigned y) const {
   const Key key = MUQueryKeys::RowsByFlagAndAbsentFlag(x, y);
-  if (((x | y) & MU_ROW_FLAG_RED_FLAG) != 0) m_redFlagDependentKeys.push_back(key);
+  NoteRedFlagDependence(key, x | y);
   return Remembered(m_cacheRowIndicesByFlags, key, [&] {
     // A deleted row still counts a place: the list of keys is as frozen as the caller's indices are.
     RowIndexList indices;

@@ -246,22 +246,22 @@ TEST(FileFlags, AColumnWithoutAFileIsSuppressedAndStaysSo) {
   EXPECT_EQ(column.m_columnPropertyFlags, 8u);
   UnsuppressColumnForFiles(column, {wxT("/a")});
   EXPECT_EQ(column.m_columnPropertyFlags, 8u);
-  HideOrShowBasedOnMultipleFileRequests(column, {Request(wxT("/a"), true)});
+  HideOrShowBasedOnMultipleFileRequests(column, LastDecisions({Request(wxT("/a"), true)}));
   EXPECT_EQ(column.m_columnPropertyFlags, 8u);
 }
 
 TEST(FileFlags, TheLastOfTwoRequestsDecidesForAColumn) {
   MUColumnNamePlusProperties column = ColumnOf({{wxT("/a"), 0}});
-  HideOrShowBasedOnMultipleFileRequests(column, {Request(wxT("/a"), true), Request(wxT("/a"), false)});
+  HideOrShowBasedOnMultipleFileRequests(column, LastDecisions({Request(wxT("/a"), true), Request(wxT("/a"), false)}));
   EXPECT_EQ(column.m_columnPropertyFlags, 8u);
-  HideOrShowBasedOnMultipleFileRequests(column, {Request(wxT("/a"), false), Request(wxT("/a"), true)});
+  HideOrShowBasedOnMultipleFileRequests(column, LastDecisions({Request(wxT("/a"), false), Request(wxT("/a"), true)}));
   EXPECT_EQ(column.m_columnPropertyFlags, 0u);
 }
 
 TEST(FileFlags, ABatchThatDoesNotNameTheFilesSettlesTheFlagAllTheSame) {
   MUColumnNamePlusProperties column = ColumnOf({{wxT("/a"), 0}});
   column.m_columnPropertyFlags = 8;
-  HideOrShowBasedOnMultipleFileRequests(column, {});
+  HideOrShowBasedOnMultipleFileRequests(column, LastDecisions({}));
   EXPECT_EQ(column.m_columnPropertyFlags, 0u);
 }
 
@@ -270,9 +270,9 @@ TEST(FileFlags, TheFirstOfTwoRequestsDecidesForARow) {
                                                         Request(wxT("/a"), true)};
   const std::deque<DichotomousFileRequest> onThenOff = {Request(wxT("/a"), true),
                                                         Request(wxT("/a"), false)};
-  EXPECT_EQ(ApplyEnMasseShowOrHideUsingDichotomousFileRequest(96, wxT("/a"), offThenOn), 104u);
-  EXPECT_EQ(ApplyEnMasseShowOrHideUsingDichotomousFileRequest(104, wxT("/a"), onThenOff), 96u);
-  EXPECT_EQ(ApplyEnMasseShowOrHideUsingDichotomousFileRequest(104, wxT("/b"), onThenOff), 104u);
+  EXPECT_EQ(ApplyEnMasseShowOrHideUsingDichotomousFileRequest(96, FirstRequestFor(wxT("/a"), offThenOn)), 104u);
+  EXPECT_EQ(ApplyEnMasseShowOrHideUsingDichotomousFileRequest(104, FirstRequestFor(wxT("/a"), onThenOff)), 96u);
+  EXPECT_EQ(ApplyEnMasseShowOrHideUsingDichotomousFileRequest(104, FirstRequestFor(wxT("/b"), onThenOff)), 104u);
 }
 
 }  // namespace
