@@ -260,6 +260,7 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
   bool SortColumnHasAnActiveFile() const;
   void ForgetRowOrder();
   // Queries
+  void NoteRedFlagDependence(const MUCachingKeySelectedData& key, unsigned flags) const;
   const RowIndexList* InternalFindCurrentRowIndicesMatchingRowTruthPredicate(
       MUInterfaceRowTruthDecider* decider, TARGETED_ROW_SEARCH_SET set, unsigned long first,
       unsigned long last);

@@ -80,7 +80,8 @@ void MUExperimentTextReaderMultiFile::MergeNewHeadingsWithOldHeadings(
 
 void MUExperimentTextReaderMultiFile::UnsuppressColumnsBasedOnMultipleFileNames(
     const std::deque<wxString>& fullNames) {
-  for (MUColumnNamePlusProperties* column : m_columns) UnsuppressColumnForFiles(*column, fullNames);
+  const MUFileNames names(fullNames.begin(), fullNames.end());
+  for (MUColumnNamePlusProperties* column : m_columns) UnsuppressColumnForFiles(*column, names);
 }
 
 void MUExperimentTextReaderMultiFile::MaintainRunningListOfExperimentFiles(const wxString& fullName,

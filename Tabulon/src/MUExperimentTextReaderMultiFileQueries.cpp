@@ -1,5 +1,6 @@
 // Searches and selections, and what is kept of them.
 #include <algorithm>
+#include <cstdint>
 #include <memory>
 #include <unordered_set>
 
@@ -12,11 +13,23 @@
 #include "Tabulon/src/MUQueryKeys.h"
 #include "Tabulon/src/MURowIndexInserters.h"
 #include "Tabulon/src/MUSingleRowDataPlusRowProperties.h"
+#include "Tabulon/src/MUTrimmedText.h"
 
 namespace {
 
 using Row = MUSingleRowDataPlusRowProperties;
 using Key = MUCachingKeySelectedData;
+
+// The same number for the same characters, however wide they are stored.
+struct CellTextHash {
+  std::size_t operator()(const MUCellText& text) const {
+    std::uint64_t hash = 14695981039346656037u;
+    for (std::size_t i = 0; i < text.Length(); ++i) {
+      hash = (hash ^ static_cast<std::uint64_t>(text[i])) * 1099511628211u;
+    }
+    return static_cast<std::size_t>(hash);
+  }
+};
 
 // The cached answer, or else the one that ask() gives, which then is cached.
 template <typename ANSWER, typename ASK>
@@ -130,10 +143,20 @@ MUExperimentTextReaderMultiFile::FindColumnInformationWherePropertyFlagIsAbsent(
   return columns;
 }
 
+// Each key once: a viewer may ask the same question at every repaint without any flag ever changing.
+void MUExperimentTextReaderMultiFile::NoteRedFlagDependence(const MUCachingKeySelectedData& key,
+                                                            unsigned flags) const {
+  if ((flags & MU_ROW_FLAG_RED_FLAG) == 0) return;
+  const bool known =
+      std::any_of(m_redFlagDependentKeys.begin(), m_redFlagDependentKeys.end(),
+                  [&key](const MUCachingKeySelectedData& noted) { return noted.Equals(key); });
+  if (!known) m_redFlagDependentKeys.push_back(key);
+}
+
 std::list<unsigned long> MUExperimentTextReaderMultiFile::FindCurrentRowIndicesByPropertyFlag(
     unsigned flags, TARGETED_ROW_SEARCH_SET set) const {
   const Key key = MUQueryKeys::RowsByFlag(flags, set);
-  if ((flags & MU_ROW_FLAG_RED_FLAG) != 0) m_redFlagDependentKeys.push_back(key);
+  NoteRedFlagDependence(key, flags);
   return Remembered(m_cacheRowIndicesByFlags, key, [&] {
     return IndicesOfRows(set, m_activeRowKeys, *m_currentShownRowKeys, m_rows,
                          [=](unsigned has) { return HasAllFlags(has, flags); });
@@ -143,7 +166,7 @@ std::list<unsigned long> MUExperimentTextReaderMultiFile::FindCurrentRowIndicesB
 std::list<unsigned long> MUExperimentTextReaderMultiFile::FindCurrentRowIndicesWherePropertyFlagIsAbsent(
     unsigned flags, TARGETED_ROW_SEARCH_SET set) const {
   const Key key = MUQueryKeys::RowsByAbsentFlag(flags, set);
-  if ((flags & MU_ROW_FLAG_RED_FLAG) != 0) m_redFlagDependentKeys.push_back(key);
+  NoteRedFlagDependence(key, flags);
   return Remembered(m_cacheRowIndicesByFlags, key, [&] {
     return IndicesOfRows(set, m_activeRowKeys, *m_currentShownRowKeys, m_rows,
                          [=](unsigned has) { return HasNoFlag(has, flags); });
@@ -153,7 +176,7 @@ std::list<unsigned long> MUExperimentTextReaderMultiFile::FindCurrentRowIndicesW
 std::list<unsigned long> MUExperimentTextReaderMultiFile::FindCurrentRowIndicesHavingFlagsX_andAbsentFlagsY(
     unsigned x, unsigned y) const {
   const Key key = MUQueryKeys::RowsByFlagAndAbsentFlag(x, y);
-  if (((x | y) & MU_ROW_FLAG_RED_FLAG) != 0) m_redFlagDependentKeys.push_back(key);
+  NoteRedFlagDependence(key, x | y);
   return Remembered(m_cacheRowIndicesByFlags, key, [&] {
     // A deleted row still counts a place: the list of keys is as frozen as the caller's indices are.
     RowIndexList indices;
@@ -266,14 +289,13 @@ void MUExperimentTextReaderMultiFile::SelectDistinctPerColumn(const wxString& co
                                                               TARGETED_ROW_SEARCH_SET set, bool trim) {
   values = Remembered(m_cacheStringSelects, MUQueryKeys::DistinctValues(column, set, trim), [&] {
     std::vector<wxString> distinct;
-    std::unordered_set<wxString, wxStringHash> seen;
+    std::unordered_set<MUCellText, CellTextHash> seen;
     MUColumnReader cells(column);
     const RowKeys* keys = KeysOfSet(set);
     if (keys == nullptr || set == CALLER_GIVEN_ROWS) return distinct;
     ForEachRow(*keys, m_rows, [&](const Row* row) {
-      wxString text = cells.TextOf(*row).ToString();
-      if (trim) text.Trim(true).Trim(false);
-      if (seen.insert(text).second) distinct.push_back(text);
+      const MUCellText text = trim ? TrimmedText(cells.TextOf(*row)) : cells.TextOf(*row);
+      if (seen.insert(text).second) distinct.push_back(text.ToString());
     });
     return distinct;
   });

@@ -12,21 +12,13 @@
 #include "Tabulon/src/MUInterfaceExperimentDataFileInputReader.h"
 #include "Tabulon/src/MUSingleRowDataPlusRowProperties.h"
 #include "Tabulon/src/MUTableEvents.h"
+#include "Tabulon/src/MUTrimmedText.h"
 
 namespace {
 
 constexpr unsigned CELLS_PER_SLICE = 2000;
 // Guards against a search that does not get on; never reached.
 constexpr unsigned long COLUMN_STEPS_PER_SLICE = 99999999;
-
-bool IsWhitespaceOnly(const MUCellText& text) {
-  // wxString::Trim decides what counts as a blank: its rule leaves out most of what lies beyond ASCII.
-  if (text.IsEmpty()) return true;
-  for (std::size_t i = 0; i < text.Length(); ++i) {
-    if (text[i] > 32 && text[i] < 127) return false;
-  }
-  return text.ToString().Trim(false).empty();
-}
 
 wxString LeftTrimmed(const wxString& text) {
   wxString trimmed(text);
@@ -43,15 +35,20 @@ int LastEqualPlace(const LIST& current, const LIST& previous) {
   return static_cast<int>(firstDifference - current.begin()) - 1;
 }
 
-// Calls action(row, full name of its file) for every row, making one text per file and not per row.
-template <typename ROWS, typename ACTION>
-void ForEachRowWithItsFile(const ROWS& rows, ACTION action) {
+// Calls decide(full name of the file) and then apply(row, decision) for the rows of the file that follow
+// each other: a decision is made once per file and not once per row.
+template <typename ROWS, typename DECIDE, typename APPLY>
+void ForEachRowByFile(const ROWS& rows, DECIDE decide, APPLY apply) {
   MUColumnReader files(MUInterfaceExperimentDataFileInputReader::STRING_FOR_FILENAME_SECRET_COL);
   wxString fullName;
+  auto decision = decide(fullName);
   for (const auto& entry : rows) {
     const MUCellText text = files.TextOf(*entry.second);
-    if (!text.Equals(fullName)) fullName = text.ToString();
-    action(*entry.second, fullName);
+    if (!text.Equals(fullName)) {
+      fullName = text.ToString();
+      decision = decide(fullName);
+    }
+    apply(*entry.second, decision);
   }
 }
 
@@ -66,10 +63,12 @@ void MUExperimentTextReaderMultiFile::HideOneSingleRowPerArbitraryUserRequest(un
 }
 
 void MUExperimentTextReaderMultiFile::RemoveUserDesignatedRowHiddennessBasedOnCurrentlyActiveFiles() {
-  ForEachRowWithItsFile(m_rows, [this](MUSingleRowDataPlusRowProperties& row, const wxString& fullName) {
-    if ((row.m_rowPropertyFlags & MU_ROW_FLAG_HIDDEN_BY_USER) == 0) return;
+  const auto isActive = [this](const wxString& fullName) {
     const auto file = m_files.find(fullName);
-    if (file != m_files.end() && file->second) row.m_rowPropertyFlags &= ~MU_ROW_FLAG_HIDDEN_BY_USER;
+    return file != m_files.end() && file->second;
+  };
+  ForEachRowByFile(m_rows, isActive, [](MUSingleRowDataPlusRowProperties& row, bool active) {
+    if (active) row.m_rowPropertyFlags &= ~MU_ROW_FLAG_HIDDEN_BY_USER;
   });
   NotifyMyObservers();
 }
@@ -90,22 +89,28 @@ void MUExperimentTextReaderMultiFile::UnhideOneSingleColumnPerArbitraryUserReque
 
 void MUExperimentTextReaderMultiFile::SimultaneousColumnsSuppressAndUnsuppress(
     const std::deque<DichotomousFileRequest>& requests) {
+  const MUFileDecisions decisions = LastDecisions(requests);
   for (MUColumnNamePlusProperties* column : m_columns) {
-    HideOrShowBasedOnMultipleFileRequests(*column, requests);
+    HideOrShowBasedOnMultipleFileRequests(*column, decisions);
   }
 }
 
 void MUExperimentTextReaderMultiFile::SimultaneousRowsSuppressAndUnsuppress(
     const std::deque<DichotomousFileRequest>& requests) {
-  ForEachRowWithItsFile(m_rows, [&](MUSingleRowDataPlusRowProperties& row, const wxString& fullName) {
-    row.m_rowPropertyFlags =
-        ApplyEnMasseShowOrHideUsingDichotomousFileRequest(row.m_rowPropertyFlags, fullName, requests);
-  });
+  const auto requestFor = [&requests](const wxString& fullName) {
+    return FirstRequestFor(fullName, requests);
+  };
+  ForEachRowByFile(m_rows, requestFor,
+                   [](MUSingleRowDataPlusRowProperties& row, const DichotomousFileRequest* request) {
+                     row.m_rowPropertyFlags = ApplyEnMasseShowOrHideUsingDichotomousFileRequest(
+                         row.m_rowPropertyFlags, request);
+                   });
 }
 
 void MUExperimentTextReaderMultiFile::SuppressColumnsBasedOnMultipleFileNames(
     const std::deque<wxString>& fullNames) {
-  for (MUColumnNamePlusProperties* column : m_columns) SuppressColumnForFiles(*column, fullNames);
+  const MUFileNames names(fullNames.begin(), fullNames.end());
+  for (MUColumnNamePlusProperties* column : m_columns) SuppressColumnForFiles(*column, names);
 }
 
 void MUExperimentTextReaderMultiFile::HideEmptyColumnsBasedOnCurrentlyShownRows() {
@@ -154,7 +159,7 @@ void MUExperimentTextReaderMultiFile::PerformOneTimesliceOfEmptyColumnSearch() {
       if (row == nullptr) continue;
       ++examined;
       const MUCellText text = cells.TextOf(*row);
-      textFound = TRIM_WHITESPACE_DURING_EMPTYSEARCH ? !IsWhitespaceOnly(text) : !text.IsEmpty();
+      textFound = !(TRIM_WHITESPACE_DURING_EMPTYSEARCH ? TrimmedText(text) : text).IsEmpty();
     }
     // A column that the budget cut short stays as it was and is taken up again at its next row.
     if (!textFound && m_emptySearchRow < keys.size()) return;

@@ -7,10 +7,6 @@
 
 namespace {
 
-bool IsIn(const std::deque<wxString>& names, const wxString& name) {
-  return std::find(names.begin(), names.end(), name) != names.end();
-}
-
 bool AllSharesSuppressed(const MUColumnNamePlusProperties& column) {
   return std::all_of(column.m_fileStatuses.begin(), column.m_fileStatuses.end(),
                      [](const FileStatusStruct& status) { return status.m_suppressed == 1; });
@@ -18,28 +14,35 @@ bool AllSharesSuppressed(const MUColumnNamePlusProperties& column) {
 
 }  // namespace
 
-void UnsuppressColumnForFiles(MUColumnNamePlusProperties& column, const std::deque<wxString>& fullNames) {
+void UnsuppressColumnForFiles(MUColumnNamePlusProperties& column, const MUFileNames& fullNames) {
   if (column.m_fileStatuses.empty()) return;
   for (FileStatusStruct& status : column.m_fileStatuses) {
-    if (IsIn(fullNames, status.m_fullFileName)) status.m_suppressed = 0;
+    if (fullNames.count(status.m_fullFileName) != 0) status.m_suppressed = 0;
   }
   if (!AllSharesSuppressed(column)) column.m_columnPropertyFlags &= ~MU_COL_FLAG_SUPPRESSED_BY_FILE;
 }
 
-void SuppressColumnForFiles(MUColumnNamePlusProperties& column, const std::deque<wxString>& fullNames) {
+void SuppressColumnForFiles(MUColumnNamePlusProperties& column, const MUFileNames& fullNames) {
   for (FileStatusStruct& status : column.m_fileStatuses) {
-    if (IsIn(fullNames, status.m_fullFileName)) status.m_suppressed = 1;
+    if (fullNames.count(status.m_fullFileName) != 0) status.m_suppressed = 1;
   }
   // True also where there is no share at all.
   if (AllSharesSuppressed(column)) column.m_columnPropertyFlags |= MU_COL_FLAG_SUPPRESSED_BY_FILE;
 }
 
+MUFileDecisions LastDecisions(const std::deque<DichotomousFileRequest>& requests) {
+  MUFileDecisions decisions;
+  for (const DichotomousFileRequest& request : requests) {
+    decisions[request.m_fullFileName] = request.m_wanted;
+  }
+  return decisions;
+}
+
 void HideOrShowBasedOnMultipleFileRequests(MUColumnNamePlusProperties& column,
-                                           const std::deque<DichotomousFileRequest>& requests) {
+                                           const MUFileDecisions& decisions) {
   for (FileStatusStruct& status : column.m_fileStatuses) {
-    for (const DichotomousFileRequest& request : requests) {
-      if (request.m_fullFileName == status.m_fullFileName) status.m_suppressed = request.m_wanted ? 0 : 1;
-    }
+    const auto decision = decisions.find(status.m_fullFileName);
+    if (decision != decisions.end()) status.m_suppressed = decision->second ? 0 : 1;
   }
   if (AllSharesSuppressed(column)) {
     column.m_columnPropertyFlags |= MU_COL_FLAG_SUPPRESSED_BY_FILE;
@@ -48,14 +51,17 @@ void HideOrShowBasedOnMultipleFileRequests(MUColumnNamePlusProperties& column,
   }
 }
 
-unsigned ApplyEnMasseShowOrHideUsingDichotomousFileRequest(
-    unsigned rowFlags, const wxString& fullNameOfRow,
-    const std::deque<DichotomousFileRequest>& requests) {
-  const auto first =
-      std::find_if(requests.begin(), requests.end(), [&](const DichotomousFileRequest& request) {
-        return request.m_fullFileName == fullNameOfRow;
-      });
-  if (first == requests.end()) return rowFlags;
-  return first->m_wanted ? rowFlags & ~MU_ROW_FLAG_SUPPRESSED_BY_FILE
-                         : rowFlags | MU_ROW_FLAG_SUPPRESSED_BY_FILE;
+const DichotomousFileRequest* FirstRequestFor(const wxString& fullName,
+                                              const std::deque<DichotomousFileRequest>& requests) {
+  for (const DichotomousFileRequest& request : requests) {
+    if (request.m_fullFileName == fullName) return &request;
+  }
+  return nullptr;
+}
+
+unsigned ApplyEnMasseShowOrHideUsingDichotomousFileRequest(unsigned rowFlags,
+                                                           const DichotomousFileRequest* request) {
+  if (request == nullptr) return rowFlags;
+  return request->m_wanted ? rowFlags & ~MU_ROW_FLAG_SUPPRESSED_BY_FILE
+                           : rowFlags | MU_ROW_FLAG_SUPPRESSED_BY_FILE;
 }

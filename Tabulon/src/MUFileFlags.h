@@ -3,25 +3,37 @@
 #ifndef TABULON_SRC_MUFILEFLAGS_H
 #define TABULON_SRC_MUFILEFLAGS_H
 
+#include <wx/hashmap.h>
 #include <wx/string.h>
 
 #include <deque>
+#include <unordered_map>
+#include <unordered_set>
 
 #include "Tabulon/src/DichotomousFileRequest.h"
 
 struct MUColumnNamePlusProperties;
 
+using MUFileNames = std::unordered_set<wxString, wxStringHash>;
+using MUFileDecisions = std::unordered_map<wxString, bool, wxStringHash>;
+
 // The column's share of the named files is live again. A column that then has a live share is no longer
 // suppressed; one without any file is left alone.
-void UnsuppressColumnForFiles(MUColumnNamePlusProperties& column, const std::deque<wxString>& fullNames);
+void UnsuppressColumnForFiles(MUColumnNamePlusProperties& column, const MUFileNames& fullNames);
 // The opposite; a column without any file counts as suppressed.
-void SuppressColumnForFiles(MUColumnNamePlusProperties& column, const std::deque<wxString>& fullNames);
-// Of two requests for one file the last decides. The column is suppressed if all of its files are, or if
-// it has none, and only then.
+void SuppressColumnForFiles(MUColumnNamePlusProperties& column, const MUFileNames& fullNames);
+
+// What each named file is wanted to be. Of two requests for one file the last decides.
+MUFileDecisions LastDecisions(const std::deque<DichotomousFileRequest>& requests);
+// The column is suppressed if all of its files are, or if it has none, and only then.
 void HideOrShowBasedOnMultipleFileRequests(MUColumnNamePlusProperties& column,
-                                           const std::deque<DichotomousFileRequest>& requests);
-// The row flags that a row of that file has after the requests, the first of which for its file decides.
-unsigned ApplyEnMasseShowOrHideUsingDichotomousFileRequest(
-    unsigned rowFlags, const wxString& fullNameOfRow, const std::deque<DichotomousFileRequest>& requests);
+                                           const MUFileDecisions& decisions);
+
+// For rows the first request for their file decides, unlike for columns. Borrowed; null if there is none.
+const DichotomousFileRequest* FirstRequestFor(const wxString& fullName,
+                                              const std::deque<DichotomousFileRequest>& requests);
+// The flags that a row has after that request.
+unsigned ApplyEnMasseShowOrHideUsingDichotomousFileRequest(unsigned rowFlags,
+                                                           const DichotomousFileRequest* request);
 
 #endif

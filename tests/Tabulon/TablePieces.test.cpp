@@ -6,6 +6,7 @@
 
 #include "Tabulon/src/MUCachingKeySelectedData.h"
 #include "Tabulon/src/MUColumnNamePlusProperties.h"
+#include "Tabulon/src/MUColumnReader.h"
 #include "Tabulon/src/MUFileFlags.h"
 #include "Tabulon/src/MUFlagTests.h"
 #include "Tabulon/src/MUPropertyFlags.h"
@@ -14,6 +15,7 @@
 #include "Tabulon/src/MURowStore.h"
 #include "Tabulon/src/MUSingleRowDataPlusRowProperties.h"
 #include "Tabulon/src/MUTableEvents.h"
+#include "Tabulon/src/MUTrimmedText.h"
 #include "Tabulon/src/TriStateTrueFalseUnknown.h"
 
 namespace {
@@ -193,6 +195,21 @@ TEST(FlagTests, AskForAllForNoneAndForBoth) {
   EXPECT_FALSE(HasAllFlagsAndNone(4, 1, 2));
 }
 
+TEST(TrimmedText, LeavesWhatTheLibrarysTrimmingLeaves) {
+  for (wchar_t character = 0; character < 0x3100; ++character) {
+    const wxString blank(character);
+    for (const wxString& text : {blank, blank + wxT("a"), wxT("a") + blank, blank + wxT("a b") + blank + blank}) {
+      wxString expected(text);
+      expected.Trim(true).Trim(false);
+      EXPECT_EQ(TrimmedText(MUColumnReader::ViewOf(text)).ToString(), expected) << static_cast<int>(character);
+    }
+  }
+  const std::string narrow = " \ta b  ";
+  EXPECT_EQ(TrimmedText(MUCellText(narrow.data(), narrow.size())).ToString(), wxT("a b"));
+  EXPECT_TRUE(TrimmedText(MUCellText(narrow.data(), 2)).IsEmpty());
+  EXPECT_TRUE(TrimmedText(MUCellText()).IsEmpty());
+}
+
 MUColumnNamePlusProperties ColumnOf(std::initializer_list<FileStatusStruct> files) {
   MUColumnNamePlusProperties column;
   column.m_fileStatuses.assign(files);
@@ -229,22 +246,22 @@ TEST(FileFlags, AColumnWithoutAFileIsSuppressedAndStaysSo) {
   EXPECT_EQ(column.m_columnPropertyFlags, 8u);
   UnsuppressColumnForFiles(column, {wxT("/a")});
   EXPECT_EQ(column.m_columnPropertyFlags, 8u);
-  HideOrShowBasedOnMultipleFileRequests(column, {Request(wxT("/a"), true)});
+  HideOrShowBasedOnMultipleFileRequests(column, LastDecisions({Request(wxT("/a"), true)}));
   EXPECT_EQ(column.m_columnPropertyFlags, 8u);
 }
 
 TEST(FileFlags, TheLastOfTwoRequestsDecidesForAColumn) {
   MUColumnNamePlusProperties column = ColumnOf({{wxT("/a"), 0}});
-  HideOrShowBasedOnMultipleFileRequests(column, {Request(wxT("/a"), true), Request(wxT("/a"), false)});
+  HideOrShowBasedOnMultipleFileRequests(column, LastDecisions({Request(wxT("/a"), true), Request(wxT("/a"), false)}));
   EXPECT_EQ(column.m_columnPropertyFlags, 8u);
-  HideOrShowBasedOnMultipleFileRequests(column, {Request(wxT("/a"), false), Request(wxT("/a"), true)});
+  HideOrShowBasedOnMultipleFileRequests(column, LastDecisions({Request(wxT("/a"), false), Request(wxT("/a"), true)}));
   EXPECT_EQ(column.m_columnPropertyFlags, 0u);
 }
 
 TEST(FileFlags, ABatchThatDoesNotNameTheFilesSettlesTheFlagAllTheSame) {
   MUColumnNamePlusProperties column = ColumnOf({{wxT("/a"), 0}});
   column.m_columnPropertyFlags = 8;
-  HideOrShowBasedOnMultipleFileRequests(column, {});
+  HideOrShowBasedOnMultipleFileRequests(column, LastDecisions({}));
   EXPECT_EQ(column.m_columnPropertyFlags, 0u);
 }
 
@@ -253,9 +270,9 @@ TEST(FileFlags, TheFirstOfTwoRequestsDecidesForARow) {
                                                         Request(wxT("/a"), true)};
   const std::deque<DichotomousFileRequest> onThenOff = {Request(wxT("/a"), true),
                                                         Request(wxT("/a"), false)};
-  EXPECT_EQ(ApplyEnMasseShowOrHideUsingDichotomousFileRequest(96, wxT("/a"), offThenOn), 104u);
-  EXPECT_EQ(ApplyEnMasseShowOrHideUsingDichotomousFileRequest(104, wxT("/a"), onThenOff), 96u);
-  EXPECT_EQ(ApplyEnMasseShowOrHideUsingDichotomousFileRequest(104, wxT("/b"), onThenOff), 104u);
+  EXPECT_EQ(ApplyEnMasseShowOrHideUsingDichotomousFileRequest(96, FirstRequestFor(wxT("/a"), offThenOn)), 104u);
+  EXPECT_EQ(ApplyEnMasseShowOrHideUsingDichotomousFileRequest(104, FirstRequestFor(wxT("/a"), onThenOff)), 96u);
+  EXPECT_EQ(ApplyEnMasseShowOrHideUsingDichotomousFileRequest(104, FirstRequestFor(wxT("/b"), onThenOff)), 104u);
 }
 
 }  // namespace

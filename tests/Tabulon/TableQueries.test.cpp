@@ -473,11 +473,11 @@ TEST_F(CacheEvents, ToggledAndClearedRedFlagsDoSoToo) {
   EXPECT_EQ(Dropped(), byRedFlag);
 }
 
-TEST_F(CacheEvents, AHitIsNotedForTheRedFlagToo) {
+TEST_F(CacheEvents, WhatDependsOnTheRedFlagIsNotedOnce) {
   table.ClearRowRedFlagCacheMemory();
   Ask();
   Ask();
-  EXPECT_EQ(table.m_redFlagDependentKeys.size(), 8u);
+  EXPECT_EQ(table.m_redFlagDependentKeys.size(), 4u);
   table.ClearRowRedFlagCacheMemory();
   EXPECT_TRUE(table.m_redFlagDependentKeys.empty());
 }
