@@ -200,10 +200,13 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
   virtual bool CheckColumnForFlagBits(const wxString& name, unsigned int bits) const;   // life
 
  protected:
-  using RowKeys = std::deque<unsigned long>;
+  using RowKeys = std::vector<unsigned long>;
   using RowIndexList = std::list<unsigned long>;
 
-  // For a derived viewer that hooks the steps. What queries write is mutable.
+  // For a derived viewer that hooks the steps. What queries write is mutable. A viewer that changes flags of
+  // rows or takes rows out by itself calls RowsChangedOtherwiseThanByArrival, or the next notification may
+  // only append what arrived.
+  void RowsChangedOtherwiseThanByArrival() { m_unsortedOrder.m_stands = false; }
   const RowIndexList m_emptyIndexList;  // the answer of a predicate search without rows to search
   std::deque<MUColumnNamePlusProperties*> m_columns;  // in display order; owned
   MURowStore m_rows;                                  // the rows are owned
@@ -259,6 +262,7 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
   const RowKeys* KeysOfSet(TARGETED_ROW_SEARCH_SET set) const;
   bool SortColumnHasAnActiveFile() const;
   void ForgetRowOrder();
+  bool UnsortedOrderOnlyGrew() const;
   // Queries
   void NoteRedFlagDependence(const MUCachingKeySelectedData& key, unsigned flags) const;
   const RowIndexList* InternalFindCurrentRowIndicesMatchingRowTruthPredicate(
@@ -273,6 +277,16 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
   void DeleteColumnsWithoutFile();
 
   mutable MUCellPositions m_cellPositions;  // of the current names
+  // The lists of keys in load order as they were last made. While rows only arrive, a notification appends.
+  struct UnsortedOrder {
+    bool m_stands = false;
+    unsigned long m_nextKey = 0;               // rows from this key on are in no list yet
+    const RowKeys* m_shownKeys = nullptr;      // the buffer that holds the shown ones
+    RowKeys::size_type m_shownKeyCount = 0;    // how many it held
+  };
+  UnsortedOrder m_unsortedOrder;
+  // Somebody outside holds records of rows and may change their flags at any time.
+  mutable bool m_rowRecordsWereHandedOut = false;
 };
 
 #endif

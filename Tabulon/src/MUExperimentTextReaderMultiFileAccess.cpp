@@ -14,8 +14,19 @@ std::size_t Place(int index) { return static_cast<std::size_t>(index); }
 }  // namespace
 
 void MUExperimentTextReaderMultiFile::ResetKeysIntoCurrentRowsAll() {
-  ForgetRowOrder();
-  for (const auto& [key, row] : m_rows) {
+  if (UnsortedOrderOnlyGrew()) {
+    if (m_unsortedOrder.m_shownKeys != m_currentShownRowKeys) {
+      *m_currentShownRowKeys = *m_unsortedOrder.m_shownKeys;
+    }
+  } else {
+    ForgetRowOrder();
+    m_unsortedOrder.m_nextKey = 0;
+    m_allRowKeys.reserve(m_rows.size());
+    m_activeRowKeys.reserve(m_rows.size());
+    m_currentShownRowKeys->reserve(m_rows.size());
+  }
+  for (auto place = m_rows.from(m_unsortedOrder.m_nextKey); place != m_rows.end(); ++place) {
+    const auto [key, row] = *place;
     row->m_indexAmongAllRows = m_allRowKeys.size();
     m_allRowKeys.push_back(key);
     if ((row->m_rowPropertyFlags & MU_INACTIVE_MASK) != 0) continue;
@@ -25,6 +36,16 @@ void MUExperimentTextReaderMultiFile::ResetKeysIntoCurrentRowsAll() {
     row->m_indexAmongShownRows = m_currentShownRowKeys->size();
     m_currentShownRowKeys->push_back(key);
   }
+  m_unsortedOrder.m_stands = true;
+  m_unsortedOrder.m_nextKey = m_nextRowKey;
+  m_unsortedOrder.m_shownKeys = m_currentShownRowKeys;
+  m_unsortedOrder.m_shownKeyCount = m_currentShownRowKeys->size();
+}
+
+// Whether the lists of keys are those of load order, complete but for rows that have arrived since.
+bool MUExperimentTextReaderMultiFile::UnsortedOrderOnlyGrew() const {
+  return m_unsortedOrder.m_stands && !m_rowRecordsWereHandedOut &&
+         m_unsortedOrder.m_shownKeys->size() == m_unsortedOrder.m_shownKeyCount;
 }
 
 void MUExperimentTextReaderMultiFile::EraseAllCachedStatefulOptimizedStoredData() {
@@ -45,6 +66,7 @@ void MUExperimentTextReaderMultiFile::EraseAllCachedStatefulOptimizedStoredData(
 }
 
 void MUExperimentTextReaderMultiFile::ForgetRowOrder() {
+  m_unsortedOrder.m_stands = false;
   m_currentShownRowKeys->clear();
   m_allRowKeys.clear();
   m_activeRowKeys.clear();
@@ -114,6 +136,7 @@ std::vector<wxString>* MUExperimentTextReaderMultiFile::GetNamesOfAllCurrentlyDi
 MUSingleRowDataPlusRowProperties* MUExperimentTextReaderMultiFile::GetRowByRowIndexAndVisibilityFilter(
     unsigned long index, TARGETED_ROW_SEARCH_SET set) const {
   if (set == CALLER_GIVEN_ROWS) return nullptr;
+  m_rowRecordsWereHandedOut = true;
   const RowKeys* keys = KeysOfSet(set);
   return keys != nullptr && index < keys->size() ? m_rows.find((*keys)[index]) : nullptr;
 }

@@ -118,7 +118,10 @@ void MUExperimentTextReaderMultiFile::IdleTimeProcessAllNotifications() {
   IterateThroughTheNotificationLoops();
 
   if (m_shownRowCount == 0 && m_shownColumnCount == 0) m_emptySearchFinished = true;
-  if (m_allRowKeys.empty()) m_nextRowKey = 0;
+  if (m_allRowKeys.empty()) {
+    m_nextRowKey = 0;
+    RowsChangedOtherwiseThanByArrival();
+  }
   if (m_statusPrinter != nullptr) AddPendingEvent(wxCommandEvent(wxEVT_COMMAND_REFRESH_REQUEST));
 }
 

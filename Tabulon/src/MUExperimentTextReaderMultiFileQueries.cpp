@@ -42,7 +42,7 @@ ANSWER Remembered(std::map<Key, ANSWER>& cache, const Key& key, ASK ask) {
 // Calls action for the rows behind the keys, in their order. A row that has been deleted since the keys
 // were frozen is left out.
 template <typename ACTION>
-void ForEachRow(const std::deque<unsigned long>& keys, const MURowStore& rows, ACTION action) {
+void ForEachRow(const std::vector<unsigned long>& keys, const MURowStore& rows, ACTION action) {
   for (const unsigned long key : keys) {
     if (Row* row = rows.find(key)) action(row);
   }
@@ -59,8 +59,8 @@ std::deque<wxString> NamesOfColumns(const std::deque<MUColumnNamePlusProperties*
 
 template <typename TEST>
 std::list<unsigned long> IndicesOfRows(MUInterfaceMultiExperimentDataSource::TARGETED_ROW_SEARCH_SET set,
-                                       const std::deque<unsigned long>& activeKeys,
-                                       const std::deque<unsigned long>& shownKeys, const MURowStore& rows,
+                                       const std::vector<unsigned long>& activeKeys,
+                                       const std::vector<unsigned long>& shownKeys, const MURowStore& rows,
                                        TEST test) {
   std::list<unsigned long> indices;
   const auto copyIfTestHolds = [&test](auto inserter) {
@@ -250,6 +250,7 @@ MUExperimentTextReaderMultiFile::InternalFindCurrentRowIndicesMatchingRowTruthPr
   }
 
   auto found = std::make_unique<RowIndexList>();
+  m_rowRecordsWereHandedOut = true;
   const RowKeys& keys = *KeysOfSet(set);
   for (unsigned long place = first; place <= last; ++place) {
     Row* row = m_rows.find(keys[place]);

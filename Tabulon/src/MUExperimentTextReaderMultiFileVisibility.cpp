@@ -59,6 +59,7 @@ void MUExperimentTextReaderMultiFile::HideOneSingleRowPerArbitraryUserRequest(un
     MUSingleRowDataPlusRowProperties* row = m_rows.find((*m_currentShownRowKeys)[shownRow]);
     if (row != nullptr) row->m_rowPropertyFlags |= MU_ROW_FLAG_HIDDEN_BY_USER;
   }
+  RowsChangedOtherwiseThanByArrival();
   NotifyMyObservers();
 }
 
@@ -70,6 +71,7 @@ void MUExperimentTextReaderMultiFile::RemoveUserDesignatedRowHiddennessBasedOnCu
   ForEachRowByFile(m_rows, isActive, [](MUSingleRowDataPlusRowProperties& row, bool active) {
     if (active) row.m_rowPropertyFlags &= ~MU_ROW_FLAG_HIDDEN_BY_USER;
   });
+  RowsChangedOtherwiseThanByArrival();
   NotifyMyObservers();
 }
 
@@ -105,6 +107,7 @@ void MUExperimentTextReaderMultiFile::SimultaneousRowsSuppressAndUnsuppress(
                      row.m_rowPropertyFlags = ApplyEnMasseShowOrHideUsingDichotomousFileRequest(
                          row.m_rowPropertyFlags, request);
                    });
+  RowsChangedOtherwiseThanByArrival();
 }
 
 void MUExperimentTextReaderMultiFile::SuppressColumnsBasedOnMultipleFileNames(
@@ -246,6 +249,7 @@ bool MUExperimentTextReaderMultiFile::DeleteAllRows_WhereField_Y_Matches_Anythin
   }
   // Not before the end of the walk: the reader of the column looks at the last row's file.
   for (const MUSingleRowDataPlusRowProperties* row : doomed) delete row;
+  if (!doomed.empty()) RowsChangedOtherwiseThanByArrival();
   if (notify) NotifyMyObservers();
   return true;
 }
