@@ -278,7 +278,7 @@ TEST_F(TableBatches, AnIdleCallDoesOneOfTwoThings) {
 class HookedTable : public ProbeTable {
  public:
   using ProbeTable::ProbeTable;
-  std::map<std::string, int> calls;
+  mutable std::map<std::string, int> calls;
 
   bool AddExperimentOcurrence(const wxFileName& file, bool notify) override {
     ++calls["AddExperimentOcurrence"];
@@ -351,7 +351,7 @@ class HookedTable : public ProbeTable {
     ProbeTable::IdleTimeProcessAllNotifications();
   }
   bool CheckColumnForFlagBits(const wxString& name, unsigned int bits) const override {
-    ++const_cast<HookedTable*>(this)->calls["CheckColumnForFlagBits"];
+    ++calls["CheckColumnForFlagBits"];
     return ProbeTable::CheckColumnForFlagBits(name, bits);
   }
   void HideOneSingleColumnPerArbitraryUserRequest(const wxString& name) override {
@@ -359,7 +359,7 @@ class HookedTable : public ProbeTable {
     ProbeTable::HideOneSingleColumnPerArbitraryUserRequest(name);
   }
   void SelectDistinctPerColumn(const wxString& column, std::vector<wxString>& values,
-                               TARGETED_ROW_SEARCH_SET set, bool trim) override {
+                               TARGETED_ROW_SEARCH_SET set, bool trim) const override {
     ++calls["SelectDistinctPerColumn"];
     ProbeTable::SelectDistinctPerColumn(column, values, set, trim);
   }
@@ -370,7 +370,7 @@ class HookedTable : public ProbeTable {
     return ProbeTable::DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(field, values, notify);
   }
   std::deque<wxString> FindColumnNamesWherePropertyFlagIsAbsent(unsigned flags) const override {
-    ++const_cast<HookedTable*>(this)->calls["FindColumnNamesWherePropertyFlagIsAbsent"];
+    ++calls["FindColumnNamesWherePropertyFlagIsAbsent"];
     return ProbeTable::FindColumnNamesWherePropertyFlagIsAbsent(flags);
   }
 
