@@ -341,7 +341,7 @@ class Comparison {
     EXPECT_EQ(m_observer.refreshes, m_model.notifications);
   }
 
-  static PlainTable::Keys KeysOf(const std::deque<unsigned long>& keys) { return {keys.begin(), keys.end()}; }
+  static PlainTable::Keys KeysOf(const std::vector<unsigned long>& keys) { return {keys.begin(), keys.end()}; }
   template <typename LIST>
   static std::vector<std::size_t> IndicesOf(const LIST& list) {
     return {list.begin(), list.end()};

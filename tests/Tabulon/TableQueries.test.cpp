@@ -59,8 +59,8 @@ class TableQueries : public testing::Test {
     table.SetRowFlag(1, true);
     table.SimultaneousFileRequestsSuppressAndUnsuppress({DichotomousFileRequest{b, false}});
     table.OnIdle();
-    ASSERT_EQ(*table.m_currentShownRowKeys, std::deque<unsigned long>({0, 1, 3, 5}));
-    ASSERT_EQ(table.m_activeRowKeys, std::deque<unsigned long>({0, 1, 2, 3, 5}));
+    ASSERT_EQ(*table.m_currentShownRowKeys, std::vector<unsigned long>({0, 1, 3, 5}));
+    ASSERT_EQ(table.m_activeRowKeys, std::vector<unsigned long>({0, 1, 2, 3, 5}));
   }
 
   Texts Distinct(const wxString& column, Set set, bool trim) {

@@ -21,7 +21,7 @@ using Tests::ProbeTable;
 using Tests::RecordingStatusPrinter;
 using Tests::TemporaryFolder;
 using Texts = std::vector<std::string>;
-using Keys = std::deque<unsigned long>;
+using Keys = std::vector<unsigned long>;
 using Row = MUSingleRowDataPlusRowProperties;
 
 class TableSorting : public testing::Test {

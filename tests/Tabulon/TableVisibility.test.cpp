@@ -14,7 +14,7 @@ using Tests::RecordingStatusPrinter;
 using Tests::TemporaryFolder;
 using Tests::Utf8;
 using Texts = std::vector<std::string>;
-using Keys = std::deque<unsigned long>;
+using Keys = std::vector<unsigned long>;
 
 class TableVisibility : public testing::Test {
  protected:
