@@ -9,36 +9,36 @@
 #include "Tabulon/cli/Info.h"
 #include "Tabulon/cli/Inputs.h"
 #include "Tabulon/cli/Printing.h"
-#include "Tabulon/cli/TableSession.h"
+#include "Tabulon/cli/DrivenTable.h"
 #include "Tabulon/cli/Text.h"
 
 namespace TabulonCli {
 namespace {
 
-ExitStatus TellProblems(const TableSession& session) {
-  for (const auto& problem : session.Problems()) {
+ExitStatus TellProblems(const DrivenTable& driven) {
+  for (const auto& problem : driven.Problems()) {
     std::cerr << "tabulon-cli: " << Utf8(problem.filePath) << ": " << Utf8(problem.message) << '\n';
   }
-  return session.Problems().empty() ? ExitStatus::Fine : ExitStatus::NoDataFile;
+  return driven.Problems().empty() ? ExitStatus::Fine : ExitStatus::NoDataFile;
 }
 
 ExitStatus Show(const CommandLine& commandLine, const std::vector<std::filesystem::path>& files) {
-  TableSession session(files);
-  const ExitStatus status = TellProblems(session);
+  DrivenTable driven(files);
+  const ExitStatus status = TellProblems(driven);
   // Where nothing could be read, a column that is not found would only hide the reason.
-  if (session.Table().GetNamesOfActiveFiles().empty()) return status;
-  session.Arrange(commandLine);
-  Print(std::cout, Window{session.Table(), commandLine.rows, !commandLine.flaggedRows.empty()},
+  if (driven.Table().GetNamesOfActiveFiles().empty()) return status;
+  driven.Arrange(commandLine);
+  Print(std::cout, Window{driven.Table(), commandLine.rows, !commandLine.flaggedRows.empty()},
         commandLine.format);
   return status;
 }
 
 ExitStatus Distinct(const CommandLine& commandLine, const std::vector<std::filesystem::path>& files) {
-  TableSession session(files);
-  const ExitStatus status = TellProblems(session);
-  if (session.Table().GetNamesOfActiveFiles().empty()) return status;
+  DrivenTable driven(files);
+  const ExitStatus status = TellProblems(driven);
+  if (driven.Table().GetNamesOfActiveFiles().empty()) return status;
   std::vector<wxString> values;
-  session.Table().SelectDistinctPerColumn(session.Columns().Find(commandLine.distinctColumn), values,
+  driven.Table().SelectDistinctPerColumn(driven.Columns().Find(commandLine.distinctColumn), values,
                                           MUExperimentTextReaderMultiFile::ONLY_FULLY_SHOWN_ROWS, false);
   for (const wxString& value : values) std::cout << Utf8(value) << '\n';
   return status;

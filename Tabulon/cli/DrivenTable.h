@@ -1,6 +1,6 @@
 // A table that is driven the way a viewer drives it, without the window.
-#ifndef TABULON_CLI_TABLESESSION_H
-#define TABULON_CLI_TABLESESSION_H
+#ifndef TABULON_CLI_DRIVENTABLE_H
+#define TABULON_CLI_DRIVENTABLE_H
 
 #include <filesystem>
 #include <vector>
@@ -13,13 +13,13 @@
 
 namespace TabulonCli {
 
-class TableSession : private MUInterfaceExperimentDataObserver {
+class DrivenTable : private MUInterfaceExperimentDataObserver {
  public:
   // Loads the files in one batch. Files that are no data files are left out; Problems says why.
-  explicit TableSession(const std::vector<std::filesystem::path>& files);
-  virtual ~TableSession() = default;
-  TableSession(const TableSession&) = delete;
-  TableSession& operator=(const TableSession&) = delete;
+  explicit DrivenTable(const std::vector<std::filesystem::path>& files);
+  virtual ~DrivenTable() = default;
+  DrivenTable(const DrivenTable&) = delete;
+  DrivenTable& operator=(const DrivenTable&) = delete;
 
   MUExperimentTextReaderMultiFile& Table() { return m_table; }
   const std::vector<InputReports::Report>& Problems() const { return m_reports.Problems(); }

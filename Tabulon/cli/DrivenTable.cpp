@@ -1,4 +1,4 @@
-#include "Tabulon/cli/TableSession.h"
+#include "Tabulon/cli/DrivenTable.h"
 
 #include <algorithm>
 
@@ -27,7 +27,7 @@ class DiffersDecider : public MUInterfaceRowTruthDecider {
 
 }  // namespace
 
-TableSession::TableSession(const std::vector<std::filesystem::path>& files) : m_table(&m_reports) {
+DrivenTable::DrivenTable(const std::vector<std::filesystem::path>& files) : m_table(&m_reports) {
   m_table.AddObserver(this);
   std::deque<DichotomousFileRequest> requests;
   for (const auto& file : files) requests.push_back(DichotomousFileRequest{TextOf(file), true});
@@ -35,19 +35,19 @@ TableSession::TableSession(const std::vector<std::filesystem::path>& files) : m_
   RunIdleLoop();
 }
 
-void TableSession::OnDataShapeChanged(unsigned shownRows, unsigned shownColumns, unsigned long, int, int) {
+void DrivenTable::OnDataShapeChanged(unsigned shownRows, unsigned shownColumns, unsigned long, int, int) {
   m_shownRows = static_cast<int>(shownRows);
   m_shownColumns = static_cast<int>(shownColumns);
 }
 
 // There is no window to repaint: the table is printed once, at the end.
-void TableSession::OnRefreshRequest(wxCommandEvent&) {}
+void DrivenTable::OnRefreshRequest(wxCommandEvent&) {}
 
-void TableSession::RunIdleLoop() {
+void DrivenTable::RunIdleLoop() {
   while (m_table.IdleWorkRemains()) m_table.OnIdle();
 }
 
-ColumnNames TableSession::Columns() {
+ColumnNames DrivenTable::Columns() {
   std::vector<wxString> names;
   for (const auto& column : m_table.FindColumnInformationWherePropertyFlagIsAbsent(0)) {
     names.push_back(column.m_columnName);
@@ -55,7 +55,7 @@ ColumnNames TableSession::Columns() {
   return ColumnNames(std::move(names));
 }
 
-void TableSession::Arrange(const CommandLine& commandLine) {
+void DrivenTable::Arrange(const CommandLine& commandLine) {
   // Every name is looked up before anything changes.
   const ColumnNames names = Columns();
   std::vector<std::pair<wxString, wxString>> conditions;
@@ -84,7 +84,7 @@ void TableSession::Arrange(const CommandLine& commandLine) {
   }
 }
 
-void TableSession::KeepRowsWhere(const wxString& column, const wxString& value) {
+void DrivenTable::KeepRowsWhere(const wxString& column, const wxString& value) {
   DiffersDecider differs(column, value);
   for (const unsigned long row : *m_table.FindCurrentRowIndicesMatchingRowTruthPredicate(&differs, false)) {
     m_table.HideOneSingleRowPerArbitraryUserRequest(row);
@@ -92,7 +92,7 @@ void TableSession::KeepRowsWhere(const wxString& column, const wxString& value) 
   RunIdleLoop();
 }
 
-void TableSession::ShowOnly(const std::vector<wxString>& columns) {
+void DrivenTable::ShowOnly(const std::vector<wxString>& columns) {
   for (const wxString& column : columns) {
     m_table.MoveColumnPosition(column, m_table.SPECIAL_CODE_FOR_COL_INSERTION_AT_END, false);
   }
