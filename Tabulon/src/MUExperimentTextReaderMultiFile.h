@@ -113,7 +113,7 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
 
   // ---- Queries and their cache (…Queries.cpp) ----------------------------------------------------
   void SelectDistinctPerColumn(const wxString& column, std::vector<wxString>& values,
-                               TARGETED_ROW_SEARCH_SET set, bool trim) override;
+                               TARGETED_ROW_SEARCH_SET set, bool trim) const override;
   std::vector<wxString> GetAllFromCol_X_WhereField_Y_Matches_Z(const wxString& columnX,
                                                                const wxString& fieldY,
                                                                const wxString& valueZ,

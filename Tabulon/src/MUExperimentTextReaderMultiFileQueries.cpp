@@ -287,7 +287,7 @@ void MUExperimentTextReaderMultiFile::SafeStoreNonCachedConstPointerToDeleteLate
 
 void MUExperimentTextReaderMultiFile::SelectDistinctPerColumn(const wxString& column,
                                                               std::vector<wxString>& values,
-                                                              TARGETED_ROW_SEARCH_SET set, bool trim) {
+                                                              TARGETED_ROW_SEARCH_SET set, bool trim) const {
   values = Remembered(m_cacheStringSelects, MUQueryKeys::DistinctValues(column, set, trim), [&] {
     std::vector<wxString> distinct;
     std::unordered_set<MUCellText, CellTextHash> seen;

@@ -82,7 +82,7 @@ class MUInterfaceMultiExperimentDataSource {
   //
   // Each text once, in the order of its first appearance. With trim, blanks on both sides do not count.
   virtual void SelectDistinctPerColumn(const wxString& column, std::vector<wxString>& values,
-                                       TARGETED_ROW_SEARCH_SET set, bool trim) = 0;
+                                       TARGETED_ROW_SEARCH_SET set, bool trim) const = 0;
   virtual std::vector<wxString> GetAllFromCol_X_WhereField_Y_Matches_Z(const wxString& columnX,
                                                                        const wxString& fieldY,
                                                                        const wxString& valueZ,
