@@ -42,8 +42,7 @@ ChildResult RunChild(const std::vector<std::string>& command, int highestStatus)
   if (failure != 0) return result;
   int status = 0;
   if (waitpid(child, &status, 0) != child) return result;
-  result.seconds =
-      std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+  result.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
   result.succeeded = WIFEXITED(status) && WEXITSTATUS(status) <= highestStatus;
 
   std::istringstream lines(output);

@@ -39,8 +39,9 @@ std::string Text(const char* format, Arguments... arguments) {
 
 // Six words of four letters with a blank behind each: 30 characters, and many share the first 18.
 std::string Sentence(Random& random) {
-  static const char* const words[16] = {"bird", "boat", "cold", "dark", "east", "fish", "gold", "hill",
-                                        "iron", "lake", "moon", "nest", "rain", "snow", "tree", "wind"};
+  static const char* const words[16] = {"bird", "boat", "cold", "dark", "east", "fish",
+                                        "gold", "hill", "iron", "lake", "moon", "nest",
+                                        "rain", "snow", "tree", "wind"};
   std::string text;
   for (int word = 0; word < 6; ++word) {
     text.append(words[random.Below(16)], 4);
@@ -65,7 +66,8 @@ std::string Header(unsigned participant, Spelling spelling) {
       "Font Color\tCumulative\tRefresh\tTrial\tEvent\tScreen\n";
   text +=
       "Group\tName\tName\tName\tName\tResponse\tPressed\tResponse\tCode\tTime\t"
-      "(Trial Variable)\tTime\tCount\tCount\tCount\tLocation\tCondition\tStimulus\tSentence\tOnset\n";
+      "(Trial "
+      "Variable)\tTime\tCount\tCount\tCount\tLocation\tCondition\tStimulus\tSentence\tOnset\n";
   return text;
 }
 
@@ -85,9 +87,10 @@ std::string Row(Random& random, unsigned participant, std::size_t number, Spelli
   text += Text("ent%u\t%s\t%u\t%s\t%s\t", random.Below(6), answered ? "yes" : "", random.Below(4),
                random.Below(2) == 0 ? "yes" : "no", answered ? errors[random.Below(2)] : errors[2]);
   if (answered) text += Text("%u", 150 + random.Below(1850));
-  text += Text("\t%s\t%u\t%u\t%u\t%u\t%u\t", colours[random.Below(4)], static_cast<unsigned>(number * 700),
-               random.Below(60), static_cast<unsigned>(number / 10), static_cast<unsigned>(number % 10),
-               random.Below(9));
+  text +=
+      Text("\t%s\t%u\t%u\t%u\t%u\t%u\t", colours[random.Below(4)],
+           static_cast<unsigned>(number * 700), random.Below(60),
+           static_cast<unsigned>(number / 10), static_cast<unsigned>(number % 10), random.Below(9));
   text += Text("condition_%02u\ts%06u\t", random.Below(12), random.Below(960000));
   text += Sentence(random);
   text += Text("\t%u\n", random.Below(1000));
@@ -132,8 +135,8 @@ void WriteDataFile(const std::filesystem::path& file, const std::string& bytes) 
   }
 }
 
-std::vector<std::filesystem::path> WriteDataFiles(const std::filesystem::path& folder, std::size_t count,
-                                                  std::size_t size) {
+std::vector<std::filesystem::path> WriteDataFiles(const std::filesystem::path& folder,
+                                                  std::size_t count, std::size_t size) {
   std::vector<std::filesystem::path> files;
   for (std::size_t i = 0; i < count; ++i) {
     files.push_back(folder / Text("data%04u.txt", static_cast<unsigned>(i)));

@@ -43,23 +43,31 @@ void TimeOnce(benchmark::State& state, const std::function<void()>& work) {
 
 void RegisterOnFreshTable(const std::string& name, const std::function<void(Table&)>& work,
                           const std::function<void(Table&)>& prepare) {
-  benchmark::RegisterBenchmark(name.c_str(), [=](benchmark::State& state) {
-    for (auto round : state) {
-      const auto table = LoadBatch(ManyFiles().Paths());
-      if (prepare) prepare(*table);
-      TimeOnce(state, [&] { work(*table); });
-    }
-  })->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
+  benchmark::RegisterBenchmark(name.c_str(),
+                               [=](benchmark::State& state) {
+                                 for (auto round : state) {
+                                   const auto table = LoadBatch(ManyFiles().Paths());
+                                   if (prepare) prepare(*table);
+                                   TimeOnce(state, [&] { work(*table); });
+                                 }
+                               })
+      ->UseManualTime()
+      ->Iterations(1)
+      ->Unit(benchmark::kMillisecond);
 }
 
 void RegisterOnDuckDb(const std::string& name, const std::function<void(DuckDb&)>& work,
                       const std::string& preparingQuery) {
   if (DuckDb::Library() == nullptr) return;
-  benchmark::RegisterBenchmark(name.c_str(), [=](benchmark::State& state) {
-    DuckDb& database = Peer();
-    if (!preparingQuery.empty()) database.Run(preparingQuery);
-    for (auto round : state) TimeOnce(state, [&] { work(database); });
-  })->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
+  benchmark::RegisterBenchmark(name.c_str(),
+                               [=](benchmark::State& state) {
+                                 DuckDb& database = Peer();
+                                 if (!preparingQuery.empty()) database.Run(preparingQuery);
+                                 for (auto round : state) TimeOnce(state, [&] { work(database); });
+                               })
+      ->UseManualTime()
+      ->Iterations(1)
+      ->Unit(benchmark::kMillisecond);
 }
 
 }  // namespace Bench

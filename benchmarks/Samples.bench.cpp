@@ -17,11 +17,12 @@ const bool registered = [] {
   const std::filesystem::path work = scratch.Path() / "run";
   std::filesystem::create_directories(work);
   RegisterChild("samples/plugin",
-                {ProgramBeside("verify-datafiles"), "--progress", "never", "--work-dir", work.string(),
-                 OMBRELIA_SOURCE_DIR "/samples/datafiles"});
+                {ProgramBeside("verify-datafiles"), "--progress", "never", "--work-dir",
+                 work.string(), OMBRELIA_SOURCE_DIR "/samples/datafiles"});
   if (const char* const file = std::getenv("OMBRELIA_PYTEST_FILE")) {
-    RegisterChild("samples/pytest", {"/usr/bin/python3", "-m", "pytest", "-q",
-                                     "--junitxml=" + (scratch.Path() / "pytest.xml").string(), file});
+    RegisterChild("samples/pytest",
+                  {"/usr/bin/python3", "-m", "pytest", "-q",
+                   "--junitxml=" + (scratch.Path() / "pytest.xml").string(), file});
   }
   return true;
 }();

@@ -12,7 +12,8 @@ namespace {
 using namespace Bench;
 
 void RegisterSort(const std::string& kind, const wxString& column, const std::string& peerOrder) {
-  RegisterOnFreshTable("sort/first/" + kind, [=](Table& table) { table.SetSortColumn(column, false); });
+  RegisterOnFreshTable("sort/first/" + kind,
+                       [=](Table& table) { table.SetSortColumn(column, false); });
   RegisterOnFreshTable(
       "sort/again/" + kind, [=](Table& table) { table.SetSortColumn(column, true); },
       [=](Table& table) { table.SetSortColumn(column, false); });

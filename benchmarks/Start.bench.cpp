@@ -16,8 +16,8 @@ const bool registered = [] {
     RegisterChild(program, {ProgramBeside(program)});
   }
   RegisterChild("start-plugin",
-                {ProgramBeside("start-plugin"), OMBRELIA_PLUGIN_FILE, OMBRELIA_SOURCE_DIR "/samples/datafiles",
-                 scratch.Path().string()},
+                {ProgramBeside("start-plugin"), OMBRELIA_PLUGIN_FILE,
+                 OMBRELIA_SOURCE_DIR "/samples/datafiles", scratch.Path().string()},
                 "seconds");
   return true;
 }();

@@ -46,7 +46,8 @@ Files FilesIn(const Arguments& arguments) {
     files.push_back(entry.path());
   }
   std::sort(files.begin(), files.end());
-  if (arguments.size() > 1) files.resize(std::min<std::size_t>(files.size(), std::stoul(arguments[1])));
+  if (arguments.size() > 1)
+    files.resize(std::min<std::size_t>(files.size(), std::stoul(arguments[1])));
   return files;
 }
 

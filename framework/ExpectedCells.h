@@ -9,10 +9,10 @@
 
 namespace Ombrelia {
 
-// Either grows from nothing by Add, Repeat and their forms for whole sequences, or starts from Blank(rows) and is filled by row
-// numbers. Rows count from 0, and ranges hold both their ends. A row beyond the end is an error of the
-// table's writer: it is left out and makes the table invalid, which the tests of each table see,
-// because Cells() then gives no cells at all.
+// Either grows from nothing by Add, Repeat and their forms for whole sequences, or starts from
+// Blank(rows) and is filled by row numbers. Rows count from 0, and ranges hold both their ends. A row
+// beyond the end is an error of the table's writer: it is left out and makes the table invalid, which
+// the tests of each table see, because Cells() then gives no cells at all.
 class ExpectedCells {
  public:
   ExpectedCells() = default;

@@ -29,8 +29,8 @@ void AssertionForwarder::ForwardTo(Ombrelia::Interface_DataHookPlugin* plugin) {
 
 void AssertionForwarder::OnAssertion(const wxString& file, int line, const wxString& function,
                                      const wxString& condition, const wxString& message) {
-  wxString text = wxString::Format(wxT("%s(%d): assert \"%s\" failed in %s()"), file, line, condition,
-                                   function);
+  wxString text = wxString::Format(wxT("%s(%d): assert \"%s\" failed in %s()"), file, line,
+                                   condition, function);
   if (!message.empty()) text += wxT(": ") + message;
   installed->Forward(text);
 }

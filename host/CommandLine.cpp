@@ -8,7 +8,8 @@ namespace OmbreliaHost {
 
 std::optional<ExitStatus> ParseCommandLine(int argc, char** argv, CommandLine& commandLine) {
   CLI::App app(
-      "Hands data files to the data-hook plug-in, as the host does after each experiment, and sums up "
+      "Hands data files to the data-hook plug-in, as the host does after each experiment, and sums "
+      "up "
       "the report that the plug-in writes.",
       "verify-datafiles");
   app.set_version_flag("--version", std::string("verify-datafiles ") + OMBRELIA_VERSION);
@@ -25,10 +26,12 @@ std::optional<ExitStatus> ParseCommandLine(int argc, char** argv, CommandLine& c
   app.add_option("--plugin", plugin, "The plug-in library (default: in ../lib beside this program)")
       ->type_name("PATH");
   app.add_option("--work-dir", workDir, "Working directory of the run")->type_name("DIR");
-  app.add_option("--progress", progress, "Show progress on standard error: auto (on a terminal only), always, never")
+  app.add_option("--progress", progress,
+                 "Show progress on standard error: auto (on a terminal only), always, never")
       ->type_name("WHEN")
       ->check(CLI::IsMember({"auto", "always", "never"}));
-  app.add_option("inputs", inputs, "Data files, or folders of which the *.txt files are taken in name order")
+  app.add_option("inputs", inputs,
+                 "Data files, or folders of which the *.txt files are taken in name order")
       ->type_name("FILE|FOLDER")
       ->required();
 

@@ -18,7 +18,8 @@ enum class ExitStatus {
 // Ends the run. The text is UTF-8 and goes to standard error as it is.
 class RunError : public std::runtime_error {
  public:
-  RunError(ExitStatus status, const std::string& text) : std::runtime_error(text), m_status(status) {}
+  RunError(ExitStatus status, const std::string& text)
+      : std::runtime_error(text), m_status(status) {}
   ExitStatus Status() const { return m_status; }
 
  private:

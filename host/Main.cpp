@@ -89,6 +89,4 @@ ExitStatus RunProgram(int argc, char** argv) {
 }  // namespace
 }  // namespace OmbreliaHost
 
-int main(int argc, char** argv) {
-  return static_cast<int>(OmbreliaHost::RunProgram(argc, argv));
-}
+int main(int argc, char** argv) { return static_cast<int>(OmbreliaHost::RunProgram(argc, argv)); }

@@ -44,8 +44,7 @@ PluginLibrary::PluginLibrary(const std::filesystem::path& path)
 PluginLibrary::~PluginLibrary() { dlclose(m_handle); }
 
 std::filesystem::path DefaultPluginLibrary() {
-  const std::filesystem::path program =
-      Utf8OfText(wxStandardPaths::Get().GetExecutablePath());
+  const std::filesystem::path program = Utf8OfText(wxStandardPaths::Get().GetExecutablePath());
   return program.parent_path().parent_path() / "lib" / OMBRELIA_PLUGIN_FILE_NAME;
 }
 

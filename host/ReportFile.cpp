@@ -32,11 +32,12 @@ ReportFile::ReportFile() : m_before{} {
   std::error_code error;
   fs::create_directories(directory, error);
   if (error) {
-    throw RunError(ExitStatus::NoReport,
-                   directory.string() + ": the report's directory cannot be made: " + error.message());
+    throw RunError(
+        ExitStatus::NoReport,
+        directory.string() + ": the report's directory cannot be made: " + error.message());
   }
-  m_path = directory /
-           ("FakeUnitTestsDataHookExperimentRunning_" + std::to_string(getpid()) + ".xml");
+  m_path =
+      directory / ("FakeUnitTestsDataHookExperimentRunning_" + std::to_string(getpid()) + ".xml");
 }
 
 ReportFile::State ReportFile::CurrentState() const {

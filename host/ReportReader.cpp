@@ -57,7 +57,9 @@ class ReportParser {
   std::string Error() const { return XML_ErrorString(XML_GetErrorCode(m_parser.get())); }
   XML_Size Line() const { return XML_GetCurrentLineNumber(m_parser.get()); }
   // What the head says of the entries.
-  std::string CountInHead() const { return m_testsInHead + " tests, " + m_failuresInHead + " failing"; }
+  std::string CountInHead() const {
+    return m_testsInHead + " tests, " + m_failuresInHead + " failing";
+  }
   std::string CountOfEntries() const;
 
  private:
@@ -147,7 +149,8 @@ std::string LineOfFile(const fs::path& path, XML_Size number) {
   return line;
 }
 
-std::string DatafileOf(const std::vector<TestResult>& results, const std::vector<fs::path>& datafiles) {
+std::string DatafileOf(const std::vector<TestResult>& results,
+                       const std::vector<fs::path>& datafiles) {
   std::size_t started = 0;
   for (const TestResult& result : results) started += StartsDatafile(result) ? 1 : 0;
   if (started == 0 || started > datafiles.size()) return std::string();
@@ -172,8 +175,9 @@ std::vector<TestResult> ReadReport(const fs::path& path, const std::vector<fs::p
     const std::string culprit = i == 0 ? results[i].name : results[i - 1].name;
     results.resize(i);
     throw RunError(ExitStatus::MalformedReport,
-                   path.string() + ": the report is not as the plug-in counted it; broken by test " +
-                       culprit + DatafileOf(results, datafiles));
+                   path.string() +
+                       ": the report is not as the plug-in counted it; broken by test " + culprit +
+                       DatafileOf(results, datafiles));
   }
 
   if (!wellFormed) {
@@ -195,8 +199,8 @@ std::vector<TestResult> ReadReport(const fs::path& path, const std::vector<fs::p
     throw RunError(ExitStatus::MalformedReport,
                    path.string() + ": the report's head counts " + parser.CountInHead() +
                        ", its entries are " + parser.CountOfEntries() + ", of " +
-                       std::to_string(started) + " data files; " + std::to_string(datafiles.size()) +
-                       " were handed over");
+                       std::to_string(started) + " data files; " +
+                       std::to_string(datafiles.size()) + " were handed over");
   }
   return results;
 }

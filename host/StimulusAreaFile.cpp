@@ -91,7 +91,8 @@ std::vector<Ombrelia::StimAreaData> ReadStimulusAreas(const fs::path& datafile) 
   Place place{path, 1};
   std::string line;
   if (!NextLine(file, line) || CellsOf(line) != HEADINGS) {
-    place.Reject("the heading line must be x, y, width, height, response_id, area_name, parted by tabs");
+    place.Reject(
+        "the heading line must be x, y, width, height, response_id, area_name, parted by tabs");
   }
   while (NextLine(file, line)) {
     ++place.line;

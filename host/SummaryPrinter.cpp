@@ -10,7 +10,8 @@ namespace {
 using Results = std::vector<TestResult>::const_iterator;
 
 std::string Counts(Results begin, Results end) {
-  const auto failed = std::count_if(begin, end, [](const TestResult& result) { return result.failed; });
+  const auto failed =
+      std::count_if(begin, end, [](const TestResult& result) { return result.failed; });
   return std::to_string(end - begin - failed) + " passed, " + std::to_string(failed) + " failed";
 }
 

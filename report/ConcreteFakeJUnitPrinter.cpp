@@ -148,8 +148,7 @@ wxString ConcreteFakeJUnitPrinter::NameForOurFinalResultsFile() const {
   return m_directory + m_fileBaseName + wxT("_") + m_processIdText + wxT(".xml");
 }
 
-wxString ConcreteFakeJUnitPrinter::StartOfEntry(const wxString& testName,
-                                                size_t length) const {
+wxString ConcreteFakeJUnitPrinter::StartOfEntry(const wxString& testName, size_t length) const {
   // Appended and not formatted: a report may hold very many results.
   wxString entry;
   entry.reserve(length);

@@ -40,19 +40,22 @@ std::vector<wxString> ColumnNames::FindList(const std::string& typed) const {
 std::pair<wxString, wxString> ColumnNames::SplitCondition(const std::string& condition) const {
   const wxString text = TextOf(condition);
   if (text.find(wxT('=')) == wxString::npos) {
-    throw RunError(ExitStatus::WrongUse, "--where: \"" + condition + "\" is not of the form COLUMN=VALUE");
+    throw RunError(ExitStatus::WrongUse,
+                   "--where: \"" + condition + "\" is not of the form COLUMN=VALUE");
   }
   for (std::size_t equals = text.find(wxT('=')); equals != wxString::npos;
        equals = text.find(wxT('='), equals + 1)) {
-    if (const auto found = TryFind(text.substr(0, equals))) return {*found, text.substr(equals + 1)};
+    if (const auto found = TryFind(text.substr(0, equals)))
+      return {*found, text.substr(equals + 1)};
   }
   RejectUnknown(condition.substr(0, condition.find('=')));
 }
 
 void ColumnNames::RejectUnknown(const std::string& typed) const {
   const wxString line = OnOneLine(TextOf(typed));
-  const auto count = std::count_if(m_names.begin(), m_names.end(),
-                                   [&line](const wxString& name) { return OnOneLine(name) == line; });
+  const auto count = std::count_if(m_names.begin(), m_names.end(), [&line](const wxString& name) {
+    return OnOneLine(name) == line;
+  });
   std::string text = count > 1 ? "more than one column reads \"" + typed + "\" on one line; use \\n"
                                : "no column is named \"" + typed + "\"";
   text += "; the columns are:";

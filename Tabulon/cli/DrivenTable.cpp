@@ -35,7 +35,8 @@ DrivenTable::DrivenTable(const std::vector<std::filesystem::path>& files) : m_ta
   RunIdleLoop();
 }
 
-void DrivenTable::OnDataShapeChanged(unsigned shownRows, unsigned shownColumns, unsigned long, int, int) {
+void DrivenTable::OnDataShapeChanged(unsigned shownRows, unsigned shownColumns, unsigned long, int,
+                                     int) {
   m_shownRows = static_cast<int>(shownRows);
   m_shownColumns = static_cast<int>(shownColumns);
 }
@@ -59,14 +60,16 @@ void DrivenTable::Arrange(const CommandLine& commandLine) {
   // Every name is looked up before anything changes.
   const ColumnNames names = Columns();
   std::vector<std::pair<wxString, wxString>> conditions;
-  for (const auto& condition : commandLine.conditions) conditions.push_back(names.SplitCondition(condition));
+  for (const auto& condition : commandLine.conditions)
+    conditions.push_back(names.SplitCondition(condition));
   std::vector<wxString> hidden;
   for (const auto& column : commandLine.hiddenColumns) hidden.push_back(names.Find(column));
   std::vector<wxString> wanted;
   for (const auto& list : commandLine.columns) {
     for (const wxString& column : names.FindList(list)) wanted.push_back(column);
   }
-  const wxString sort = commandLine.sortColumn.empty() ? wxString() : names.Find(commandLine.sortColumn);
+  const wxString sort =
+      commandLine.sortColumn.empty() ? wxString() : names.Find(commandLine.sortColumn);
 
   for (const auto& [column, value] : conditions) KeepRowsWhere(column, value);
   if (commandLine.hideEmpty) m_table.HideEmptyColumnsBasedOnCurrentlyShownRows();
@@ -86,7 +89,8 @@ void DrivenTable::Arrange(const CommandLine& commandLine) {
 
 void DrivenTable::KeepRowsWhere(const wxString& column, const wxString& value) {
   DiffersDecider differs(column, value);
-  for (const unsigned long row : *m_table.FindCurrentRowIndicesMatchingRowTruthPredicate(&differs, false)) {
+  for (const unsigned long row :
+       *m_table.FindCurrentRowIndicesMatchingRowTruthPredicate(&differs, false)) {
     m_table.HideOneSingleRowPerArbitraryUserRequest(row);
   }
   RunIdleLoop();

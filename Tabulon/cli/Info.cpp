@@ -25,7 +25,8 @@ using Reader = MUInterfaceExperimentDataFileInputReader;
 std::string KindOf(const MUColumnNamePlusProperties& column) {
   std::string kind;
   if ((column.m_columnPropertyFlags & MU_COL_FLAG_TRIAL_VARIABLE) != 0) kind = "trial variable";
-  if ((column.m_columnPropertyFlags & MU_COL_FLAG_CODE_VALUE) != 0) kind += kind.empty() ? "code value" : ", code value";
+  if ((column.m_columnPropertyFlags & MU_COL_FLAG_CODE_VALUE) != 0)
+    kind += kind.empty() ? "code value" : ", code value";
   return kind.empty() ? "plain" : kind;
 }
 
@@ -69,7 +70,8 @@ void PrintGoodFile(std::ostream& out, Reader& reader) {
   wxString participant;
   reader.GoToDataRow(0);
   for (std::uint32_t i = 0; i < reader.GetDataRowCount(); ++i) {
-    const std::unique_ptr<MUSingleRowDataPlusRowProperties> row(reader.CreateAndReturnCurrentRowObject(true));
+    const std::unique_ptr<MUSingleRowDataPlusRowProperties> row(
+        reader.CreateAndReturnCurrentRowObject(true));
     if (row != nullptr && i == 0) {
       participant = row->m_cells.ValueOrDefault(Reader::STRING_FOR_PERSONNAME_SECRET_COL);
     }
@@ -87,8 +89,9 @@ ExitStatus PrintInfo(std::ostream& out, const std::vector<fs::path>& files) {
   ExitStatus status = ExitStatus::Fine;
   for (const fs::path& file : files) {
     InputReports reports;
-    const std::unique_ptr<Reader> reader(MUDataFileInputReaderFactory::GetExperimentDataFileInputReader(
-        wxFileName(TextOf(file)), MU_INPUTFILE_TXT, &reports, nullptr));
+    const std::unique_ptr<Reader> reader(
+        MUDataFileInputReaderFactory::GetExperimentDataFileInputReader(
+            wxFileName(TextOf(file)), MU_INPUTFILE_TXT, &reports, nullptr));
     out << file.string() << '\n';
     if (!reader->ErrorStatusIsPresent()) {
       PrintGoodFile(out, *reader);

@@ -5,11 +5,11 @@
 #include <iostream>
 
 #include "Tabulon/cli/CommandLine.h"
+#include "Tabulon/cli/DrivenTable.h"
 #include "Tabulon/cli/ExitStatus.h"
 #include "Tabulon/cli/Info.h"
 #include "Tabulon/cli/Inputs.h"
 #include "Tabulon/cli/Printing.h"
-#include "Tabulon/cli/DrivenTable.h"
 #include "Tabulon/cli/Text.h"
 
 namespace TabulonCli {
@@ -33,13 +33,15 @@ ExitStatus Show(const CommandLine& commandLine, const std::vector<std::filesyste
   return status;
 }
 
-ExitStatus Distinct(const CommandLine& commandLine, const std::vector<std::filesystem::path>& files) {
+ExitStatus Distinct(const CommandLine& commandLine,
+                    const std::vector<std::filesystem::path>& files) {
   DrivenTable driven(files);
   const ExitStatus status = TellProblems(driven);
   if (driven.Table().GetNamesOfActiveFiles().empty()) return status;
   std::vector<wxString> values;
   driven.Table().SelectDistinctPerColumn(driven.Columns().Find(commandLine.distinctColumn), values,
-                                          MUExperimentTextReaderMultiFile::ONLY_FULLY_SHOWN_ROWS, false);
+                                         MUExperimentTextReaderMultiFile::ONLY_FULLY_SHOWN_ROWS,
+                                         false);
   for (const wxString& value : values) std::cout << Utf8(value) << '\n';
   return status;
 }

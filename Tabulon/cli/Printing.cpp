@@ -55,7 +55,8 @@ class TablePrinter {
       EndLine();
     });
     const RowRange rows = ExistingRows(m_window);
-    m_out << Counted(std::max(0, rows.last - rows.first + 1), m_window.table.GetNumberOfDataRows(), "row")
+    m_out << Counted(std::max(0, rows.last - rows.first + 1), m_window.table.GetNumberOfDataRows(),
+                     "row")
           << ", " << Counted(m_columnCount, m_columnCount, "column") << '\n';
   }
 
@@ -152,7 +153,8 @@ void PrintJson(std::ostream& out, const Window& window) {
       out << (column > 0 ? ", " : "") << Quoted(cell);
     }
     out << "]";
-    if (window.table.GetRowFlagStatus(row)) flagged += (flagged.empty() ? "" : ", ") + std::to_string(row);
+    if (window.table.GetRowFlagStatus(row))
+      flagged += (flagged.empty() ? "" : ", ") + std::to_string(row);
   });
   out << "],\n \"flaggedRows\": [" << flagged << "]}\n";
 }

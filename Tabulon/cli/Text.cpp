@@ -25,7 +25,9 @@ wxString TextOf(const std::string& bytes) {
   return text.empty() ? wxString(bytes.data(), wxConvISO8859_1, bytes.size()) : text;
 }
 
-wxString TextOf(const std::filesystem::path& path) { return wxString(path.c_str(), *wxConvFileName); }
+wxString TextOf(const std::filesystem::path& path) {
+  return wxString(path.c_str(), *wxConvFileName);
+}
 
 std::string Utf8(const wxString& text) { return text.utf8_string(); }
 
@@ -47,7 +49,9 @@ std::size_t DisplayWidth(const MUCellText& text) {
   return width;
 }
 
-std::size_t DisplayWidth(const wxString& text) { return DisplayWidth(MUColumnReader::ViewOf(text)); }
+std::size_t DisplayWidth(const wxString& text) {
+  return DisplayWidth(MUColumnReader::ViewOf(text));
+}
 
 wxString OnOneLine(const wxString& columnName) {
   wxString line(columnName);

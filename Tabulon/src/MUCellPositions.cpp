@@ -7,7 +7,8 @@ void MUCellPositions::LookUp(const MUDataFileBlock& block, const std::vector<wxS
     entry.block = &block;
     entry.positions.reserve(names.size());
     for (const wxString& name : names) {
-      entry.positions.push_back(block.FindHiddenCell(name) != nullptr ? HIDDEN : block.PositionOf(name));
+      entry.positions.push_back(block.FindHiddenCell(name) != nullptr ? HIDDEN
+                                                                      : block.PositionOf(name));
     }
   }
   m_lastBlock = &block;

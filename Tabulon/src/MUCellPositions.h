@@ -19,7 +19,8 @@ class MUCellPositions {
   static constexpr std::size_t HIDDEN = MUDataFileBlock::NOT_FOUND - 1;
 
   // One position per name, in the order of names; NOT_FOUND for a column that the file does not have.
-  const std::vector<std::size_t>& In(const MUDataFileBlock& block, const std::vector<wxString>& names) {
+  const std::vector<std::size_t>& In(const MUDataFileBlock& block,
+                                     const std::vector<wxString>& names) {
     if (m_lastBlock != &block) LookUp(block, names);
     return *m_lastPositions;
   }

@@ -70,10 +70,14 @@ MUVisibleMeasure MUMeasureVisibly(const Char* begin, const Char* end) {
   MUVisibleMeasure measure = {static_cast<std::size_t>(end - begin), 0};
   for (; begin != end; ++begin) {
     if (!MUIsControlCharacter(*begin)) continue;
-    if (*begin == Char('\t')) ++measure.tabs;
-    else if (*begin == Char(0x1B)) measure.characters += 8;
-    else if (*begin < Char(127)) ++measure.characters;
-    else measure.characters += 3;
+    if (*begin == Char('\t'))
+      ++measure.tabs;
+    else if (*begin == Char(0x1B))
+      measure.characters += 8;
+    else if (*begin < Char(127))
+      ++measure.characters;
+    else
+      measure.characters += 3;
   }
   return measure;
 }

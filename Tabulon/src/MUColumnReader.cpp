@@ -16,7 +16,8 @@ MUCellText MUColumnReader::TextOf(const MUSingleRowDataPlusRowProperties& row) {
   return m_hiddenText != nullptr ? ViewOf(*m_hiddenText) : row.CellAt(m_position);
 }
 
-bool MUColumnReader::FindPosition(const MUSingleRowDataPlusRowProperties& row, std::size_t& position) {
+bool MUColumnReader::FindPosition(const MUSingleRowDataPlusRowProperties& row,
+                                  std::size_t& position) {
   if (row.Block() == nullptr || row.HasOverlay()) return false;
   LookUpIn(*row.Block());
   position = m_position;

@@ -46,14 +46,17 @@ const wxString MUConcreteExperimentDataFileTxt::USERFRIENDLY_ERROR_TEXT_FILE_TOO
                          "support opening such large files.  You may wish to split the file into "
                          "multiple smaller files and try again."));
 const wxString MUConcreteExperimentDataFileTxt::USERFRIENDLY_ERROR_TEXT_NO_EXPERIMENT_NAME =
-    wxGetTranslation(wxT("Input file is missing an experiment name.  The %s line of the file should "
-                         "contain the title of the experiment."));
+    wxGetTranslation(
+        wxT("Input file is missing an experiment name.  The %s line of the file should "
+            "contain the title of the experiment."));
 const wxString MUConcreteExperimentDataFileTxt::USERFRIENDLY_ERROR_TEXT_NO_PERSONNAME_NAME =
-    wxGetTranslation(wxT("Input file is missing a participant name.  The %s line of the file should "
-                         "contain the participant name for the experiment."));
+    wxGetTranslation(
+        wxT("Input file is missing a participant name.  The %s line of the file should "
+            "contain the participant name for the experiment."));
 const wxString MUConcreteExperimentDataFileTxt::USERFRIENDLY_ERROR_TEXT_NO_OM_TIMESTAMP =
-    wxGetTranslation(wxT("Input file is missing information about the time the experiment was run.  "
-                         "The %s line of the file should contain this information."));
+    wxGetTranslation(
+        wxT("Input file is missing information about the time the experiment was run.  "
+            "The %s line of the file should contain this information."));
 const wxString MUConcreteExperimentDataFileTxt::USERFRIENDLY_ERROR_TEXT_FILE_TOO_SHORT =
     wxGetTranslation(wxT("This file does not appear long enough to be a valid datafile.  There "
                          "should be %u lines of header information followed by one or more rows of "
@@ -92,8 +95,9 @@ const wxString MUConcreteExperimentDataFileTxt::PARALLEL_ARRAY_OF_COL_PATTERNS_F
     wxT("Screen Location II") + SYMBOL_FOR_NEWLINE + wxT("(Trial Variable)"),
     CODE_VALUE_FOR_END_OF_ARRAY};
 const std::uint32_t MUConcreteExperimentDataFileTxt::PARALLEL_ARRAY_OF_COL_TYPES[] = {
-    TYPE_TEXT, TYPE_TEXT,   TYPE_TEXT,   TYPE_TEXT,   TYPE_TEXT,   TYPE_TEXT,   TYPE_TEXT,   TYPE_TEXT,
-    TYPE_TEXT, TYPE_NUMBER, TYPE_NUMBER, TYPE_TEXT,   TYPE_NUMBER, TYPE_NUMBER, TYPE_NUMBER, 0};
+    TYPE_TEXT,   TYPE_TEXT, TYPE_TEXT,   TYPE_TEXT,   TYPE_TEXT, TYPE_TEXT,   TYPE_TEXT,
+    TYPE_TEXT,   TYPE_TEXT, TYPE_NUMBER, TYPE_NUMBER, TYPE_TEXT, TYPE_NUMBER, TYPE_NUMBER,
+    TYPE_NUMBER, 0};
 
 MUConcreteExperimentDataFileTxt::MUConcreteExperimentDataFileTxt(
     const wxFileName& file, bool expectHeader, MUInterfaceDataFileInputErrorHandler* handler)
@@ -230,8 +234,8 @@ void MUConcreteExperimentDataFileTxt::DoColumnHeadings(Columns& all) {
 }
 
 void MUConcreteExperimentDataFileTxt::DoHardCodedColumnHeadings() {
-  for (std::size_t i = 0; PARALLEL_ARRAY_OF_COL_PATTERNS_FOR_TYPES[i] != CODE_VALUE_FOR_END_OF_ARRAY;
-       ++i) {
+  for (std::size_t i = 0;
+       PARALLEL_ARRAY_OF_COL_PATTERNS_FOR_TYPES[i] != CODE_VALUE_FOR_END_OF_ARRAY; ++i) {
     MUColumnNamePlusProperties* column = nullptr;
     MakeOneNewColumn(&column, PARALLEL_ARRAY_OF_COL_PATTERNS_FOR_TYPES[i], fullPath, 0);
     column->m_dataType = static_cast<std::int32_t>(PARALLEL_ARRAY_OF_COL_TYPES[i]);

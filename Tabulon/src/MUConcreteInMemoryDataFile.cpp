@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
-#include "Tabulon/src/MUColumnNamePlusProperties.h"
 #include "Tabulon/src/MUCellSplitting.h"
+#include "Tabulon/src/MUColumnNamePlusProperties.h"
 #include "Tabulon/src/MUDataFileBlockBuilder.h"
 #include "Tabulon/src/MUDataFileColumns.h"
 #include "Tabulon/src/MUDataFileReports.h"
@@ -73,8 +73,8 @@ template <typename Char, typename Take>
 void ForEachLine(const Char* text, const Char* textEnd, const Take& take) {
   const bool isDosFile = HasDosLineEnd(text, textEnd);
   const Char* lastWords = textEnd;
-  while (lastWords != text && (lastWords[-1] == Char('\n') ||
-                               (isDosFile && lastWords[-1] == Char('\r')))) {
+  while (lastWords != text &&
+         (lastWords[-1] == Char('\n') || (isDosFile && lastWords[-1] == Char('\r')))) {
     --lastWords;
   }
   for (const Char* begin = text; begin < lastWords || (begin == text && begin != textEnd);) {

@@ -70,7 +70,8 @@ class MUDataFileBlock {
   std::vector<char> m_narrowText;
   std::vector<wchar_t> m_wideText;
   std::vector<Row> m_rows;
-  std::vector<std::uint32_t> m_cellEnds;  // from the row's start; one separator stands between cells
+  std::vector<std::uint32_t>
+      m_cellEnds;  // from the row's start; one separator stands between cells
   std::vector<wxString> m_columnNames;
   std::vector<std::uint32_t> m_positionsByName;  // sorted by name, then by position
   std::vector<HiddenCell> m_hiddenCells;

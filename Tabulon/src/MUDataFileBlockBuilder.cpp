@@ -21,8 +21,7 @@ std::size_t TakeHeaderLines(const std::vector<char>& bytes, std::size_t count,
   std::size_t start = 0;
   while (header->size() < count && start < bytes.size()) {
     const char* begin = bytes.data() + start;
-    const char* feed =
-        static_cast<const char*>(std::memchr(begin, '\n', bytes.size() - start));
+    const char* feed = static_cast<const char*>(std::memchr(begin, '\n', bytes.size() - start));
     const char* end = feed ? feed : bytes.data() + bytes.size();
     start = feed ? static_cast<std::size_t>(feed + 1 - bytes.data()) : bytes.size();
     if (feed && end != begin && end[-1] == '\r') --end;
@@ -64,8 +63,7 @@ MUDataFileBlockBuilder::MUDataFileBlockBuilder(Width width)
 bool MUDataFileBlockBuilder::TakePlainBytes(std::vector<char>& bytes, std::size_t headerLines,
                                             MUDataFileLines* lines) {
   MUPlainTextMeasure measure;
-  if (bytes.size() > LARGEST_OFFSET ||
-      !MUMeasurePlainText(bytes.data(), bytes.size(), &measure)) {
+  if (bytes.size() > LARGEST_OFFSET || !MUMeasurePlainText(bytes.data(), bytes.size(), &measure)) {
     return false;
   }
   MUDataFileBlockBuilder builder(Width::ASCII);
@@ -92,8 +90,10 @@ bool MUDataFileBlockBuilder::TakePlainBytes(std::vector<char>& bytes, std::size_
 }
 
 void MUDataFileBlockBuilder::Reserve(std::size_t characters, std::size_t rows, std::size_t cells) {
-  if (m_block->m_isWide) m_block->m_wideText.reserve(characters);
-  else m_block->m_narrowText.reserve(characters);
+  if (m_block->m_isWide)
+    m_block->m_wideText.reserve(characters);
+  else
+    m_block->m_narrowText.reserve(characters);
   m_block->m_rows.reserve(rows);
   m_block->m_cellEnds.reserve(cells);
 }

@@ -30,8 +30,10 @@ void MUAddSecondHeadingRow(const std::vector<wxString>& cells, const MUColumnMak
                            MUColumns& columns) {
   const std::size_t columnsOfFirstRow = columns.size();
   for (std::size_t i = 0; i < cells.size(); ++i) {
-    if (i < columnsOfFirstRow) columns[i]->m_columnName += wxT('\n') + cells[i];
-    else columns.push_back(make(wxT("\t\n") + cells[i]));
+    if (i < columnsOfFirstRow)
+      columns[i]->m_columnName += wxT('\n') + cells[i];
+    else
+      columns.push_back(make(wxT("\t\n") + cells[i]));
   }
 }
 
@@ -68,7 +70,8 @@ void MUNameColumnsOfBlock(const MUColumns& columns, MUDataFileBlock* block) {
 wxString MUWordsForNonEmptyColumns(const wxString& fileName) {
   return wxT("\n\nDoColumnHeadings was never intended for use with a NON-empty collection of "
              "column-property objects.") +
-         wxString(wxT("\n\nThis might not be a problem if you have looked into it.  However, if you "
-                      "did NOT KNOW you sent a non-empty collection, then you ")) +
+         wxString(
+             wxT("\n\nThis might not be a problem if you have looked into it.  However, if you "
+                 "did NOT KNOW you sent a non-empty collection, then you ")) +
          wxT("should investigate.\n\n") + fileName;
 }

@@ -9,10 +9,11 @@ class MUInterfaceExperimentDataFileInputReader;
 
 // Any other value acts as MU_INPUTFILE_TXT.
 enum MU_DATAFILE_INPUTFILE_TYPE : int {
-  MU_INPUTFILE_TXT = 0,             // opened by name
-  MU_INPUTFILE_TXT_HEADERLESS = 1,  // opened by name; data rows only, with the fifteen known columns
-  MU_INPUTFILE_TXT_ALTERNATE = 2,   // same as MU_INPUTFILE_TXT
-  MU_INPUTFILE_IN_MEMORY = 3        // read through an open file
+  MU_INPUTFILE_TXT = 0,  // opened by name
+  MU_INPUTFILE_TXT_HEADERLESS =
+      1,                           // opened by name; data rows only, with the fifteen known columns
+  MU_INPUTFILE_TXT_ALTERNATE = 2,  // same as MU_INPUTFILE_TXT
+  MU_INPUTFILE_IN_MEMORY = 3       // read through an open file
 };
 
 class MUDataFileInputReaderFactory {

@@ -6,8 +6,8 @@
 #include "Tabulon/src/MUSingleRowDataPlusRowProperties.h"
 
 void MUAppendColumnsForCellsBeyondHeadings(MUDataFileBlock* block, std::size_t row,
-                                           MUUniqueNameIndex* namesInUse,
-                                           const MUColumnMaker& make, MUColumns* columns) {
+                                           MUUniqueNameIndex* namesInUse, const MUColumnMaker& make,
+                                           MUColumns* columns) {
   const std::size_t cellCount = block->CellCount(row);
   while (block->ColumnCount() < cellCount) {
     const wxString name = namesInUse->UniqueForm(

@@ -14,8 +14,8 @@ struct MUSingleRowDataPlusRowProperties;
 // named after a missing heading. namesInUse holds all names of the block, before and after. The new
 // columns are appended to columns as well, unless that is null.
 void MUAppendColumnsForCellsBeyondHeadings(MUDataFileBlock* block, std::size_t row,
-                                           MUUniqueNameIndex* namesInUse,
-                                           const MUColumnMaker& make, MUColumns* columns);
+                                           MUUniqueNameIndex* namesInUse, const MUColumnMaker& make,
+                                           MUColumns* columns);
 
 // A new row, the caller's, over all columns that the block has now. Its reaction time is that of the
 // cell at reactionTimePosition, which may be MUDataFileBlock::NOT_FOUND.

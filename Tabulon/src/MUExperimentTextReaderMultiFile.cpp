@@ -33,8 +33,8 @@ MUExperimentTextReaderMultiFile::~MUExperimentTextReaderMultiFile() {
 bool MUExperimentTextReaderMultiFile::PerformSetup(const wxFileName&) {
   const wxEventTypeTag<wxCommandEvent> refreshRequest(wxEVT_COMMAND_REFRESH_REQUEST);
   // A derived viewer may set up anew: one binding and one broker must be left.
-  Unbind(refreshRequest, &MUExperimentTextReaderMultiFile::HandleQueuedEventAfterNotifications, this,
-         wxID_ANY);
+  Unbind(refreshRequest, &MUExperimentTextReaderMultiFile::HandleQueuedEventAfterNotifications,
+         this, wxID_ANY);
   Bind(refreshRequest, &MUExperimentTextReaderMultiFile::HandleQueuedEventAfterNotifications, this,
        wxID_ANY);
   RowsChangedOtherwiseThanByArrival();

@@ -99,10 +99,10 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
   void SetRowFlag(int shownRow, bool value) override;
   void ToggleRowFlag(int shownRow) override;
   bool GetRowFlagStatus(int shownRow) const override;
-  bool DeleteAllRows_WhereField_Y_Matches_Z(const wxString& fieldY, const wxString& valueZ) override;
-  bool DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(const wxString& fieldY,
-                                                                   const std::deque<wxString>& valuesZ,
-                                                                   bool notify) override;
+  bool DeleteAllRows_WhereField_Y_Matches_Z(const wxString& fieldY,
+                                            const wxString& valueZ) override;
+  bool DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(
+      const wxString& fieldY, const std::deque<wxString>& valuesZ, bool notify) override;
 
   // Drops the cached answers that mention the red flag, and no others.
   void ClearRowRedFlagCacheMemory();
@@ -130,15 +130,16 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
       bool includeAllRows) override;
   std::deque<wxString> FindColumnNamesByPropertyFlag(unsigned flags) const override;
   std::deque<wxString> FindColumnNamesWherePropertyFlagIsAbsent(unsigned flags) const override;
-  std::deque<wxString> FindColumnNamesHavingFlagsX_andAbsentFlagsY(unsigned x, unsigned y) const override;
+  std::deque<wxString> FindColumnNamesHavingFlagsX_andAbsentFlagsY(unsigned x,
+                                                                   unsigned y) const override;
   std::list<CompactColumnInfoStruct> FindColumnInformationWherePropertyFlagIsAbsent(
       unsigned flags) override;
-  std::list<unsigned long> FindCurrentRowIndicesByPropertyFlag(unsigned flags,
-                                                               TARGETED_ROW_SEARCH_SET set) const override;
+  std::list<unsigned long> FindCurrentRowIndicesByPropertyFlag(
+      unsigned flags, TARGETED_ROW_SEARCH_SET set) const override;
   std::list<unsigned long> FindCurrentRowIndicesWherePropertyFlagIsAbsent(
       unsigned flags, TARGETED_ROW_SEARCH_SET set) const override;
-  std::list<unsigned long> FindCurrentRowIndicesHavingFlagsX_andAbsentFlagsY(unsigned x,
-                                                                             unsigned y) const override;
+  std::list<unsigned long> FindCurrentRowIndicesHavingFlagsX_andAbsentFlagsY(
+      unsigned x, unsigned y) const override;
 
   // Delete the lists that predicate searches gave out. The entries stay, to be filled again.
   void SafeClearCachesOfRowIndicesSetsPointers();
@@ -150,7 +151,8 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
   void RevertAnyAndAllSortOptions() override;
 
   // ---- File batches, observers and idle work (…Batches.cpp) --------------------------------------
-  void SimultaneousFileRequestsAddAndRemove(const std::deque<DichotomousFileRequest>& requests) override;
+  void SimultaneousFileRequestsAddAndRemove(
+      const std::deque<DichotomousFileRequest>& requests) override;
   void SimultaneousFileRequestsSuppressAndUnsuppress(
       const std::deque<DichotomousFileRequest>& requests) override;
   bool AddObserver(MUInterfaceExperimentDataObserver* observer) const override;
@@ -168,36 +170,40 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
   // ---- Steps, each a hook for a derived viewer ---------------------------------------------------
   // The class calls them through the virtual table. Their order is that of the slots, so they stand here
   // together; behind each the source that holds it.
-  virtual void NotifyMyObservers();                                                     // Loading
+  virtual void NotifyMyObservers();  // Loading
   // Puts the table into its first state; called by the constructor. Always true.
-  virtual bool PerformSetup(const wxFileName& unused);                                  // life
+  virtual bool PerformSetup(const wxFileName& unused);  // life
   // Takes the reader's columns over.
   virtual void MergeNewHeadingsWithOldHeadings(MUInterfaceExperimentDataFileInputReader* reader,
-                                               const wxString& fullName);               // Loading
+                                               const wxString& fullName);  // Loading
   // Takes the reader's rows over.
-  virtual void ExtractAll(MUInterfaceExperimentDataFileInputReader* reader);            // Loading
-  virtual void EraseCachesOfQueries();                                                  // Queries
+  virtual void ExtractAll(MUInterfaceExperimentDataFileInputReader* reader);  // Loading
+  virtual void EraseCachesOfQueries();                                        // Queries
   // Rebuild the lists of row keys, in load order or sorted.
-  virtual void ResetKeysIntoCurrentRowsAll();                                           // Access
-  virtual void ResetKeysUsingSortSettings();                                            // Sorting
-  virtual void EraseAllCachedStatefulOptimizedStoredData();                             // Access
+  virtual void ResetKeysIntoCurrentRowsAll();                // Access
+  virtual void ResetKeysUsingSortSettings();                 // Sorting
+  virtual void EraseAllCachedStatefulOptimizedStoredData();  // Access
   // A column that none of the remaining files has is freed. These two do not notify.
-  virtual void RemoveColumnsBasedOnFileName(const wxFileName& file);                    // Batches
-  virtual void RemoveColumnsBasedOnMultipleFileNames(const std::deque<wxString>& fullNames);   // Batches
-  virtual void SuppressColumnsBasedOnMultipleFileNames(const std::deque<wxString>& fullNames);  // Visibility
-  virtual void UnsuppressColumnsBasedOnMultipleFileNames(const std::deque<wxString>& fullNames);  // Loading
+  virtual void RemoveColumnsBasedOnFileName(const wxFileName& file);  // Batches
+  virtual void RemoveColumnsBasedOnMultipleFileNames(
+      const std::deque<wxString>& fullNames);  // Batches
+  virtual void SuppressColumnsBasedOnMultipleFileNames(
+      const std::deque<wxString>& fullNames);  // Visibility
+  virtual void UnsuppressColumnsBasedOnMultipleFileNames(
+      const std::deque<wxString>& fullNames);  // Loading
   virtual void SimultaneousRowsSuppressAndUnsuppress(
-      const std::deque<DichotomousFileRequest>& requests);                              // Visibility
+      const std::deque<DichotomousFileRequest>& requests);  // Visibility
   virtual void SimultaneousColumnsSuppressAndUnsuppress(
-      const std::deque<DichotomousFileRequest>& requests);                              // Visibility
+      const std::deque<DichotomousFileRequest>& requests);  // Visibility
   // Loads a file that is not known yet as an inactive one; the rest of the batch decides about it.
-  virtual void LastMinuteFileAdditionSoWeCanProceedWithBatchOfRequests(const wxFileName& file);  // Batches
-  virtual void AddMultipleFiles(const std::deque<wxString>& fullNames);                 // Batches
-  virtual void RemoveMultipleFiles(const std::deque<wxString>& fullNames);              // Batches
+  virtual void LastMinuteFileAdditionSoWeCanProceedWithBatchOfRequests(
+      const wxFileName& file);                                              // Batches
+  virtual void AddMultipleFiles(const std::deque<wxString>& fullNames);     // Batches
+  virtual void RemoveMultipleFiles(const std::deque<wxString>& fullNames);  // Batches
   // The notification: all changes become visible.
-  virtual void IdleTimeProcessAllNotifications();                                       // Loading
+  virtual void IdleTimeProcessAllNotifications();  // Loading
   // Whether the first column of that name, also a hidden one, has all of the bits.
-  virtual bool CheckColumnForFlagBits(const wxString& name, unsigned int bits) const;   // life
+  virtual bool CheckColumnForFlagBits(const wxString& name, unsigned int bits) const;  // life
 
  protected:
   using RowKeys = std::vector<unsigned long>;
@@ -215,7 +221,7 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
   bool m_insertNewColumnsInPlace = true;
   bool m_notificationPending = false;
   mutable std::list<MUInterfaceExperimentDataObserver*> m_observers;  // not owned
-  std::deque<TRI_STATE_TRUE_FALSE_UNKNOWN> m_columnHasText;           // one entry per displayed column
+  std::deque<TRI_STATE_TRUE_FALSE_UNKNOWN> m_columnHasText;  // one entry per displayed column
   wxUint32 m_emptySearchColumn = 0;
   wxUint32 m_emptySearchRow = 0;
   bool m_emptySearchFinished = false;
@@ -280,9 +286,9 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
   // The lists of keys in load order as they were last made. While rows only arrive, a notification appends.
   struct UnsortedOrder {
     bool m_stands = false;
-    unsigned long m_nextKey = 0;               // rows from this key on are in no list yet
-    const RowKeys* m_shownKeys = nullptr;      // the buffer that holds the shown ones
-    RowKeys::size_type m_shownKeyCount = 0;    // how many it held
+    unsigned long m_nextKey = 0;             // rows from this key on are in no list yet
+    const RowKeys* m_shownKeys = nullptr;    // the buffer that holds the shown ones
+    RowKeys::size_type m_shownKeyCount = 0;  // how many it held
   };
   UnsortedOrder m_unsortedOrder;
   // Somebody outside holds records of rows and may change their flags at any time.

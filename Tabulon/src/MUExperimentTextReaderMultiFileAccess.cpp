@@ -133,7 +133,8 @@ std::vector<wxString>* MUExperimentTextReaderMultiFile::GetNamesOfAllCurrentlyDi
   return m_currentColumnNames;
 }
 
-MUSingleRowDataPlusRowProperties* MUExperimentTextReaderMultiFile::GetRowByRowIndexAndVisibilityFilter(
+MUSingleRowDataPlusRowProperties*
+MUExperimentTextReaderMultiFile::GetRowByRowIndexAndVisibilityFilter(
     unsigned long index, TARGETED_ROW_SEARCH_SET set) const {
   if (set == CALLER_GIVEN_ROWS) return nullptr;
   m_rowRecordsWereHandedOut = true;
@@ -158,7 +159,8 @@ const MUExperimentTextReaderMultiFile::RowKeys* MUExperimentTextReaderMultiFile:
 }
 
 // The first column of exactly that name, also a hidden one; null if there is none.
-MUColumnNamePlusProperties* MUExperimentTextReaderMultiFile::FindColumn(const wxString& name) const {
+MUColumnNamePlusProperties* MUExperimentTextReaderMultiFile::FindColumn(
+    const wxString& name) const {
   for (MUColumnNamePlusProperties* column : m_columns) {
     if (column->m_columnName == name) return column;
   }
@@ -166,7 +168,9 @@ MUColumnNamePlusProperties* MUExperimentTextReaderMultiFile::FindColumn(const wx
 }
 
 // Null for an index out of range and for a row that has been deleted.
-MUSingleRowDataPlusRowProperties* MUExperimentTextReaderMultiFile::FindShownRow(int shownRow) const {
+MUSingleRowDataPlusRowProperties* MUExperimentTextReaderMultiFile::FindShownRow(
+    int shownRow) const {
   const std::size_t place = Place(shownRow);
-  return place < m_currentShownRowKeys->size() ? m_rows.find((*m_currentShownRowKeys)[place]) : nullptr;
+  return place < m_currentShownRowKeys->size() ? m_rows.find((*m_currentShownRowKeys)[place])
+                                               : nullptr;
 }

@@ -17,9 +17,10 @@ namespace {
 // A file of a batch that is not in the list of files even after the attempt to load it.
 void TellDeveloperOfUnlistedFile(const wxString& fullName) {
   MUUtilitarianFunctions::DebugMessageWithMilliseconds(wxString::Format(
-      wxT("\n\n%s\n\n...cannot be found in our list of files.  \n\nThis can be **GOOD** or **BAD** ")
-      wxT("depending on the file.  If that file failed to open due to invalidity as a datafile, then ")
-      wxT("this message is GOOD NEWS.  Otherwise, this is NOT good.\n\n"),
+      wxT("\n\n%s\n\n...cannot be found in our list of files.  \n\nThis can be **GOOD** or "
+          "**BAD** ") wxT("depending on the file.  If that file failed to open due to invalidity "
+                          "as a datafile, then ")
+          wxT("this message is GOOD NEWS.  Otherwise, this is NOT good.\n\n"),
       fullName));
 }
 
@@ -62,7 +63,8 @@ void MUExperimentTextReaderMultiFile::RemoveMultipleFiles(const std::deque<wxStr
   DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(
       MUInterfaceExperimentDataFileInputReader::STRING_FOR_FILENAME_SECRET_COL, fullNames, true);
   RemoveColumnsBasedOnMultipleFileNames(fullNames);
-  SendFinishMessageToStatusBar(identifier, wxString::Format(wxT("Done removing %d file(s)."), count));
+  SendFinishMessageToStatusBar(identifier,
+                               wxString::Format(wxT("Done removing %d file(s)."), count));
 }
 
 void MUExperimentTextReaderMultiFile::RemoveColumnsBasedOnFileName(const wxFileName& file) {
@@ -70,8 +72,9 @@ void MUExperimentTextReaderMultiFile::RemoveColumnsBasedOnFileName(const wxFileN
   SuppressColumnsBasedOnMultipleFileNames(m_scratchFileNames);
   const wxString& fullName = m_scratchFileNames.front();
   for (MUColumnNamePlusProperties* column : m_columns) {
-    column->m_fileStatuses.remove_if(
-        [&fullName](const FileStatusStruct& status) { return status.FullFileNameMatches(&fullName); });
+    column->m_fileStatuses.remove_if([&fullName](const FileStatusStruct& status) {
+      return status.FullFileNameMatches(&fullName);
+    });
   }
   DeleteColumnsWithoutFile();
 }
@@ -93,11 +96,12 @@ void MUExperimentTextReaderMultiFile::RemoveColumnsBasedOnMultipleFileNames(
 }
 
 void MUExperimentTextReaderMultiFile::DeleteColumnsWithoutFile() {
-  const auto end = std::remove_if(m_columns.begin(), m_columns.end(), [](MUColumnNamePlusProperties* column) {
-    if (!column->m_fileStatuses.empty()) return false;
-    delete column;
-    return true;
-  });
+  const auto end =
+      std::remove_if(m_columns.begin(), m_columns.end(), [](MUColumnNamePlusProperties* column) {
+        if (!column->m_fileStatuses.empty()) return false;
+        delete column;
+        return true;
+      });
   m_columns.erase(end, m_columns.end());
 }
 
@@ -133,7 +137,8 @@ void MUExperimentTextReaderMultiFile::LastMinuteFileAdditionSoWeCanProceedWithBa
   AddExperimentOcurrence(file, false);
 }
 
-bool MUExperimentTextReaderMultiFile::AddObserver(MUInterfaceExperimentDataObserver* observer) const {
+bool MUExperimentTextReaderMultiFile::AddObserver(
+    MUInterfaceExperimentDataObserver* observer) const {
   m_observers.push_back(observer);
   return true;
 }

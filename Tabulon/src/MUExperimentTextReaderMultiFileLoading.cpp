@@ -36,8 +36,8 @@ bool MUExperimentTextReaderMultiFile::
   return AddExperimentOcurrence_private(file, notify, true, openFile);
 }
 
-bool MUExperimentTextReaderMultiFile::AddExperimentOcurrence_private(const wxFileName& file, bool notify,
-                                                                     bool simulateIdle,
+bool MUExperimentTextReaderMultiFile::AddExperimentOcurrence_private(const wxFileName& file,
+                                                                     bool notify, bool simulateIdle,
                                                                      wxFile* openFile) {
   const wxString fullPath = file.GetFullPath();
   std::unique_ptr<MUInterfaceExperimentDataFileInputReader> reader(
@@ -85,7 +85,8 @@ void MUExperimentTextReaderMultiFile::UnsuppressColumnsBasedOnMultipleFileNames(
 }
 
 void MUExperimentTextReaderMultiFile::MaintainRunningListOfExperimentFiles(const wxString& fullName,
-                                                                           bool remove, bool active) {
+                                                                           bool remove,
+                                                                           bool active) {
   if (remove) {
     m_files.erase(fullName);
   } else {
@@ -108,7 +109,8 @@ void MUExperimentTextReaderMultiFile::IdleTimeProcessAllNotifications() {
   RotateQueuedCopiesOfRowCollectionAndColCollection();
   EraseAllCachedStatefulOptimizedStoredData();
 
-  const std::deque<wxString> names = FindColumnNamesWherePropertyFlagIsAbsent(MU_NOT_FULLY_SHOWN_MASK);
+  const std::deque<wxString> names =
+      FindColumnNamesWherePropertyFlagIsAbsent(MU_NOT_FULLY_SHOWN_MASK);
   m_columnHasText.resize(names.size(), TRI_STATE_UNKNOWN);
   m_currentColumnNames->assign(names.begin(), names.end());
   m_shownRowCount = m_currentShownRowKeys->size();
@@ -125,7 +127,8 @@ void MUExperimentTextReaderMultiFile::IdleTimeProcessAllNotifications() {
   if (m_statusPrinter != nullptr) AddPendingEvent(wxCommandEvent(wxEVT_COMMAND_REFRESH_REQUEST));
 }
 
-void MUExperimentTextReaderMultiFile::SetLinkToStatusBar(MUInterfaceStatusTextPrinterManager* printer) {
+void MUExperimentTextReaderMultiFile::SetLinkToStatusBar(
+    MUInterfaceStatusTextPrinterManager* printer) {
   m_statusPrinter = printer;
 }
 

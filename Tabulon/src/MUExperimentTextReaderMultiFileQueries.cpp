@@ -49,7 +49,8 @@ void ForEachRow(const std::vector<unsigned long>& keys, const MURowStore& rows, 
 }
 
 template <typename TEST>
-std::deque<wxString> NamesOfColumns(const std::deque<MUColumnNamePlusProperties*>& columns, TEST test) {
+std::deque<wxString> NamesOfColumns(const std::deque<MUColumnNamePlusProperties*>& columns,
+                                    TEST test) {
   std::deque<wxString> names;
   for (const MUColumnNamePlusProperties* column : columns) {
     if (test(column->m_columnPropertyFlags)) names.push_back(column->m_columnName);
@@ -58,10 +59,10 @@ std::deque<wxString> NamesOfColumns(const std::deque<MUColumnNamePlusProperties*
 }
 
 template <typename TEST>
-std::list<unsigned long> IndicesOfRows(MUInterfaceMultiExperimentDataSource::TARGETED_ROW_SEARCH_SET set,
-                                       const std::vector<unsigned long>& activeKeys,
-                                       const std::vector<unsigned long>& shownKeys, const MURowStore& rows,
-                                       TEST test) {
+std::list<unsigned long> IndicesOfRows(
+    MUInterfaceMultiExperimentDataSource::TARGETED_ROW_SEARCH_SET set,
+    const std::vector<unsigned long>& activeKeys, const std::vector<unsigned long>& shownKeys,
+    const MURowStore& rows, TEST test) {
   std::list<unsigned long> indices;
   const auto copyIfTestHolds = [&test](auto inserter) {
     return [&test, inserter](const Row* row) mutable {
@@ -70,8 +71,9 @@ std::list<unsigned long> IndicesOfRows(MUInterfaceMultiExperimentDataSource::TAR
   };
   switch (set) {
     case MUInterfaceMultiExperimentDataSource::ACTIVE_SHOWN_AND_ACTIVE_SEMIHIDDEN:
-      ForEachRow(activeKeys, rows,
-                 copyIfTestHolds(custom_back_insert_iterator_active_shown_and_active_semihidden(indices)));
+      ForEachRow(
+          activeKeys, rows,
+          copyIfTestHolds(custom_back_insert_iterator_active_shown_and_active_semihidden(indices)));
       break;
     case MUInterfaceMultiExperimentDataSource::ONLY_FULLY_SHOWN_ROWS:
       ForEachRow(shownKeys, rows,
@@ -110,7 +112,8 @@ void MUExperimentTextReaderMultiFile::SafeClearStoredNonCachedConstPointers() {
   }
 }
 
-std::deque<wxString> MUExperimentTextReaderMultiFile::FindColumnNamesByPropertyFlag(unsigned flags) const {
+std::deque<wxString> MUExperimentTextReaderMultiFile::FindColumnNamesByPropertyFlag(
+    unsigned flags) const {
   return Remembered(m_cacheColumnNames, MUQueryKeys::ColumnNamesByFlag(flags), [&] {
     return NamesOfColumns(m_columns, [=](unsigned has) { return HasAllFlags(has, flags); });
   });
@@ -163,7 +166,8 @@ std::list<unsigned long> MUExperimentTextReaderMultiFile::FindCurrentRowIndicesB
   });
 }
 
-std::list<unsigned long> MUExperimentTextReaderMultiFile::FindCurrentRowIndicesWherePropertyFlagIsAbsent(
+std::list<unsigned long>
+MUExperimentTextReaderMultiFile::FindCurrentRowIndicesWherePropertyFlagIsAbsent(
     unsigned flags, TARGETED_ROW_SEARCH_SET set) const {
   const Key key = MUQueryKeys::RowsByAbsentFlag(flags, set);
   NoteRedFlagDependence(key, flags);
@@ -173,7 +177,8 @@ std::list<unsigned long> MUExperimentTextReaderMultiFile::FindCurrentRowIndicesW
   });
 }
 
-std::list<unsigned long> MUExperimentTextReaderMultiFile::FindCurrentRowIndicesHavingFlagsX_andAbsentFlagsY(
+std::list<unsigned long>
+MUExperimentTextReaderMultiFile::FindCurrentRowIndicesHavingFlagsX_andAbsentFlagsY(
     unsigned x, unsigned y) const {
   const Key key = MUQueryKeys::RowsByFlagAndAbsentFlag(x, y);
   NoteRedFlagDependence(key, x | y);
@@ -182,7 +187,8 @@ std::list<unsigned long> MUExperimentTextReaderMultiFile::FindCurrentRowIndicesH
     RowIndexList indices;
     for (std::size_t place = 0; place < m_allRowKeys.size(); ++place) {
       const Row* row = m_rows.find(m_allRowKeys[place]);
-      if (row != nullptr && HasAllFlagsAndNone(row->m_rowPropertyFlags, x, y)) indices.push_back(place);
+      if (row != nullptr && HasAllFlagsAndNone(row->m_rowPropertyFlags, x, y))
+        indices.push_back(place);
     }
     return indices;
   });
@@ -211,7 +217,8 @@ MUExperimentTextReaderMultiFile::FindCurrentRowIndicesMatchingRowTruthPredicateW
 
 const std::list<unsigned long>*
 MUExperimentTextReaderMultiFile::FindCurrentRowIndicesMatchingRowTruthPredicateWithinGivenIndices(
-    MUInterfaceRowTruthDecider* decider, const std::list<unsigned long>& indices, bool includeAllRows) {
+    MUInterfaceRowTruthDecider* decider, const std::list<unsigned long>& indices,
+    bool includeAllRows) {
   const RowKeys& keys = *KeysOfSet(includeAllRows ? ALL_ROWS : ONLY_FULLY_SHOWN_ROWS);
   m_givenRowKeys.clear();
   for (const unsigned long index : indices) {
@@ -246,7 +253,8 @@ MUExperimentTextReaderMultiFile::InternalFindCurrentRowIndicesMatchingRowTruthPr
                                                              static_cast<unsigned>(first),
                                                              static_cast<unsigned>(last)));
     const auto cached = m_cacheRowIndexHolders.find(*key);
-    if (cached != m_cacheRowIndexHolders.end() && *cached->second != nullptr) return *cached->second;
+    if (cached != m_cacheRowIndexHolders.end() && *cached->second != nullptr)
+      return *cached->second;
   }
 
   auto found = std::make_unique<RowIndexList>();
@@ -287,7 +295,8 @@ void MUExperimentTextReaderMultiFile::SafeStoreNonCachedConstPointerToDeleteLate
 
 void MUExperimentTextReaderMultiFile::SelectDistinctPerColumn(const wxString& column,
                                                               std::vector<wxString>& values,
-                                                              TARGETED_ROW_SEARCH_SET set, bool trim) const {
+                                                              TARGETED_ROW_SEARCH_SET set,
+                                                              bool trim) const {
   values = Remembered(m_cacheStringSelects, MUQueryKeys::DistinctValues(column, set, trim), [&] {
     std::vector<wxString> distinct;
     std::unordered_set<MUCellText, CellTextHash> seen;
@@ -309,9 +318,11 @@ std::vector<wxString> MUExperimentTextReaderMultiFile::GetAllFromCol_X_WhereFiel
     std::vector<wxString> texts;
     MUColumnReader field(fieldY);
     MUColumnReader column(columnX);
-    ForEachRow(*KeysOfSet(includeAllRows ? ALL_ROWS : ONLY_FULLY_SHOWN_ROWS), m_rows, [&](const Row* row) {
-      if (field.TextOf(*row).Equals(valueZ)) texts.push_back(column.TextOf(*row).ToString());
-    });
+    ForEachRow(*KeysOfSet(includeAllRows ? ALL_ROWS : ONLY_FULLY_SHOWN_ROWS), m_rows,
+               [&](const Row* row) {
+                 if (field.TextOf(*row).Equals(valueZ))
+                   texts.push_back(column.TextOf(*row).ToString());
+               });
     return texts;
   });
 }
@@ -327,14 +338,15 @@ MUExperimentTextReaderMultiFile::GetAllFromMultiCols_X_WhereField_Y_Matches_Z(
   auto result = std::make_unique<MUQueryCachingBroker::MultiSelect>();
   MUColumnReader field(fieldY);
   std::deque<MUColumnReader> columns(columnsX.begin(), columnsX.end());
-  ForEachRow(*KeysOfSet(includeAllRows ? ALL_ROWS : ONLY_FULLY_SHOWN_ROWS), m_rows, [&](const Row* row) {
-    if (!matchesAll && !field.TextOf(*row).Equals(valueZ)) return;
-    auto cells = std::make_unique<std::map<wxString, wxString>>();
-    for (std::size_t i = 0; i < columnsX.size(); ++i) {
-      cells->emplace(columnsX[i], columns[i].TextOf(*row).ToString());
-    }
-    result->push_back(cells.release());
-  });
+  ForEachRow(*KeysOfSet(includeAllRows ? ALL_ROWS : ONLY_FULLY_SHOWN_ROWS), m_rows,
+             [&](const Row* row) {
+               if (!matchesAll && !field.TextOf(*row).Equals(valueZ)) return;
+               auto cells = std::make_unique<std::map<wxString, wxString>>();
+               for (std::size_t i = 0; i < columnsX.size(); ++i) {
+                 cells->emplace(columnsX[i], columns[i].TextOf(*row).ToString());
+               }
+               result->push_back(cells.release());
+             });
   MUQueryCachingBroker::MultiSelect* held = result.release();
   m_broker->HoldThisDataMultiSelect(key, held);
   return held;

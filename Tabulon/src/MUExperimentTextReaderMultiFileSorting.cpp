@@ -37,7 +37,8 @@ void MUExperimentTextReaderMultiFile::DropAnswersThatDependOnRowOrder() {
 }
 
 void MUExperimentTextReaderMultiFile::ResetKeysUsingSortSettings() {
-  static const wxString identifier(wxT("MUExperimentTextReaderMultiFile::ResetKeysUsingSortSettings"));
+  static const wxString identifier(
+      wxT("MUExperimentTextReaderMultiFile::ResetKeysUsingSortSettings"));
   m_sortRanSinceNotification = true;
   ForgetRowOrder();
   if (m_rows.empty()) return;
@@ -48,9 +49,10 @@ void MUExperimentTextReaderMultiFile::ResetKeysUsingSortSettings() {
     row->m_rowKey = key;
     rows.push_back(row);
   }
-  const auto endOfShown =
-      std::stable_partition(rows.begin(), rows.end(), UnaryPredPartitionByVisibility(m_sortColumnName));
-  if (endOfShown != rows.begin()) SortRows(rows.begin(), endOfShown, m_sortColumnName, m_sortReverse);
+  const auto endOfShown = std::stable_partition(rows.begin(), rows.end(),
+                                                UnaryPredPartitionByVisibility(m_sortColumnName));
+  if (endOfShown != rows.begin())
+    SortRows(rows.begin(), endOfShown, m_sortColumnName, m_sortReverse);
 
   // One counter serves the shown rows in all three lists: they stand first in each.
   unsigned long index = 0;

@@ -54,7 +54,8 @@ void ForEachRowByFile(const ROWS& rows, DECIDE decide, APPLY apply) {
 
 }  // namespace
 
-void MUExperimentTextReaderMultiFile::HideOneSingleRowPerArbitraryUserRequest(unsigned long shownRow) {
+void MUExperimentTextReaderMultiFile::HideOneSingleRowPerArbitraryUserRequest(
+    unsigned long shownRow) {
   if (shownRow < m_currentShownRowKeys->size()) {
     MUSingleRowDataPlusRowProperties* row = m_rows.find((*m_currentShownRowKeys)[shownRow]);
     if (row != nullptr) row->m_rowPropertyFlags |= MU_ROW_FLAG_HIDDEN_BY_USER;
@@ -63,7 +64,8 @@ void MUExperimentTextReaderMultiFile::HideOneSingleRowPerArbitraryUserRequest(un
   NotifyMyObservers();
 }
 
-void MUExperimentTextReaderMultiFile::RemoveUserDesignatedRowHiddennessBasedOnCurrentlyActiveFiles() {
+void MUExperimentTextReaderMultiFile::
+    RemoveUserDesignatedRowHiddennessBasedOnCurrentlyActiveFiles() {
   const auto isActive = [this](const wxString& fullName) {
     const auto file = m_files.find(fullName);
     return file != m_files.end() && file->second;
@@ -75,14 +77,16 @@ void MUExperimentTextReaderMultiFile::RemoveUserDesignatedRowHiddennessBasedOnCu
   NotifyMyObservers();
 }
 
-void MUExperimentTextReaderMultiFile::HideOneSingleColumnPerArbitraryUserRequest(const wxString& name) {
+void MUExperimentTextReaderMultiFile::HideOneSingleColumnPerArbitraryUserRequest(
+    const wxString& name) {
   MUColumnNamePlusProperties* column = FindColumn(name);
   if (column == nullptr) return;
   column->m_columnPropertyFlags |= MU_COL_FLAG_HIDDEN_BY_USER;
   NotifyMyObservers();
 }
 
-void MUExperimentTextReaderMultiFile::UnhideOneSingleColumnPerArbitraryUserRequest(const wxString& name) {
+void MUExperimentTextReaderMultiFile::UnhideOneSingleColumnPerArbitraryUserRequest(
+    const wxString& name) {
   MUColumnNamePlusProperties* column = FindColumn(name);
   if (column == nullptr) return;
   column->m_columnPropertyFlags &= ~MU_COL_FLAG_HIDDEN_BY_USER;
@@ -102,11 +106,12 @@ void MUExperimentTextReaderMultiFile::SimultaneousRowsSuppressAndUnsuppress(
   const auto requestFor = [&requests](const wxString& fullName) {
     return FirstRequestFor(fullName, requests);
   };
-  ForEachRowByFile(m_rows, requestFor,
-                   [](MUSingleRowDataPlusRowProperties& row, const DichotomousFileRequest* request) {
-                     row.m_rowPropertyFlags = ApplyEnMasseShowOrHideUsingDichotomousFileRequest(
-                         row.m_rowPropertyFlags, request);
-                   });
+  ForEachRowByFile(
+      m_rows, requestFor,
+      [](MUSingleRowDataPlusRowProperties& row, const DichotomousFileRequest* request) {
+        row.m_rowPropertyFlags =
+            ApplyEnMasseShowOrHideUsingDichotomousFileRequest(row.m_rowPropertyFlags, request);
+      });
   RowsChangedOtherwiseThanByArrival();
 }
 
@@ -140,15 +145,16 @@ void MUExperimentTextReaderMultiFile::HideEmptyColumnsBasedOnCurrentlyShownRows(
     }
   }
   m_emptySearchFinished = true;
-  SendFinishMessageToStatusBar(identifier,
-                               wxString::Format(wxGetTranslation(wxT("%d columns hidden.")), hidden));
+  SendFinishMessageToStatusBar(
+      identifier, wxString::Format(wxGetTranslation(wxT("%d columns hidden.")), hidden));
 }
 
 void MUExperimentTextReaderMultiFile::PerformOneTimesliceOfEmptyColumnSearch() {
   if (m_emptySearchFinished) return;
   unsigned examined = 0;
   const RowKeys& keys = *m_currentShownRowKeys;
-  for (unsigned long steps = 0; steps < COLUMN_STEPS_PER_SLICE && examined < CELLS_PER_SLICE; ++steps) {
+  for (unsigned long steps = 0; steps < COLUMN_STEPS_PER_SLICE && examined < CELLS_PER_SLICE;
+       ++steps) {
     if (m_emptySearchColumn >= m_currentColumnNames->size() ||
         m_emptySearchColumn >= m_columnHasText.size()) {
       m_emptySearchFinished = true;
@@ -197,7 +203,8 @@ void MUExperimentTextReaderMultiFile::ToggleRowFlag(int shownRow) {
 }
 
 void MUExperimentTextReaderMultiFile::ClearRowRedFlagCacheMemory() {
-  for (const MUCachingKeySelectedData& key : m_redFlagDependentKeys) m_cacheRowIndicesByFlags.erase(key);
+  for (const MUCachingKeySelectedData& key : m_redFlagDependentKeys)
+    m_cacheRowIndicesByFlags.erase(key);
   m_redFlagDependentKeys.clear();
 }
 
@@ -206,9 +213,11 @@ void MUExperimentTextReaderMultiFile::MoveColumnPosition(const wxString& moved,
   // Only the left side is trimmed: what the user sees indented is found, a blank at the end counts.
   const auto find = [&](const wxString& wanted) {
     const wxString trimmed = LeftTrimmed(wanted);
-    return std::find_if(m_columns.begin(), m_columns.end(), [&](const MUColumnNamePlusProperties* column) {
-      return trim ? LeftTrimmed(column->m_columnName) == trimmed : column->m_columnName == wanted;
-    });
+    return std::find_if(m_columns.begin(), m_columns.end(),
+                        [&](const MUColumnNamePlusProperties* column) {
+                          return trim ? LeftTrimmed(column->m_columnName) == trimmed
+                                      : column->m_columnName == wanted;
+                        });
   };
   const auto place = find(moved);
   if (place == m_columns.end()) return;
@@ -219,14 +228,17 @@ void MUExperimentTextReaderMultiFile::MoveColumnPosition(const wxString& moved,
 }
 
 void MUExperimentTextReaderMultiFile::GetOuterLimitsOfPreservedRange(int* row, int* column) const {
-  *row = m_shownRowCount == 0 ? -1 : LastEqualPlace(*m_currentShownRowKeys, *m_previousShownRowKeys);
-  *column = m_shownColumnCount == 0 ? -1 : LastEqualPlace(*m_currentColumnNames, *m_previousColumnNames);
+  *row =
+      m_shownRowCount == 0 ? -1 : LastEqualPlace(*m_currentShownRowKeys, *m_previousShownRowKeys);
+  *column =
+      m_shownColumnCount == 0 ? -1 : LastEqualPlace(*m_currentColumnNames, *m_previousColumnNames);
 }
 
 bool MUExperimentTextReaderMultiFile::DeleteAllRows_WhereField_Y_Matches_Z(const wxString& fieldY,
                                                                            const wxString& valueZ) {
   m_scratchFileNames.assign(1, valueZ);
-  return DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(fieldY, m_scratchFileNames, true);
+  return DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(fieldY, m_scratchFileNames,
+                                                                     true);
 }
 
 bool MUExperimentTextReaderMultiFile::DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(

@@ -2,8 +2,9 @@
 
 #include <wx/intl.h>
 
-const wxString MUInterfaceExperimentDataFileInputReader::
-    COL_HEAD_STRING_VALUE_WHEN_COLNAME_IS_MISSING = wxGetTranslation(wxT("[Missing\nCol Name]"));
+const wxString
+    MUInterfaceExperimentDataFileInputReader::COL_HEAD_STRING_VALUE_WHEN_COLNAME_IS_MISSING =
+        wxGetTranslation(wxT("[Missing\nCol Name]"));
 const wxString MUInterfaceExperimentDataFileInputReader::STRING_FOR_PERSONNAME_SECRET_COL =
     wxT("PNPNPN_PNPNPN_01zx");
 const wxString MUInterfaceExperimentDataFileInputReader::STRING_FOR_FILENAME_SECRET_COL =
@@ -25,10 +26,14 @@ const wxString& MUInterfaceExperimentDataFileInputReader::GetStandardizedDataFil
   static const wxString RTIME_HEADING = wxGetTranslation(wxT("Reaction\nTime"));
   static const wxString INVALID_RESULT = wxGetTranslation(wxString());
   switch (which) {
-    case BLOCK_COLUMN_HEADING: return BLOCK_HEADING;
-    case TRIAL_COLUMN_HEADING: return TRIAL_HEADING;
-    case ERROR_COLUMN_HEADING: return ERROR_HEADING;
-    case RTIME_COLUMN_HEADING: return RTIME_HEADING;
+    case BLOCK_COLUMN_HEADING:
+      return BLOCK_HEADING;
+    case TRIAL_COLUMN_HEADING:
+      return TRIAL_HEADING;
+    case ERROR_COLUMN_HEADING:
+      return ERROR_HEADING;
+    case RTIME_COLUMN_HEADING:
+      return RTIME_HEADING;
   }
   return INVALID_RESULT;
 }

@@ -66,11 +66,11 @@ class MUInterfaceExperimentDataFileInputReader {
   static const wxString COL_HEAD_STRING_VALUE_WHEN_COLNAME_IS_MISSING;
   // Keys in a row's cell map that no column object stands for. With them a row, once merged with the
   // rows of other files, still knows where it came from. No data file holds such a heading.
-  static const wxString STRING_FOR_PERSONNAME_SECRET_COL;     // participant name
-  static const wxString STRING_FOR_FILENAME_SECRET_COL;       // full path of the file
-  static const wxString STRING_FOR_SHORTNAME_SECRET_COL;      // file name with extension, no folder
-  static const wxString STRING_FOR_EXPERIMENT_SECRET_COL;     // experiment title
-  static const wxString STRING_FOR_EXP_DATETIME_SECRET_COL;   // date and time line
+  static const wxString STRING_FOR_PERSONNAME_SECRET_COL;    // participant name
+  static const wxString STRING_FOR_FILENAME_SECRET_COL;      // full path of the file
+  static const wxString STRING_FOR_SHORTNAME_SECRET_COL;     // file name with extension, no folder
+  static const wxString STRING_FOR_EXPERIMENT_SECRET_COL;    // experiment title
+  static const wxString STRING_FOR_EXP_DATETIME_SECRET_COL;  // date and time line
 };
 
 #endif

@@ -10,8 +10,9 @@ class MUInterfaceExperimentDataObserver {
  public:
   // Everything up to the last preserved row and column, both inclusive and counted from 0, is as it was
   // before; -1 when nothing is.
-  virtual void OnDataShapeChanged(unsigned shownRows, unsigned shownColumns, unsigned long activeRows,
-                                  int lastPreservedRow, int lastPreservedColumn) = 0;
+  virtual void OnDataShapeChanged(unsigned shownRows, unsigned shownColumns,
+                                  unsigned long activeRows, int lastPreservedRow,
+                                  int lastPreservedColumn) = 0;
   // Comes after every observer has been told of the new shape. The event is the caller's.
   virtual void OnRefreshRequest(wxCommandEvent& event) = 0;
 

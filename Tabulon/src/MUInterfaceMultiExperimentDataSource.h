@@ -51,7 +51,8 @@ class MUInterfaceMultiExperimentDataSource {
   virtual void UnhideOneSingleColumnPerArbitraryUserRequest(const wxString& name) = 0;
   // Puts the column before another one, or at the end if there is no such other column. With trim, names
   // are compared without the blanks on their left side.
-  virtual void MoveColumnPosition(const wxString& moved, const wxString& beforeWhich, bool trim) = 0;
+  virtual void MoveColumnPosition(const wxString& moved, const wxString& beforeWhich,
+                                  bool trim) = 0;
   virtual void HideEmptyColumnsBasedOnCurrentlyShownRows() = 0;
 
   // The user's mark on a shown row; it has no effect on visibility and is seen at once.
@@ -68,7 +69,8 @@ class MUInterfaceMultiExperimentDataSource {
   virtual void RevertAnyAndAllSortOptions() = 0;
 
   // Plain access to the displayed columns of the fully shown rows.
-  virtual int GetColumnPositionNumberFromText(const wxString& name) const = 0;  // -1 if not displayed
+  virtual int GetColumnPositionNumberFromText(
+      const wxString& name) const = 0;  // -1 if not displayed
   virtual int GetNumberOfDataRows() const = 0;
   virtual int GetNumberOfDataColumns() const = 0;
   virtual wxString GetDataCellValue(int row, int column) const = 0;
@@ -89,21 +91,24 @@ class MUInterfaceMultiExperimentDataSource {
                                                                        bool includeAllRows) = 0;
   // One map per row, with an entry for each of the columns. SPECIAL_CODE_TO_REQUEST_MATCH_ALL_ROWS as the
   // value matches every row.
-  virtual const std::vector<std::map<wxString, wxString>*>* GetAllFromMultiCols_X_WhereField_Y_Matches_Z(
-      const std::deque<wxString>& columnsX, const wxString& fieldY, const wxString& valueZ,
-      bool includeAllRows) = 0;
+  virtual const std::vector<std::map<wxString, wxString>*>*
+  GetAllFromMultiCols_X_WhereField_Y_Matches_Z(const std::deque<wxString>& columnsX,
+                                               const wxString& fieldY, const wxString& valueZ,
+                                               bool includeAllRows) = 0;
   // Indices among all rows or among the fully shown ones. first and last are inclusive; a negative first
   // means the first row, a negative last the last one, and either past the end gives no rows at all.
   virtual const std::list<unsigned long>* FindCurrentRowIndicesMatchingRowTruthPredicate(
       MUInterfaceRowTruthDecider* decider, bool includeAllRows) = 0;
   virtual const std::list<unsigned long>* FindCurrentRowIndicesMatchingRowTruthPredicateWithinRange(
       MUInterfaceRowTruthDecider* decider, bool includeAllRows, int first, int last) = 0;
-  virtual const std::list<unsigned long>* FindCurrentRowIndicesMatchingRowTruthPredicateWithinGivenIndices(
+  virtual const std::list<unsigned long>*
+  FindCurrentRowIndicesMatchingRowTruthPredicateWithinGivenIndices(
       MUInterfaceRowTruthDecider* decider, const std::list<unsigned long>& indices,
       bool includeAllRows) = 0;
 
   // Deleting rows. Both answer true.
-  virtual bool DeleteAllRows_WhereField_Y_Matches_Z(const wxString& fieldY, const wxString& valueZ) = 0;
+  virtual bool DeleteAllRows_WhereField_Y_Matches_Z(const wxString& fieldY,
+                                                    const wxString& valueZ) = 0;
   virtual bool DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(
       const wxString& fieldY, const std::deque<wxString>& valuesZ, bool notify) = 0;
 
@@ -123,8 +128,8 @@ class MUInterfaceMultiExperimentDataSource {
   virtual std::list<unsigned long> FindCurrentRowIndicesWherePropertyFlagIsAbsent(
       unsigned flags, TARGETED_ROW_SEARCH_SET set) const = 0;
   // The row's index among all rows.
-  virtual std::list<unsigned long> FindCurrentRowIndicesHavingFlagsX_andAbsentFlagsY(unsigned x,
-                                                                                     unsigned y) const = 0;
+  virtual std::list<unsigned long> FindCurrentRowIndicesHavingFlagsX_andAbsentFlagsY(
+      unsigned x, unsigned y) const = 0;
 
   // The observer is not owned and must outlive the table. Always true; added twice, it is told twice.
   virtual bool AddObserver(MUInterfaceExperimentDataObserver* observer) const = 0;

@@ -16,7 +16,8 @@ std::size_t ByteOf(std::uint64_t key, std::size_t byte) { return key >> (8 * byt
 
 }  // namespace
 
-void StableSortByKey(MUKeyedPlaces::iterator begin, MUKeyedPlaces::iterator end, MUKeyedPlaces& scratch) {
+void StableSortByKey(MUKeyedPlaces::iterator begin, MUKeyedPlaces::iterator end,
+                     MUKeyedPlaces& scratch) {
   if (end - begin < FEW_PLACES) {
     std::stable_sort(begin, end,
                      [](const MUKeyedPlace& a, const MUKeyedPlace& b) { return a.key < b.key; });

@@ -25,10 +25,14 @@ inline MUByteMasks MUExamineBytesOneByOne(const char* bytes, std::size_t count) 
   for (std::size_t i = 0; i < count; ++i) {
     const std::uint32_t bit = 1u << i;
     const char byte = bytes[i];
-    if (byte == '\t') masks.tabs |= bit;
-    else if (byte == '\n') masks.lineFeeds |= bit;
-    else if (byte == '\r') masks.carriageReturns |= bit;
-    else if (byte < ' ' || byte > '~') masks.notPlain |= bit;
+    if (byte == '\t')
+      masks.tabs |= bit;
+    else if (byte == '\n')
+      masks.lineFeeds |= bit;
+    else if (byte == '\r')
+      masks.carriageReturns |= bit;
+    else if (byte < ' ' || byte > '~')
+      masks.notPlain |= bit;
   }
   return masks;
 }

@@ -77,12 +77,14 @@ MUCachingKeySelectedData OneColumnWhere(const wxString& columnX, const wxString&
   return {columnX, fieldY, Joined(valueZ, Number(static_cast<int>(includeAllRows)))};
 }
 
-MUCachingKeySelectedData SeveralColumnsWhere(const std::deque<wxString>& columnsX, const wxString& fieldY,
-                                             const wxString& valueZ, bool includeAllRows) {
+MUCachingKeySelectedData SeveralColumnsWhere(const std::deque<wxString>& columnsX,
+                                             const wxString& fieldY, const wxString& valueZ,
+                                             bool includeAllRows) {
   std::deque<wxString> sorted(columnsX);
   std::sort(sorted.begin(), sorted.end());
   wxString select;
-  for (const wxString& column : sorted) select += column + Source::DELIMITER_FOR_USE_IN_CONCATENATION;
+  for (const wxString& column : sorted)
+    select += column + Source::DELIMITER_FOR_USE_IN_CONCATENATION;
   const bool matchesAll = valueZ == Source::SPECIAL_CODE_TO_REQUEST_MATCH_ALL_ROWS;
   return {select, matchesAll ? wxString() : fieldY,
           Joined(valueZ, Number(static_cast<int>(includeAllRows)))};

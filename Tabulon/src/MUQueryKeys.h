@@ -27,8 +27,9 @@ MUCachingKeySelectedData OneColumnWhere(const wxString& columnX, const wxString&
                                         const wxString& valueZ, bool includeAllRows);
 
 // The same columns in another order give the same key, and so does any field when every row matches.
-MUCachingKeySelectedData SeveralColumnsWhere(const std::deque<wxString>& columnsX, const wxString& fieldY,
-                                             const wxString& valueZ, bool includeAllRows);
+MUCachingKeySelectedData SeveralColumnsWhere(const std::deque<wxString>& columnsX,
+                                             const wxString& fieldY, const wxString& valueZ,
+                                             bool includeAllRows);
 
 }  // namespace MUQueryKeys
 

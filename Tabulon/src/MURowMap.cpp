@@ -16,11 +16,16 @@ constexpr std::size_t OffsetInRow() {
   using Row = MUSingleRowDataPlusRowProperties;
   static_assert(std::is_standard_layout_v<Row>, "a map finds its row by its place in it");
   switch (KIND) {
-    case Kind::CELLS: return offsetof(Row, m_cells);
-    case Kind::HASH01: return offsetof(Row, m_hash01);
-    case Kind::HASH02: return offsetof(Row, m_hash02);
-    case Kind::HASH03: return offsetof(Row, m_hash03);
-    case Kind::TEXT_FITS_IN_HASH: return offsetof(Row, m_textFitsInHash);
+    case Kind::CELLS:
+      return offsetof(Row, m_cells);
+    case Kind::HASH01:
+      return offsetof(Row, m_hash01);
+    case Kind::HASH02:
+      return offsetof(Row, m_hash02);
+    case Kind::HASH03:
+      return offsetof(Row, m_hash03);
+    case Kind::TEXT_FITS_IN_HASH:
+      return offsetof(Row, m_textFitsInHash);
   }
   return 0;
 }
@@ -28,20 +33,30 @@ constexpr std::size_t OffsetInRow() {
 // The overlay of a kind; OVERLAYS is const or not.
 template <Kind KIND, typename OVERLAYS>
 auto& OverlayOf(OVERLAYS& overlays) {
-  if constexpr (KIND == Kind::CELLS) return overlays.m_cells;
-  else if constexpr (KIND == Kind::HASH01) return overlays.m_hash01;
-  else if constexpr (KIND == Kind::HASH02) return overlays.m_hash02;
-  else if constexpr (KIND == Kind::HASH03) return overlays.m_hash03;
-  else return overlays.m_textFitsInHash;
+  if constexpr (KIND == Kind::CELLS)
+    return overlays.m_cells;
+  else if constexpr (KIND == Kind::HASH01)
+    return overlays.m_hash01;
+  else if constexpr (KIND == Kind::HASH02)
+    return overlays.m_hash02;
+  else if constexpr (KIND == Kind::HASH03)
+    return overlays.m_hash03;
+  else
+    return overlays.m_textFitsInHash;
 }
 
 template <Kind KIND>
 MURowMapped<KIND> ValueOfCell(const MUCellText& cell) {
-  if constexpr (KIND == Kind::CELLS) return cell.ToString();
-  else if constexpr (KIND == Kind::HASH01) return cell.SortKey(0);
-  else if constexpr (KIND == Kind::HASH02) return cell.SortKey(1);
-  else if constexpr (KIND == Kind::HASH03) return cell.SortKey(2);
-  else return cell.FitsInSortKeys();
+  if constexpr (KIND == Kind::CELLS)
+    return cell.ToString();
+  else if constexpr (KIND == Kind::HASH01)
+    return cell.SortKey(0);
+  else if constexpr (KIND == Kind::HASH02)
+    return cell.SortKey(1);
+  else if constexpr (KIND == Kind::HASH03)
+    return cell.SortKey(2);
+  else
+    return cell.FitsInSortKeys();
 }
 
 // A line without any cell leaves one entry under the empty key in the maps of sort keys.
@@ -52,8 +67,10 @@ bool HasEntryOfNoCell(const MURowText& text) {
 
 template <Kind KIND>
 constexpr MURowMapped<KIND> ValueOfNoCell() {
-  if constexpr (KIND == Kind::TEXT_FITS_IN_HASH) return true;
-  else return MURowMapped<KIND>();
+  if constexpr (KIND == Kind::TEXT_FITS_IN_HASH)
+    return true;
+  else
+    return MURowMapped<KIND>();
 }
 
 // Number of positions, from the left, under whose names the map has entries: cells reach to the last

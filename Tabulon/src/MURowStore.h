@@ -43,7 +43,9 @@ class MURowStore {
   bool empty() const { return m_size == 0; }
   const_iterator begin() const { return {this, FirstUsedPlaceFrom(0)}; }
   // From the first row whose key is at least this one.
-  const_iterator from(unsigned long key) const { return {this, FirstUsedPlaceFrom(std::min<std::size_t>(key, PlaceCount()))}; }
+  const_iterator from(unsigned long key) const {
+    return {this, FirstUsedPlaceFrom(std::min<std::size_t>(key, PlaceCount()))};
+  }
   const_iterator end() const { return {this, PlaceCount()}; }
 
   // Null if no row has the key.

@@ -38,8 +38,8 @@ struct MUSingleRowDataPlusRowProperties {
   // may be asked for, MUDataFileBlock::NOT_FOUND included.
   MUCellText CellAt(std::size_t position) const { return m_text.Cell(position); }
 
-  std::uint32_t m_rowPropertyFlags = 0;  // bits of MU_ROW_FLAG
-  MURowMap<MURowMapKind::CELLS> m_cells;  // column name to text, with the hidden cells
+  std::uint32_t m_rowPropertyFlags = 0;     // bits of MU_ROW_FLAG
+  MURowMap<MURowMapKind::CELLS> m_cells;    // column name to text, with the hidden cells
   MURowMap<MURowMapKind::HASH01> m_hash01;  // sort key of characters 0 to 5
   MURowMap<MURowMapKind::HASH02> m_hash02;  // sort key of characters 6 to 11
   MURowMap<MURowMapKind::HASH03> m_hash03;  // sort key of characters 12 to 17
@@ -49,7 +49,7 @@ struct MUSingleRowDataPlusRowProperties {
   unsigned long m_indexAmongActiveRows = NO_INDEX;
   unsigned long m_indexAmongShownRows = NO_INDEX;
   double m_reactionTime = NO_REACTION_TIME;  // milliseconds
-  MURowText m_text;  // what the maps look at; of no use to others
+  MURowText m_text;                          // what the maps look at; of no use to others
 };
 
 #endif

@@ -65,17 +65,21 @@ using CustomComparatorCellTextHash02 =
 using CustomComparatorCellTextHash03 =
     MUCompareByHash<MURowMap<MURowMapKind::HASH03>, &MUSingleRowDataPlusRowProperties::m_hash03>;
 using CustomComparatorCellTextHash01Reverse =
-    MUCompareByHashReverse<MURowMap<MURowMapKind::HASH01>, &MUSingleRowDataPlusRowProperties::m_hash01>;
+    MUCompareByHashReverse<MURowMap<MURowMapKind::HASH01>,
+                           &MUSingleRowDataPlusRowProperties::m_hash01>;
 using CustomComparatorCellTextHash02Reverse =
-    MUCompareByHashReverse<MURowMap<MURowMapKind::HASH02>, &MUSingleRowDataPlusRowProperties::m_hash02>;
+    MUCompareByHashReverse<MURowMap<MURowMapKind::HASH02>,
+                           &MUSingleRowDataPlusRowProperties::m_hash02>;
 using CustomComparatorCellTextHash03Reverse =
-    MUCompareByHashReverse<MURowMap<MURowMapKind::HASH03>, &MUSingleRowDataPlusRowProperties::m_hash03>;
+    MUCompareByHashReverse<MURowMap<MURowMapKind::HASH03>,
+                           &MUSingleRowDataPlusRowProperties::m_hash03>;
 
 class RowCompareLessStringCompare : public MUSortFunctor {
  public:
   explicit RowCompareLessStringCompare(const wxString& column) : MUSortFunctor(column) {}
   bool operator()(const Row* left, const Row* right) const {
-    return left->m_cells.ValueOrDefault(m_column).compare(right->m_cells.ValueOrDefault(m_column)) < 0;
+    return left->m_cells.ValueOrDefault(m_column).compare(right->m_cells.ValueOrDefault(m_column)) <
+           0;
   }
 };
 
@@ -83,7 +87,8 @@ class RowCompareLessStringCompareReverse : public MUSortFunctor {
  public:
   explicit RowCompareLessStringCompareReverse(const wxString& column) : MUSortFunctor(column) {}
   bool operator()(const Row* left, const Row* right) const {
-    return left->m_cells.ValueOrDefault(m_column).compare(right->m_cells.ValueOrDefault(m_column)) > 0;
+    return left->m_cells.ValueOrDefault(m_column).compare(right->m_cells.ValueOrDefault(m_column)) >
+           0;
   }
 };
 
@@ -96,7 +101,8 @@ inline double SortableReactionTime(const MUSingleRowDataPlusRowProperties& row) 
 
 class CustomComparatorByRowReactionTimeFunctor : public MUSortFunctor {
  public:
-  explicit CustomComparatorByRowReactionTimeFunctor(const wxString& column) : MUSortFunctor(column) {}
+  explicit CustomComparatorByRowReactionTimeFunctor(const wxString& column)
+      : MUSortFunctor(column) {}
   bool operator()(const Row* left, const Row* right) const {
     return SortableReactionTime(*left) < SortableReactionTime(*right);
   }

@@ -23,9 +23,12 @@ void MUUniqueNameIndex::Add(const wxString& name) {
   const wxString upperStem = stem.Upper();
   m_firstByLowerStem.emplace(std::make_pair(stem.Lower(), signs), upperStem);
   SignCounts& counts = m_countsByUpperStem[upperStem];
-  const auto place = std::lower_bound(counts.begin(), counts.end(), std::make_pair(signs, std::size_t{0}));
-  if (place != counts.end() && place->first == signs) ++place->second;
-  else counts.insert(place, {signs, 1});
+  const auto place =
+      std::lower_bound(counts.begin(), counts.end(), std::make_pair(signs, std::size_t{0}));
+  if (place != counts.end() && place->first == signs)
+    ++place->second;
+  else
+    counts.insert(place, {signs, 1});
 }
 
 wxString MUUniqueNameIndex::UniqueForm(const wxString& name) const {
@@ -37,7 +40,8 @@ wxString MUUniqueNameIndex::UniqueForm(const wxString& name) const {
   const auto group = m_countsByUpperStem.find(stem.Upper());
   if (group == m_countsByUpperStem.end()) return oneMore;
   const SignCounts& counts = group->second;
-  auto smallest = std::lower_bound(counts.begin(), counts.end(), std::make_pair(signs, std::size_t{0}));
+  auto smallest =
+      std::lower_bound(counts.begin(), counts.end(), std::make_pair(signs, std::size_t{0}));
   // The exact match itself does not count as used.
   const bool exactMatchIsInGroup = exactMatch->second == group->first;
   if (exactMatchIsInGroup && smallest->second == 1) ++smallest;

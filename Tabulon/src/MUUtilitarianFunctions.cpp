@@ -67,10 +67,9 @@ wxString GetUniqueNameToInsertForGivenListContents(const wxString& name,
 
   usedCounts.push_back(MORE_SIGNS_THAN_ANY_NAME);
   std::sort(usedCounts.begin(), usedCounts.end());
-  const auto gap = std::adjacent_find(usedCounts.begin(), usedCounts.end(),
-                                      [](std::size_t lower, std::size_t upper) {
-                                        return upper - lower >= 2;
-                                      });
+  const auto gap =
+      std::adjacent_find(usedCounts.begin(), usedCounts.end(),
+                         [](std::size_t lower, std::size_t upper) { return upper - lower >= 2; });
   return name + wxString(wxT('#'), *gap + 1);
 }
 

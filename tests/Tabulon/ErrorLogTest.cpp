@@ -1,6 +1,6 @@
-#include "Tabulon/src/MUEasyRedirectMinimalErrorLog.h"
-
 #include <gtest/gtest.h>
+
+#include "Tabulon/src/MUEasyRedirectMinimalErrorLog.h"
 
 namespace {
 

@@ -1,10 +1,9 @@
 // The reader of an open file, difference by difference from the one that opens by name.
-#include "Tabulon/src/MUConcreteInMemoryDataFile.h"
-
 #include <gtest/gtest.h>
 #include <unistd.h>
 #include <wx/log.h>
 
+#include "Tabulon/src/MUConcreteInMemoryDataFile.h"
 #include "tests/Tabulon/ReaderBench.h"
 
 using namespace ReaderBench;
@@ -56,7 +55,8 @@ TEST(InMemoryReader, TakesOnlyItsNamesFromTheName) {
   MUConcreteInMemoryDataFile reader(&open, wxFileName(wxT("/no/such/name.dat")), true, &handler);
   EXPECT_FALSE(reader.ErrorStatusIsPresent());
   EXPECT_EQ(wxT("/no/such/name.dat"), handler.m_reports.at(0).filePath);
-  EXPECT_EQ(wxT("/no/such/name.dat"), TakeColumns(reader)->at(0)->m_fileStatuses.front().m_fullFileName);
+  EXPECT_EQ(wxT("/no/such/name.dat"),
+            TakeColumns(reader)->at(0)->m_fileStatuses.front().m_fullFileName);
 }
 
 TEST(InMemoryReader, HasNoSizeLimit) {
@@ -116,7 +116,8 @@ TEST(InMemoryReader, GivesATrailingTabOneCellMore) {
 
 TEST(InMemoryReader, MakesAColumnOfAHeadingLinesTrailingTab) {
   const std::string bytes = Header("A\tB\t", "x\ty") + "1\t2\n";
-  EXPECT_EQ((std::vector<wxString>{wxT("A\nx"), wxT("B\ny")}), ColumnNamesAfterRows(*Stream(bytes)));
+  EXPECT_EQ((std::vector<wxString>{wxT("A\nx"), wxT("B\ny")}),
+            ColumnNamesAfterRows(*Stream(bytes)));
   EXPECT_EQ((std::vector<wxString>{wxT("A\nx"), wxT("B\ny"), wxT("")}),
             ColumnNamesAfterRows(*InMemory(bytes)));
 }
@@ -145,7 +146,8 @@ TEST(InMemoryReader, KeepsTheTerminatorInTheDateAndNowhereElseInTheHeader) {
 }
 
 TEST(InMemoryReader, ReadsNoReactionTimeFromTheLastCell) {
-  const auto timeOf = [](const std::string& first, const std::string& second, const std::string& line) {
+  const auto timeOf = [](const std::string& first, const std::string& second,
+                         const std::string& line) {
     return AllRows(*InMemory(Header(first, second) + line + "\n")).at(0)->m_reactionTime;
   };
   EXPECT_EQ(-999999.0, timeOf("A\tReaction", "x\tTime", "1\t523"));
@@ -153,7 +155,8 @@ TEST(InMemoryReader, ReadsNoReactionTimeFromTheLastCell) {
 }
 
 TEST(InMemoryReader, NeverSetsFlagsOrTypes) {
-  const auto reader = InMemory(Header("Reaction\tFont Color", "Time\t(Trial Variable)\tcode") + "1\n");
+  const auto reader =
+      InMemory(Header("Reaction\tFont Color", "Time\t(Trial Variable)\tcode") + "1\n");
   const auto columns = TakeColumns(*reader);
   ASSERT_EQ(3u, columns->size());
   EXPECT_EQ(wxT("code"), columns->at(2)->m_columnName);

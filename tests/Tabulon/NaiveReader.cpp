@@ -16,12 +16,21 @@ namespace NaiveReader {
 
 namespace {
 
-const wchar_t* const FIXED_COLUMNS[] = {
-    L"Participant\nGroup", L"Participant\nName", L"Block\nName", L"Trial\nName", L"Event\nName",
-    L"Participant\nResponse", L"Key", L"Correct\nResponse", L"Error\nCode", L"Reaction\nTime",
-    L"Reaction Time\n(Trial Variable)", L"Font Color\n(Trial Variable)",
-    L"ISI Durations\n(Trial Variable)", L"Screen Location\n(Trial Variable)",
-    L"Screen Location II\n(Trial Variable)"};
+const wchar_t* const FIXED_COLUMNS[] = {L"Participant\nGroup",
+                                        L"Participant\nName",
+                                        L"Block\nName",
+                                        L"Trial\nName",
+                                        L"Event\nName",
+                                        L"Participant\nResponse",
+                                        L"Key",
+                                        L"Correct\nResponse",
+                                        L"Error\nCode",
+                                        L"Reaction\nTime",
+                                        L"Reaction Time\n(Trial Variable)",
+                                        L"Font Color\n(Trial Variable)",
+                                        L"ISI Durations\n(Trial Variable)",
+                                        L"Screen Location\n(Trial Variable)",
+                                        L"Screen Location II\n(Trial Variable)"};
 
 wxString Trimmed(wxString text) { return text.Trim(true).Trim(false); }
 
@@ -53,8 +62,10 @@ std::vector<wxString> ColumnsOf(const wxString& first, const wxString& second, b
   std::size_t position = 0;
   for (wxString cell : CellsOf(second)) {
     if (trimRight) cell.Trim(true);
-    if (position < names.size()) names[position] += wxT("\n") + cell;
-    else names.push_back(wxT("\t\n") + cell);
+    if (position < names.size())
+      names[position] += wxT("\n") + cell;
+    else
+      names.push_back(wxT("\t\n") + cell);
     ++position;
   }
   std::vector<wxString> finished;

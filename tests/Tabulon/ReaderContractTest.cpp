@@ -214,7 +214,8 @@ TEST_P(BothReaders, TakeAThousandCellsBeyondTheHeadings) {
   const auto reader = GetParam()(Header("A\tB\t", "x\ty\t") + line + "d\n", nullptr);
   const std::vector<wxString> names = ColumnNamesAfterRows(*reader);
   ASSERT_EQ(1001u, names.size());
-  EXPECT_EQ(wxT("[Missing\nCol Name]") + wxString(wxT('#'), names.size() - 1 - (names[2].empty() ? 3 : 2)),
+  EXPECT_EQ(wxT("[Missing\nCol Name]") +
+                wxString(wxT('#'), names.size() - 1 - (names[2].empty() ? 3 : 2)),
             names.back());
 }
 
@@ -222,8 +223,7 @@ TEST_P(BothReaders, TakeAThousandCellsBeyondTheHeadings) {
 TEST_P(BothReaders, ReadALineOfTabsInNoTime) {
   std::string columns;
   for (int i = 0; i < 60000; ++i) columns += "c" + std::to_string(i) + "\t";
-  const auto reader =
-      GetParam()(Header(columns, "") + std::string(50000, '\t') + "end\n", nullptr);
+  const auto reader = GetParam()(Header(columns, "") + std::string(50000, '\t') + "end\n", nullptr);
   ASSERT_FALSE(reader->ErrorStatusIsPresent());
   const auto rows = AllRows(*reader);
   EXPECT_EQ(wxT("end"), rows[0]->CellAt(50000).ToString().Left(3));

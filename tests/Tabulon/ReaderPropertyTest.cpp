@@ -31,7 +31,9 @@ const Alphabet ALPHABETS[] = {
     {"lone CR alone", {"a", "b", "17"}, {"\r"}},
     {"control characters", {"a", "\x1b", "[", "@", "_", "\x01", "\x1f", "\x7f", "12"}, {"\n"}},
     {"zero bytes", {"a", std::string(1, '\0'), "\x1b", "@", "12"}, {"\n", "\r\n"}},
-    {"UTF-8", {"a", "\xc3\xa4", "\xe2\x82\xac", "\xf0\x9f\x98\x80", "\xc2\x85", "\xc2\x9f", "9"}, {"\n", "\r\n"}},
+    {"UTF-8",
+     {"a", "\xc3\xa4", "\xe2\x82\xac", "\xf0\x9f\x98\x80", "\xc2\x85", "\xc2\x9f", "9"},
+     {"\n", "\r\n"}},
     {"Latin-1", {"a", "\xe4", "\xfc", "\x85", "\xff", "9"}, {"\n"}},
 };
 
@@ -124,7 +126,8 @@ void ExpectSameRow(Row& row, const NaiveRow& model, const std::vector<wxString>&
   ASSERT_FALSE(row.HasOverlay());
   ASSERT_NE(nullptr, row.Block());
   for (const auto& entry : model.m_hash01) {
-    if (entry.first.empty() && row.Block()->PositionOf(wxString()) >= row.m_text.CellCount()) continue;
+    if (entry.first.empty() && row.Block()->PositionOf(wxString()) >= row.m_text.CellCount())
+      continue;
     const std::size_t position = row.Block()->PositionOf(entry.first);
     ASSERT_TRUE(row.HasCellAt(position));
     ASSERT_TRUE(row.HasSortKeysAt(position));

@@ -38,7 +38,8 @@ TEST(RowRecord, IsAPlainRecordWhenMadeByHand) {
   row.m_hash01[wxT("a")] = 5.0;
   row.m_textFitsInHash[wxT("a")] = true;
   EXPECT_TRUE(row.HasOverlay());
-  EXPECT_EQ((std::map<wxString, wxString>{{wxT("a"), wxT("1")}, {wxT("b"), wxT("2")}}), Copied(row.m_cells));
+  EXPECT_EQ((std::map<wxString, wxString>{{wxT("a"), wxT("1")}, {wxT("b"), wxT("2")}}),
+            Copied(row.m_cells));
   EXPECT_EQ(5.0, row.m_hash01[wxT("a")]);
   EXPECT_EQ(0.0, row.m_hash02[wxT("a")]);
   EXPECT_TRUE(row.CellAt(0).IsEmpty());
@@ -95,8 +96,13 @@ TEST(RowRecord, CopiesAreIndependent) {
 template <typename MAP, typename MODEL, typename VALUE>
 void Step(MAP& map, MODEL& model, const wxString& key, unsigned int what, const VALUE& value) {
   switch (what) {
-    case 0: ASSERT_EQ(model[key], map[key]); break;
-    case 1: model[key] = value; map[key] = value; break;
+    case 0:
+      ASSERT_EQ(model[key], map[key]);
+      break;
+    case 1:
+      model[key] = value;
+      map[key] = value;
+      break;
     case 2: {
       const auto expected = model.insert({key, value});
       const auto actual = map.insert({key, value});
@@ -104,7 +110,9 @@ void Step(MAP& map, MODEL& model, const wxString& key, unsigned int what, const 
       ASSERT_EQ(expected.first->second, actual.first->second);
       break;
     }
-    case 3: ASSERT_EQ(model.erase(key), map.erase(key)); break;
+    case 3:
+      ASSERT_EQ(model.erase(key), map.erase(key));
+      break;
     case 4: {
       const auto expected = model.find(key);
       const auto actual = map.find(key);
@@ -117,15 +125,23 @@ void Step(MAP& map, MODEL& model, const wxString& key, unsigned int what, const 
       }
       break;
     }
-    case 5: ASSERT_EQ(model.size(), map.size()); break;
-    case 6: ASSERT_EQ(model, Copied(map)); ASSERT_EQ(model.rbegin()->first, std::prev(map.end())->first); break;
-    case 7: ASSERT_EQ(model.count(key), map.count(key)); break;
+    case 5:
+      ASSERT_EQ(model.size(), map.size());
+      break;
+    case 6:
+      ASSERT_EQ(model, Copied(map));
+      ASSERT_EQ(model.rbegin()->first, std::prev(map.end())->first);
+      break;
+    case 7:
+      ASSERT_EQ(model.count(key), map.count(key));
+      break;
     case 8: {
       const auto found = model.find(key);
       ASSERT_EQ(found == model.end() ? VALUE() : found->second, map.ValueOrDefault(key));
       break;
     }
-    default: break;
+    default:
+      break;
   }
 }
 
@@ -133,21 +149,30 @@ TEST(RowMaps, BehaveAsMapsUnderAnyOperations) {
   for (unsigned int seed = 1; seed <= 300; ++seed) {
     SCOPED_TRACE(seed);
     std::mt19937 random(seed);
-    const std::string lines[] = {"a\tb\tc\td", "", "\t\t", "1\t\t\t\t\t\t\t\t\t17\tlong enough to need more keys"};
+    const std::string lines[] = {"a\tb\tc\td", "", "\t\t",
+                                 "1\t\t\t\t\t\t\t\t\t17\tlong enough to need more keys"};
     const auto pristine = RowOf(lines[seed % 4]);
     const Row copy(*pristine);
     const auto row = RowOf(lines[seed % 4]);
     auto cells = Copied(copy.m_cells);
     auto hash = Copied(copy.m_hash02);
     auto fits = Copied(copy.m_textFitsInHash);
-    const wxString keys[] = {wxT("Participant\nGroup"), wxT("Reaction\nTime"), wxT("FFFFF1"), wxT(""), wxT("new"), wxT("Key")};
+    const wxString keys[] = {wxT("Participant\nGroup"),
+                             wxT("Reaction\nTime"),
+                             wxT("FFFFF1"),
+                             wxT(""),
+                             wxT("new"),
+                             wxT("Key")};
     for (int step = 0; step < 25; ++step) {
       const wxString& key = keys[random() % 6];
       const unsigned int what = static_cast<unsigned int>(random() % 9);
       const int number = static_cast<int>(random() % 9);
-      ASSERT_NO_FATAL_FAILURE(Step(row->m_cells, cells, key, what, wxString::Format(wxT("v%d"), number)));
-      ASSERT_NO_FATAL_FAILURE(Step(row->m_hash02, hash, key, hash.empty() && what == 6 ? 5 : what, double(number)));
-      ASSERT_NO_FATAL_FAILURE(Step(row->m_textFitsInHash, fits, key, fits.empty() && what == 6 ? 5 : what, number % 2 == 0));
+      ASSERT_NO_FATAL_FAILURE(
+          Step(row->m_cells, cells, key, what, wxString::Format(wxT("v%d"), number)));
+      ASSERT_NO_FATAL_FAILURE(
+          Step(row->m_hash02, hash, key, hash.empty() && what == 6 ? 5 : what, double(number)));
+      ASSERT_NO_FATAL_FAILURE(Step(row->m_textFitsInHash, fits, key,
+                                   fits.empty() && what == 6 ? 5 : what, number % 2 == 0));
       if (step == 20 && seed % 3 == 0) {
         row->m_cells.clear();
         cells.clear();
@@ -167,9 +192,10 @@ TEST(CellSplitting, IsThatOfTheTokenizer) {
     wxStringTokenizer tokens(line, wxT("\t"), wxTOKEN_RET_EMPTY);
     while (tokens.HasMoreTokens()) expected.push_back(tokens.GetNextToken());
     std::vector<wxString> actual;
-    MUForEachCell(line.data(), line.data() + line.size(), [&](const wchar_t* begin, const wchar_t* end) {
-      actual.emplace_back(begin, static_cast<std::size_t>(end - begin));
-    });
+    MUForEachCell(line.data(), line.data() + line.size(),
+                  [&](const wchar_t* begin, const wchar_t* end) {
+                    actual.emplace_back(begin, static_cast<std::size_t>(end - begin));
+                  });
     ASSERT_EQ(expected, actual) << "seed " << seed;
   }
 }

@@ -1,6 +1,4 @@
 // The reader that opens a data file by name.
-#include "Tabulon/src/MUConcreteExperimentDataFileTxt.h"
-
 #include <gtest/gtest.h>
 #include <wx/filefn.h>
 #include <wx/log.h>
@@ -8,6 +6,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "Tabulon/src/MUConcreteExperimentDataFileTxt.h"
 #include "tests/Tabulon/ReaderBench.h"
 
 using namespace ReaderBench;
@@ -38,7 +37,8 @@ std::unique_ptr<Row> OneRow(const std::string& first, const std::string& second,
 
 std::string FileOfSize(std::size_t size) {
   std::string bytes = Header("A", "x");
-  while (bytes.size() < size) bytes += std::string(std::min<std::size_t>(99, size - bytes.size() - 1), 'z') + "\n";
+  while (bytes.size() < size)
+    bytes += std::string(std::min<std::size_t>(99, size - bytes.size() - 1), 'z') + "\n";
   return bytes;
 }
 
@@ -51,10 +51,11 @@ TEST(StreamingReader, OpensAFileOfOneMebibyteAndRefusesOneByteMore) {
 
   const auto report = OneReport(FileOfSize(1048577));
   EXPECT_EQ(Reader::MU_INPUT_FILE_TOO_LARGE, report.code);
-  EXPECT_EQ(wxT("File too large.  This file is 1048577 bytes in size.  Halvex Tabulon cannot support "
-                "opening such large files.  You may wish to split the file into multiple smaller files "
-                "and try again."),
-            report.message);
+  EXPECT_EQ(
+      wxT("File too large.  This file is 1048577 bytes in size.  Halvex Tabulon cannot support "
+          "opening such large files.  You may wish to split the file into multiple smaller files "
+          "and try again."),
+      report.message);
 }
 
 TEST(StreamingReader, NamesTheLowBitsOfAnEnormousSize) {
@@ -76,7 +77,8 @@ TEST(StreamingReader, NamesTheLowBitsOfAnEnormousSize) {
 TEST(StreamingReader, PassesOnWhatTheLibrarySaysOfAFileThatDoesNotOpen) {
   RecordingHandler handler;
   const wxLog* before = wxLog::GetActiveTarget();
-  const MUConcreteExperimentDataFileTxt reader(wxFileName(wxT("/no/such/file.txt")), true, &handler);
+  const MUConcreteExperimentDataFileTxt reader(wxFileName(wxT("/no/such/file.txt")), true,
+                                               &handler);
   EXPECT_EQ(before, wxLog::GetActiveTarget());
   EXPECT_TRUE(reader.ErrorStatusIsPresent());
   ASSERT_EQ(1, handler.m_calls);
@@ -109,24 +111,27 @@ TEST(StreamingReader, MissesTheExperimentNameInAFileOfOneLineOrNone) {
 TEST(StreamingReader, MissesTheTimeInAFileOfTwoLines) {
   const auto report = OneReport("name\ntitle\n");
   EXPECT_EQ(Reader::MU_INPUT_BAD_FORMAT, report.code);
-  EXPECT_EQ(wxT("Input file is missing information about the time the experiment was run.  The second "
-                "line of the file should contain this information."),
-            report.message);
+  EXPECT_EQ(
+      wxT("Input file is missing information about the time the experiment was run.  The second "
+          "line of the file should contain this information."),
+      report.message);
 }
 
 // No file can provoke it: the title is looked for first.
 TEST(StreamingReader, HasWordsForAMissingParticipant) {
-  EXPECT_EQ(wxT("Input file is missing a participant name.  The %s line of the file should contain the "
-                "participant name for the experiment."),
-            MUConcreteExperimentDataFileTxt::USERFRIENDLY_ERROR_TEXT_NO_PERSONNAME_NAME);
+  EXPECT_EQ(
+      wxT("Input file is missing a participant name.  The %s line of the file should contain the "
+          "participant name for the experiment."),
+      MUConcreteExperimentDataFileTxt::USERFRIENDLY_ERROR_TEXT_NO_PERSONNAME_NAME);
 }
 
 TEST(StreamingReader, FindsAFileOfSixLinesTooShort) {
   const auto report = OneReport(Header("A", "x"));
   EXPECT_EQ(Reader::MU_INPUT_BAD_FORMAT, report.code);
-  EXPECT_EQ(wxT("This file does not appear long enough to be a valid datafile.  There should be 6 lines "
-                "of header information followed by one or more rows of data."),
-            report.message);
+  EXPECT_EQ(
+      wxT("This file does not appear long enough to be a valid datafile.  There should be 6 lines "
+          "of header information followed by one or more rows of data."),
+      report.message);
   EXPECT_EQ(0u, Stream(Header("A", "x"))->GetDataRowCount());
   EXPECT_EQ(OneReport("a\nb\nc\n").message, report.message);
   EXPECT_FALSE(Stream(Header("A", "x") + "\n")->ErrorStatusIsPresent());
@@ -135,9 +140,10 @@ TEST(StreamingReader, FindsAFileOfSixLinesTooShort) {
 TEST(StreamingReader, NeedsAHeadingInEitherRow) {
   const auto report = OneReport(Header("", "") + "1\n");
   EXPECT_EQ(Reader::MU_INPUT_BAD_FORMAT, report.code);
-  EXPECT_EQ(wxT("This file does not appear to have any column headings.  There should be column titles "
-                "populated from row 4 to row 5 of the file."),
-            report.message);
+  EXPECT_EQ(
+      wxT("This file does not appear to have any column headings.  There should be column titles "
+          "populated from row 4 to row 5 of the file."),
+      report.message);
   EXPECT_EQ(std::vector<wxString>{wxT("x")}, Names("", "x"));
   EXPECT_EQ(std::vector<wxString>{wxT("A")}, Names("A", ""));
 }
@@ -211,8 +217,8 @@ TEST(StreamingReader, LeavesUncoveredColumnsANameOfOneLine) {
 TEST(StreamingReader, DecidesTypesOnRawNamesBeforeTheTrim) {
   // "Key" with an empty cell below is "Key\n" when types are decided; a column further right makes
   // the empty cell one that the tokenizer keeps.
-  const auto reader = Stream(Header("Reaction\tKey\tReaction Time\t Reaction",
-                                    "Time\t\t(Trial Variable)\tTime") + "1\n");
+  const auto reader = Stream(
+      Header("Reaction\tKey\tReaction Time\t Reaction", "Time\t\t(Trial Variable)\tTime") + "1\n");
   const OwnedColumns columns = TakeColumns(*reader);
   EXPECT_EQ(wxT("Key"), columns->at(1)->m_columnName);
   EXPECT_EQ(1, columns->at(0)->m_dataType);
@@ -260,7 +266,8 @@ TEST(StreamingReader, AddsColumnsForCellsBeyondTheHeadings) {
             NamesOf(*columns));
   EXPECT_EQ(0, columns->at(1)->m_dataType);
   EXPECT_EQ(0u, columns->at(1)->m_columnPropertyFlags);
-  EXPECT_EQ(wxGetCwd() + wxT("/reader bench.txt"), columns->at(1)->m_fileStatuses.front().m_fullFileName);
+  EXPECT_EQ(wxGetCwd() + wxT("/reader bench.txt"),
+            columns->at(1)->m_fileStatuses.front().m_fullFileName);
   EXPECT_EQ(0u, rows[0]->m_cells.count(wxT("[Missing\nCol Name]"))) << "read before there was one";
   EXPECT_EQ(wxT("3"), rows[1]->m_cells[wxT("[Missing\nCol Name]#")]);
   EXPECT_EQ(wxT("2"), rows[2]->m_cells[wxT("[Missing\nCol Name]")]);
@@ -300,7 +307,9 @@ TEST(StreamingReader, TellsWhetherTheSortKeysCoverACell) {
 }
 
 TEST(StreamingReader, SortsOnTheFirstEighteenCharactersOnly) {
-  const auto row = OneRow("A\tB\tC", "", "aaaaaabbbbbbccccccdddddddddddd\taaaaaabbbbbbcccccceeeeeeeeeeee\taaaaaabbbbbbcccccX");
+  const auto row =
+      OneRow("A\tB\tC", "",
+             "aaaaaabbbbbbccccccdddddddddddd\taaaaaabbbbbbcccccceeeeeeeeeeee\taaaaaabbbbbbcccccX");
   EXPECT_EQ(row->m_hash01[wxT("A")], row->m_hash01[wxT("B")]);
   EXPECT_EQ(row->m_hash02[wxT("A")], row->m_hash02[wxT("B")]);
   EXPECT_EQ(row->m_hash03[wxT("A")], row->m_hash03[wxT("B")]);
@@ -311,10 +320,13 @@ TEST(StreamingReader, ComputesTheSortKeyByItsPowers) {
   // 'a' is 97, a blank 32: 97*256^7 + 98*256^6 + 32*(256^5 + 256^4 + 256^3 + 256^2).
   const double expected = 97 * 72057594037927936.0 + 98 * 281474976710656.0 +
                           32 * (1099511627776.0 + 4294967296.0 + 16777216.0 + 65536.0);
-  EXPECT_EQ(expected, MUConcreteExperimentDataFileTxt::CalculateSortableNumericHashFromString(wxT("ab")));
-  EXPECT_EQ(expected, MUConcreteExperimentDataFileTxt::CalculateSortableNumericHashFromString(wxT("ab    zz")));
+  EXPECT_EQ(expected,
+            MUConcreteExperimentDataFileTxt::CalculateSortableNumericHashFromString(wxT("ab")));
+  EXPECT_EQ(expected, MUConcreteExperimentDataFileTxt::CalculateSortableNumericHashFromString(
+                          wxT("ab    zz")));
   // Only the low eight bits of U+0161 count, which are those of 'a'.
-  EXPECT_EQ(expected, MUConcreteExperimentDataFileTxt::CalculateSortableNumericHashFromString(L"\u0161b"));
+  EXPECT_EQ(expected,
+            MUConcreteExperimentDataFileTxt::CalculateSortableNumericHashFromString(L"\u0161b"));
 }
 
 TEST(StreamingReader, ReadsTheReactionTimeOfCellsThatAreNumbers) {
@@ -337,11 +349,16 @@ TEST(StreamingReader, ReadsTheReactionTimeOfCellsThatAreNumbers) {
 }
 
 TEST(StreamingReader, TranslatesControlCharactersOfCellsButNotOfHeadings) {
-  const auto reader = Stream(Header("A\x01" "B", "") + "a\x1b[b\x07\x7f\n");
+  const auto reader = Stream(Header("A\x01"
+                                    "B",
+                                    "") +
+                             "a\x1b[b\x07\x7f\n");
   const auto rows = AllRows(*reader);
   const std::vector<wxString> names = NamesOf(*TakeColumns(*reader));
   ASSERT_EQ(1u, names.size());
-  EXPECT_EQ(wxT("A\x01" L"B"), names[0]);
+  EXPECT_EQ(wxT("A\x01"
+                L"B"),
+            names[0]);
   EXPECT_EQ(wxT("a0x1B 0x5bb^G^?"), rows[0]->m_cells[names[0]]);
 }
 

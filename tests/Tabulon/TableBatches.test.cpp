@@ -23,13 +23,14 @@ class RecordingObserver : public MUInterfaceExperimentDataObserver {
   RecordingObserver(Texts& log, const std::string& name) : m_log(log), m_name(name) {}
   void OnDataShapeChanged(unsigned rows, unsigned columns, unsigned long active, int lastRow,
                           int lastColumn) override {
-    m_log.push_back(m_name + " shape " + std::to_string(rows) + " x " + std::to_string(columns) + " of " +
-                    std::to_string(active) + " keeps " + std::to_string(lastRow) + ", " +
+    m_log.push_back(m_name + " shape " + std::to_string(rows) + " x " + std::to_string(columns) +
+                    " of " + std::to_string(active) + " keeps " + std::to_string(lastRow) + ", " +
                     std::to_string(lastColumn));
   }
   void OnRefreshRequest(wxCommandEvent& event) override {
-    m_log.push_back(m_name + " refresh" +
-                    (event.GetEventType() == wxEVT_COMMAND_REFRESH_REQUEST ? "" : " of another type"));
+    m_log.push_back(
+        m_name + " refresh" +
+        (event.GetEventType() == wxEVT_COMMAND_REFRESH_REQUEST ? "" : " of another type"));
   }
 
  private:
@@ -91,10 +92,10 @@ TEST_F(TableBatches, FilesAreRemovedBeforeOthersAreAdded) {
   RecordingStatusPrinter printer;
   table.SetLinkToStatusBar(&printer);
   AddOrRemove({{pathB, true}, {pathA, false}, {bad, true}});
-  EXPECT_EQ(printer.lines, Texts({"Removing 1 file(s)... @7 ^-1",
-                                  "Done removing 1 file(s). N milliseconds. @7 ^100",
-                                  "Adding 2 file(s)... @7 ^-1",
-                                  "Done adding 2 file(s). N milliseconds. @7 ^102"}));
+  EXPECT_EQ(
+      printer.lines,
+      Texts({"Removing 1 file(s)... @7 ^-1", "Done removing 1 file(s). N milliseconds. @7 ^100",
+             "Adding 2 file(s)... @7 ^-1", "Done adding 2 file(s). N milliseconds. @7 ^102"}));
   EXPECT_EQ(Utf8(table.GetNamesOfActiveFiles()), Texts({Utf8(pathB)}));
   table.OnIdle();
   EXPECT_EQ(table.Column(wxT("A")), Texts({"a3"}));
@@ -176,8 +177,8 @@ TEST_F(TableBatches, AnUnknownFileIsLoadedAndTheRequestDecides) {
   table.SetLinkToStatusBar(&printer);
   Switch({{pathA, true}, {pathB, false}});
   EXPECT_TRUE(table.m_notificationPending);
-  EXPECT_EQ(printer.lines,
-            Texts({"Updating file selection... @1 ^-1", "File selection updated. N milliseconds. @7 ^100"}));
+  EXPECT_EQ(printer.lines, Texts({"Updating file selection... @1 ^-1",
+                                  "File selection updated. N milliseconds. @7 ^100"}));
   EXPECT_EQ(table.m_files, (std::map<wxString, bool>({{pathA, true}, {pathB, false}})));
   table.OnIdle();
   EXPECT_EQ(table.Column(wxT("A")), Texts({"a1", "a2"}));
@@ -242,8 +243,8 @@ TEST_F(TableBatches, ObserversHearOfTheActiveRowsAndThePreservedRange) {
   table.OnIdle();
   table.HideOneSingleRowPerArbitraryUserRequest(1);
   table.OnIdle();
-  EXPECT_EQ(log, Texts({"o shape 3 x 3 of 3 keeps -1, -1", "o refresh", "o shape 2 x 3 of 3 keeps 0, 2",
-                        "o refresh"}));
+  EXPECT_EQ(log, Texts({"o shape 3 x 3 of 3 keeps -1, -1", "o refresh",
+                        "o shape 2 x 3 of 3 keeps 0, 2", "o refresh"}));
   log.clear();
   table.OnIdle();
   table.SetRowFlag(0, true);
@@ -325,7 +326,8 @@ class HookedTable : public ProbeTable {
     ++calls["UnsuppressColumnsBasedOnMultipleFileNames"];
     ProbeTable::UnsuppressColumnsBasedOnMultipleFileNames(names);
   }
-  void SimultaneousRowsSuppressAndUnsuppress(const std::deque<DichotomousFileRequest>& requests) override {
+  void SimultaneousRowsSuppressAndUnsuppress(
+      const std::deque<DichotomousFileRequest>& requests) override {
     ++calls["SimultaneousRowsSuppressAndUnsuppress"];
     ProbeTable::SimultaneousRowsSuppressAndUnsuppress(requests);
   }
@@ -363,11 +365,11 @@ class HookedTable : public ProbeTable {
     ++calls["SelectDistinctPerColumn"];
     ProbeTable::SelectDistinctPerColumn(column, values, set, trim);
   }
-  bool DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(const wxString& field,
-                                                                   const std::deque<wxString>& values,
-                                                                   bool notify) override {
+  bool DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(
+      const wxString& field, const std::deque<wxString>& values, bool notify) override {
     ++calls["DeleteAllRows"];
-    return ProbeTable::DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(field, values, notify);
+    return ProbeTable::DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(field, values,
+                                                                                   notify);
   }
   std::deque<wxString> FindColumnNamesWherePropertyFlagIsAbsent(unsigned flags) const override {
     ++calls["FindColumnNamesWherePropertyFlagIsAbsent"];
@@ -487,9 +489,10 @@ TEST(Slots, OfTheDataSourceFollowItsDestructor) {
   const auto slots = SlotsOf(
       &S::GetNamesOfActiveFiles, &S::HideOneSingleRowPerArbitraryUserRequest,
       &S::RemoveUserDesignatedRowHiddennessBasedOnCurrentlyActiveFiles,
-      &S::HideOneSingleColumnPerArbitraryUserRequest, &S::UnhideOneSingleColumnPerArbitraryUserRequest,
-      &S::MoveColumnPosition, &S::HideEmptyColumnsBasedOnCurrentlyShownRows, &S::SetRowFlag,
-      &S::ToggleRowFlag, &S::GetRowFlagStatus, &S::IsColumnTrialVarColumn, &S::IsColumnCodeValColulmn,
+      &S::HideOneSingleColumnPerArbitraryUserRequest,
+      &S::UnhideOneSingleColumnPerArbitraryUserRequest, &S::MoveColumnPosition,
+      &S::HideEmptyColumnsBasedOnCurrentlyShownRows, &S::SetRowFlag, &S::ToggleRowFlag,
+      &S::GetRowFlagStatus, &S::IsColumnTrialVarColumn, &S::IsColumnCodeValColulmn,
       &S::SetSortColumn, &S::GetSortColumnInfo, &S::RevertAnyAndAllSortOptions,
       &S::GetColumnPositionNumberFromText, &S::GetNumberOfDataRows, &S::GetNumberOfDataColumns,
       &S::GetDataCellValue, &S::GetColumnNameText, &S::GetRowByRowIndexAndVisibilityFilter,
@@ -513,7 +516,8 @@ TEST(Slots, OfTheSmallInterfaces) {
   EXPECT_EQ(SlotsOf(&MUInterfaceFileObserver::SimultaneousFileRequestsAddAndRemove,
                     &MUInterfaceFileObserver::SimultaneousFileRequestsSuppressAndUnsuppress),
             Ascending(0, 2));
-  EXPECT_EQ(SlotsOf(&MUInterfaceRowTruthDecider::DecideRow, &MUInterfaceRowTruthDecider::ResultMayBeCached,
+  EXPECT_EQ(SlotsOf(&MUInterfaceRowTruthDecider::DecideRow,
+                    &MUInterfaceRowTruthDecider::ResultMayBeCached,
                     &MUInterfaceRowTruthDecider::GetIdentityString),
             std::vector<long>({0, 3, 4}));
   EXPECT_EQ(SlotsOf(&MUInterfaceExperimentDataObserver::OnDataShapeChanged,
@@ -526,8 +530,9 @@ TEST(Slots, OfTheSmallInterfaces) {
 
 TEST(Slots, OfTheTableItself) {
   using T = MUExperimentTextReaderMultiFile;
-  const auto first = SlotsOf(
-      &T::AddExperimentOcurrence, &T::AddExperimentOcurrence_SimulateIdleLoop_UsedWhenNoTabulonWindowIsShown);
+  const auto first =
+      SlotsOf(&T::AddExperimentOcurrence,
+              &T::AddExperimentOcurrence_SimulateIdleLoop_UsedWhenNoTabulonWindowIsShown);
   EXPECT_EQ(first, Ascending(first[0], 2));
   const auto steps = SlotsOf(
       &T::NotifyMyObservers, &T::PerformSetup, &T::MergeNewHeadingsWithOldHeadings, &T::ExtractAll,
@@ -545,7 +550,8 @@ TEST(Slots, OfTheTableItself) {
 TEST(Slots, TheBasesStandInOrder) {
   ProbeTable table;
   const auto* whole = reinterpret_cast<const char*>(static_cast<wxEvtHandler*>(&table));
-  const auto* observer = reinterpret_cast<const char*>(static_cast<MUInterfaceFileObserver*>(&table));
+  const auto* observer =
+      reinterpret_cast<const char*>(static_cast<MUInterfaceFileObserver*>(&table));
   const auto* source =
       reinterpret_cast<const char*>(static_cast<MUInterfaceMultiExperimentDataSource*>(&table));
   EXPECT_LT(whole, observer);

@@ -75,7 +75,8 @@ TEST_F(TableCli, MergesFilesAndWritesUtf8InAnyLocale) {
       "w\xC3\xA4it\tk\t7\t\t\t\n";
   EXPECT_EQ(Output({"show", "a.txt", "b.txt", "--format", "tsv"}), expected);
   EXPECT_EQ(Output({"show", "a.txt", "b.txt", "--format", "tsv"}, {"LC_ALL=C"}), expected);
-  EXPECT_EQ(Output({"show", "a.txt", "b.txt", "--format", "tsv"}, {"LC_ALL=en_US.ISO-8859-1"}), expected);
+  EXPECT_EQ(Output({"show", "a.txt", "b.txt", "--format", "tsv"}, {"LC_ALL=en_US.ISO-8859-1"}),
+            expected);
 }
 
 TEST_F(TableCli, AlignsByWhatTheTerminalShows) {
@@ -105,23 +106,24 @@ TEST_F(TableCli, SortsByNumberAndByText) {
 }
 
 TEST_F(TableCli, HidesColumns) {
-  EXPECT_EQ(Output({"show", "a.txt", "--hide-empty", "--hide", "Event Name", "--hide", "Reaction\\nTime",
-                    "--format", "tsv", "--rows", ":0"}),
+  EXPECT_EQ(Output({"show", "a.txt", "--hide-empty", "--hide", "Event Name", "--hide",
+                    "Reaction\\nTime", "--format", "tsv", "--rows", ":0"}),
             "Font (Trial Variable)\nred\n");
 }
 
 TEST_F(TableCli, ChoosesAndOrdersColumns) {
-  EXPECT_EQ(Output({"show", "--columns", "Font (Trial Variable),Event Name", "a.txt", "--format", "tsv",
-                    "--rows", "1"}),
+  EXPECT_EQ(Output({"show", "--columns", "Font (Trial Variable),Event Name", "a.txt", "--format",
+                    "tsv", "--rows", "1"}),
             "Font (Trial Variable)\tEvent Name\nblue\tstop\n");
-  EXPECT_EQ(Output({"show", "--columns", "Note", "--columns", "Event\\nName", "a.txt", "--format", "tsv",
-                    "--rows", "1:1"}),
+  EXPECT_EQ(Output({"show", "--columns", "Note", "--columns", "Event\\nName", "a.txt", "--format",
+                    "tsv", "--rows", "1:1"}),
             "Note\tEvent Name\n \tstop\n");
 }
 
 TEST_F(TableCli, SelectsRows) {
   const std::string go = "Event Name\tReaction Time\ngo\t12\ngo\t300\n";
-  const Arguments base = {"show", "a.txt", "--format", "tsv", "--columns", "Event Name,Reaction Time"};
+  const Arguments base = {"show", "a.txt",     "--format",
+                          "tsv",  "--columns", "Event Name,Reaction Time"};
   const auto where = [&](const Arguments& conditions) {
     Arguments arguments = base;
     for (const std::string& condition : conditions) {
@@ -138,18 +140,20 @@ TEST_F(TableCli, SelectsRows) {
 }
 
 TEST_F(TableCli, EmptyColumnsAreThoseOfTheSelectedRows) {
-  EXPECT_EQ(Output({"show", "a.txt", "b.txt", "--where", "Key=k", "--hide-empty", "--format", "tsv"}),
-            "Event Name\tKey\tCode\nw\xC3\xA4it\tk\t7\n");
+  EXPECT_EQ(
+      Output({"show", "a.txt", "b.txt", "--where", "Key=k", "--hide-empty", "--format", "tsv"}),
+      "Event Name\tKey\tCode\nw\xC3\xA4it\tk\t7\n");
 }
 
 TEST_F(TableCli, AnEqualsSignMayStandInAName) {
   WriteFile(folder / "e.txt", "p\nt\nd\n\na=b\tc,d\n\n1=2\tx\n3\ty\n");
-  EXPECT_EQ(Output({"show", "e.txt", "--where", "a=b=1=2", "--format", "tsv", "--columns", "c,d"}), "c,d\nx\n");
+  EXPECT_EQ(Output({"show", "e.txt", "--where", "a=b=1=2", "--format", "tsv", "--columns", "c,d"}),
+            "c,d\nx\n");
 }
 
 TEST_F(TableCli, MarksRows) {
-  EXPECT_EQ(Output({"show", "a.txt", "--sort", "Reaction Time", "--flag", "0", "--flag", "2", "--columns",
-                    "Reaction Time"}),
+  EXPECT_EQ(Output({"show", "a.txt", "--sort", "Reaction Time", "--flag", "0", "--flag", "2",
+                    "--columns", "Reaction Time"}),
             "Flag  Reaction\n"
             "      Time\n"
             "----  --------\n"
@@ -169,8 +173,9 @@ TEST_F(TableCli, WritesJson) {
             "  [\"\\\\\", \"\xC3\xA4\\\"\"],\n"
             "  [\"^A\", \"y\"]],\n"
             " \"flaggedRows\": [1]}\n");
-  EXPECT_EQ(Output({"show", "a.txt", "--format", "json", "--rows", "0:0", "--columns", "Event Name"}),
-            "{\"columns\": [\"Event\\nName\"],\n \"rows\": [\n  [\"go\"]],\n \"flaggedRows\": []}\n");
+  EXPECT_EQ(
+      Output({"show", "a.txt", "--format", "json", "--rows", "0:0", "--columns", "Event Name"}),
+      "{\"columns\": [\"Event\\nName\"],\n \"rows\": [\n  [\"go\"]],\n \"flaggedRows\": []}\n");
 }
 
 TEST_F(TableCli, HeadingsCannotSteerTheTerminal) {
@@ -216,7 +221,8 @@ TEST_F(TableCli, ExplainsAFileThatIsNone) {
   EXPECT_EQ(info.out.substr(0, info.out.find(folder / "a.txt")),
             folder / "bad.txt" +
                 "\n  no data file\n"
-                "  Input file is missing information about the time the experiment was run.  The second line "
+                "  Input file is missing information about the time the experiment was run.  The "
+                "second line "
                 "of the file should contain this information.\n");
   EXPECT_NE(info.out.find("First experiment"), std::string::npos);
 }
@@ -225,18 +231,21 @@ TEST_F(TableCli, ShowsTheGoodFilesBesideABadOne) {
   const Finished shown = Run({"show", "bad.txt", "b.txt", "--format", "tsv"});
   EXPECT_EQ(shown.status, 1);
   EXPECT_EQ(shown.out, "Event Name\tKey\tCode\nw\xC3\xA4it\tk\t7\n");
-  EXPECT_EQ(shown.err, "tabulon-cli: " + folder / "bad.txt" +
-                           ": Input file is missing information about the time the experiment was run.  The "
-                           "second line of the file should contain this information.\n");
+  EXPECT_EQ(shown.err,
+            "tabulon-cli: " + folder / "bad.txt" +
+                ": Input file is missing information about the time the experiment was run.  The "
+                "second line of the file should contain this information.\n");
   const Finished none = Run({"distinct", "Event Name", "bad.txt"});
   EXPECT_EQ(none.status, 1);
   EXPECT_EQ(none.out, "");
 }
 
 TEST_F(TableCli, AMissingFileIsNamedBeforeAnythingRuns) {
-  EXPECT_EQ(Complaint({"show", "a.txt", "missing.txt"}), "tabulon-cli: missing.txt: no such file\n");
+  EXPECT_EQ(Complaint({"show", "a.txt", "missing.txt"}),
+            "tabulon-cli: missing.txt: no such file\n");
   EXPECT_EQ(Complaint({"info", "a.txt", "."}), "tabulon-cli: .: is a folder, not a data file\n");
-  EXPECT_EQ(Complaint({"distinct", "Key", "/dev/null"}), "tabulon-cli: /dev/null: is not an ordinary file\n");
+  EXPECT_EQ(Complaint({"distinct", "Key", "/dev/null"}),
+            "tabulon-cli: /dev/null: is not an ordinary file\n");
 }
 
 TEST_F(TableCli, AnUnknownColumnIsAnsweredWithTheKnownOnes) {
@@ -249,17 +258,20 @@ TEST_F(TableCli, AnUnknownColumnIsAnsweredWithTheKnownOnes) {
             "tabulon-cli: no column is named \"Foo\"" + columns);
   EXPECT_EQ(Complaint({"show", "b.txt", "--where", "Foo=x=y"}),
             "tabulon-cli: no column is named \"Foo\"" + columns);
-  EXPECT_EQ(Complaint({"distinct", "Foo", "b.txt"}), "tabulon-cli: no column is named \"Foo\"" + columns);
+  EXPECT_EQ(Complaint({"distinct", "Foo", "b.txt"}),
+            "tabulon-cli: no column is named \"Foo\"" + columns);
 }
 
 TEST_F(TableCli, AnAmbiguousNameIsRefusedAndAnExactOneIsNot) {
-  WriteFile(folder / "amb.txt", "p\nt\nd\n\nEvent\tEvent Name\tA\tA B\nName\t\tB C\tC\n1\t2\t3\t4\n");
+  WriteFile(folder / "amb.txt",
+            "p\nt\nd\n\nEvent\tEvent Name\tA\tA B\nName\t\tB C\tC\n1\t2\t3\t4\n");
   EXPECT_EQ(Output({"distinct", "Event Name", "amb.txt"}), "2\n");
   EXPECT_EQ(Output({"distinct", "Event\\nName", "amb.txt"}), "1\n");
   EXPECT_EQ(Output({"distinct", "A\\nB C", "amb.txt"}), "3\n");
-  EXPECT_EQ(Complaint({"distinct", "A B C", "amb.txt"}),
-            "tabulon-cli: more than one column reads \"A B C\" on one line; use \\n; the columns are:\n"
-            "  Event\\nName\n  Event Name\n  A\\nB C\n  A B\\nC\n");
+  EXPECT_EQ(
+      Complaint({"distinct", "A B C", "amb.txt"}),
+      "tabulon-cli: more than one column reads \"A B C\" on one line; use \\n; the columns are:\n"
+      "  Event\\nName\n  Event Name\n  A\\nB C\n  A B\\nC\n");
 }
 
 TEST_F(TableCli, WrongUseIsNamed) {
@@ -269,8 +281,9 @@ TEST_F(TableCli, WrongUseIsNamed) {
   EXPECT_NE(Complaint({"show", "a.txt", "--reverse"}).find("--sort"), std::string::npos);
   EXPECT_NE(Complaint({"show", "a.txt", "--nonsense"}).find("--nonsense"), std::string::npos);
   for (const std::string rows : {"x", "1:x", "-1:", "1:2:3", "99999999999"}) {
-    EXPECT_EQ(Complaint({"show", "a.txt", "--rows=" + rows}),
-              "--rows: \"" + rows + "\" is not of the form N:M\nRun with --help for more information.\n");
+    EXPECT_EQ(
+        Complaint({"show", "a.txt", "--rows=" + rows}),
+        "--rows: \"" + rows + "\" is not of the form N:M\nRun with --help for more information.\n");
   }
   EXPECT_EQ(Complaint({"show", "a.txt", "--flag=-1"}),
             "--flag: \"-1\" is no row\nRun with --help for more information.\n");
@@ -288,7 +301,8 @@ TEST_F(TableCli, HelpAndVersionAreNoErrors) {
 
 TEST_F(TableCli, AFullDeviceIsNoSuccess) {
   if (!Exists("/dev/full")) GTEST_SKIP() << "no /dev/full";
-  const std::string command = std::string(OMBRELIA_TABULON_CLI) + " show '" + folder / "a.txt" + "' > /dev/full";
+  const std::string command =
+      std::string(OMBRELIA_TABULON_CLI) + " show '" + folder / "a.txt" + "' > /dev/full";
   const Finished finished = Tests::RunProgram({"/bin/sh", "-c", command});
   EXPECT_EQ(finished.status, 3);
   EXPECT_EQ(finished.err, "tabulon-cli: the output cannot be written\n");

@@ -97,10 +97,12 @@ TEST_F(TableLoading, HiddenCellsAreReadThroughTheRowAndNotListed) {
 
 TEST_F(TableLoading, WhatIsWrittenIntoARowIsRead) {
   ASSERT_TRUE(table.Load(folder.WriteData("a.txt", {"A", "B"}, {{"a", "b"}, {"c", "d"}})));
-  table.GetRowByRowIndexAndVisibilityFilter(1, ProbeTable::ALL_ROWS)->m_cells[wxT("B")] = wxT("new");
+  table.GetRowByRowIndexAndVisibilityFilter(1, ProbeTable::ALL_ROWS)->m_cells[wxT("B")] =
+      wxT("new");
   EXPECT_EQ(table.Column(wxT("B")), Texts({"b", "new"}));
-  EXPECT_EQ(Utf8(table.GetAllFromCol_X_WhereField_Y_Matches_Z(wxT("A"), wxT("B"), wxT("new"), false)),
-            Texts({"c"}));
+  EXPECT_EQ(
+      Utf8(table.GetAllFromCol_X_WhereField_Y_Matches_Z(wxT("A"), wxT("B"), wxT("new"), false)),
+      Texts({"c"}));
 }
 
 TEST_F(TableLoading, RowsAreServedForThreeSetsOnly) {
@@ -110,15 +112,18 @@ TEST_F(TableLoading, RowsAreServedForThreeSetsOnly) {
   auto* hidden = table.m_rows.find(0);
   auto* shown = table.m_rows.find(1);
   EXPECT_EQ(table.GetRowByRowIndexAndVisibilityFilter(0, ProbeTable::ONLY_FULLY_SHOWN_ROWS), shown);
-  EXPECT_EQ(table.GetRowByRowIndexAndVisibilityFilter(1, ProbeTable::ONLY_FULLY_SHOWN_ROWS), nullptr);
+  EXPECT_EQ(table.GetRowByRowIndexAndVisibilityFilter(1, ProbeTable::ONLY_FULLY_SHOWN_ROWS),
+            nullptr);
   EXPECT_EQ(table.GetRowByRowIndexAndVisibilityFilter(0, ProbeTable::ALL_ROWS), hidden);
-  EXPECT_EQ(table.GetRowByRowIndexAndVisibilityFilter(1, ProbeTable::ACTIVE_SHOWN_AND_ACTIVE_SEMIHIDDEN),
-            shown);
+  EXPECT_EQ(
+      table.GetRowByRowIndexAndVisibilityFilter(1, ProbeTable::ACTIVE_SHOWN_AND_ACTIVE_SEMIHIDDEN),
+      shown);
   EXPECT_EQ(table.GetRowByRowIndexAndVisibilityFilter(0, ProbeTable::CALLER_GIVEN_ROWS), nullptr);
   EXPECT_EQ(table.GetRowByRowIndexAndVisibilityFilter(
                 0, static_cast<ProbeTable::TARGETED_ROW_SEARCH_SET>(5)),
             nullptr);
-  EXPECT_EQ(table.GetRowByRowIndexAndVisibilityFilter(static_cast<unsigned long>(-1), ProbeTable::ALL_ROWS),
+  EXPECT_EQ(table.GetRowByRowIndexAndVisibilityFilter(static_cast<unsigned long>(-1),
+                                                      ProbeTable::ALL_ROWS),
             nullptr);
 }
 
@@ -290,8 +295,8 @@ TEST_F(TableLoading, StatusTextsHaveTheirSlotsAndReplaceEachOther) {
   table.SendFinishMessageToStatusBar(wxT("id"), wxT("End."));
   table.SendStartMessageToStatusBar(wxT("id"), wxT("Again..."), 3);
   table.SendFinishMessageToStatusBar(wxT("id"), wxT("End."));
-  EXPECT_EQ(printer.lines, Texts({"Begin... @7 ^-1", "End. N milliseconds. @7 ^100", "Again... @3 ^-1",
-                                  "End. N milliseconds. @7 ^102"}));
+  EXPECT_EQ(printer.lines, Texts({"Begin... @7 ^-1", "End. N milliseconds. @7 ^100",
+                                  "Again... @3 ^-1", "End. N milliseconds. @7 ^102"}));
 }
 
 TEST_F(TableLoading, TheQueuedEventTellsOfASort) {

@@ -57,7 +57,9 @@ Order MergedOrder(std::initializer_list<Order> files, bool inPlace = true) {
   return columns.Names();
 }
 
-TEST(ColumnMerge, AFirstFileKeepsItsOrder) { EXPECT_EQ(MergedOrder({{"C", "A", "B"}}), Order({"C", "A", "B"})); }
+TEST(ColumnMerge, AFirstFileKeepsItsOrder) {
+  EXPECT_EQ(MergedOrder({{"C", "A", "B"}}), Order({"C", "A", "B"}));
+}
 
 TEST(ColumnMerge, ANewColumnLandsBehindTheOneThatPrecedesIt) {
   EXPECT_EQ(MergedOrder({{"A", "B", "C"}, {"B", "X", "C", "Y"}}), Order({"A", "B", "X", "C", "Y"}));

@@ -42,7 +42,8 @@ wxString Wide(const std::string& text) { return wxString::FromUTF8(text); }
 
 class CellDecider : public MUInterfaceRowTruthDecider {
  public:
-  CellDecider(const std::string& column, const std::string& text) : m_column(Wide(column)), m_text(Wide(text)) {}
+  CellDecider(const std::string& column, const std::string& text)
+      : m_column(Wide(column)), m_text(Wide(text)) {}
   int DecideRow(MUSingleRowDataPlusRowProperties* row) override {
     return row->m_cells.ValueOrDefault(m_column) == m_text ? 1 : 0;
   }
@@ -59,8 +60,8 @@ class CountingObserver : public MUInterfaceExperimentDataObserver {
   void OnDataShapeChanged(unsigned shownRows, unsigned shownColumns, unsigned long active, int row,
                           int column) override {
     ++shapes;
-    last = {static_cast<long>(shownRows), static_cast<long>(shownColumns), static_cast<long>(active), row,
-            column};
+    last = {static_cast<long>(shownRows), static_cast<long>(shownColumns),
+            static_cast<long>(active), row, column};
   }
   void OnRefreshRequest(wxCommandEvent&) override { ++refreshes; }
 
@@ -71,7 +72,8 @@ class CountingObserver : public MUInterfaceExperimentDataObserver {
 
 class Comparison {
  public:
-  Comparison(const std::vector<PlainFile>& disk, unsigned seed) : m_disk(disk), m_random(seed), m_model(disk) {
+  Comparison(const std::vector<PlainFile>& disk, unsigned seed)
+      : m_disk(disk), m_random(seed), m_model(disk) {
     m_table.AddObserver(&m_observer);
   }
 
@@ -90,7 +92,9 @@ class Comparison {
  private:
   int Any(int count) { return static_cast<int>(m_random() % static_cast<unsigned>(count)); }
   bool Coin() { return Any(2) == 0; }
-  const std::string& AnyPath() { return m_disk[static_cast<std::size_t>(Any(static_cast<int>(m_disk.size())))].path; }
+  const std::string& AnyPath() {
+    return m_disk[static_cast<std::size_t>(Any(static_cast<int>(m_disk.size())))].path;
+  }
   std::string AnyColumn() {
     const Strings names = {"A", "B", "C", "D", "Reaction\nTime", "nobody", "FFFFF1"};
     return names[static_cast<std::size_t>(Any(static_cast<int>(names.size())))];
@@ -137,7 +141,8 @@ class Comparison {
         const std::string path = AnyPath();
         const bool notify = Coin();
         Note("add " + path);
-        EXPECT_EQ(m_table.AddExperimentOcurrence(wxFileName(Wide(path)), notify), m_model.Add(path, notify));
+        EXPECT_EQ(m_table.AddExperimentOcurrence(wxFileName(Wide(path)), notify),
+                  m_model.Add(path, notify));
         break;
       }
       case 4:
@@ -238,7 +243,8 @@ class Comparison {
         const Strings values = field == "FFFFF1" ? AnyPaths() : Strings{AnyText()};
         const bool notify = Coin();
         Note("delete " + field + "=" + values[0]);
-        m_table.DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(Wide(field), Deque(values), notify);
+        m_table.DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(Wide(field),
+                                                                            Deque(values), notify);
         m_model.Delete(field, values, notify);
         break;
       }
@@ -265,8 +271,12 @@ class Comparison {
       default:
         if (Any(3) == 0 && m_table.GetNumberOfDataRows() > 0) {
           // Gives one row entries of its own, with a text that was not in the file.
-          const auto key = m_model.rows.empty() ? 0 : m_model.rows[static_cast<std::size_t>(
-                                                          Any(static_cast<int>(m_model.rows.size())))].key;
+          const auto key =
+              m_model.rows.empty()
+                  ? 0
+                  : m_model
+                        .rows[static_cast<std::size_t>(Any(static_cast<int>(m_model.rows.size())))]
+                        .key;
           auto* row = m_table.m_rows.find(key);
           if (row == nullptr) break;
           Note("write");
@@ -292,7 +302,8 @@ class Comparison {
     EXPECT_EQ(Utf8(m_table.ColumnNames()), m_model.names);
     EXPECT_EQ(m_table.GetNumberOfDataRows(), m_model.RowCount());
     EXPECT_EQ(m_table.GetNumberOfDataColumns(), static_cast<int>(m_model.columnCount));
-    EXPECT_EQ(std::vector<int>(m_table.m_columnHasText.begin(), m_table.m_columnHasText.end()), m_model.hasText);
+    EXPECT_EQ(std::vector<int>(m_table.m_columnHasText.begin(), m_table.m_columnHasText.end()),
+              m_model.hasText);
     EXPECT_EQ(m_table.m_emptySearchFinished, m_model.searchFinished);
 
     ASSERT_EQ(m_table.m_files.size(), m_model.files.size());
@@ -341,7 +352,9 @@ class Comparison {
     EXPECT_EQ(m_observer.refreshes, m_model.notifications);
   }
 
-  static PlainTable::Keys KeysOf(const std::vector<unsigned long>& keys) { return {keys.begin(), keys.end()}; }
+  static PlainTable::Keys KeysOf(const std::vector<unsigned long>& keys) {
+    return {keys.begin(), keys.end()};
+  }
   template <typename LIST>
   static std::vector<std::size_t> IndicesOf(const LIST& list) {
     return {list.begin(), list.end()};
@@ -363,8 +376,9 @@ class Comparison {
         const std::string y = AnyColumn();
         const std::string z = AnyText();
         const bool all = Coin();
-        EXPECT_EQ(Utf8(m_table.GetAllFromCol_X_WhereField_Y_Matches_Z(Wide(x), Wide(y), Wide(z), all)),
-                  m_model.Where(x, y, z, all));
+        EXPECT_EQ(
+            Utf8(m_table.GetAllFromCol_X_WhereField_Y_Matches_Z(Wide(x), Wide(y), Wide(z), all)),
+            m_model.Where(x, y, z, all));
         break;
       }
       case 2: {
@@ -373,7 +387,8 @@ class Comparison {
         const std::string y = AnyColumn();
         const std::string z = Coin() ? std::string(20, '*') : AnyText();
         const bool all = Coin();
-        const auto* found = m_table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z(Deque(xs), Wide(y), Wide(z), all);
+        const auto* found =
+            m_table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z(Deque(xs), Wide(y), Wide(z), all);
         const auto expected = m_model.SeveralWhere(xs, y, z, all);
         ASSERT_EQ(found->size(), expected.size());
         for (std::size_t i = 0; i < expected.size(); ++i) {
@@ -389,7 +404,8 @@ class Comparison {
         const unsigned flags = AnyFlags() + 256;
         EXPECT_EQ(Utf8(m_table.FindColumnNamesByPropertyFlag(flags - 256)),
                   m_model.ColumnsByFlags(flags - 256, 1024));
-        EXPECT_EQ(Utf8(m_table.FindColumnNamesWherePropertyFlagIsAbsent(flags)), m_model.ColumnsByFlags(0, flags));
+        EXPECT_EQ(Utf8(m_table.FindColumnNamesWherePropertyFlagIsAbsent(flags)),
+                  m_model.ColumnsByFlags(0, flags));
         EXPECT_EQ(Utf8(m_table.FindColumnNamesHavingFlagsX_andAbsentFlagsY(1, flags)),
                   m_model.ColumnsByFlags(1, flags));
         break;
@@ -404,8 +420,9 @@ class Comparison {
       case 5: {
         const unsigned flags = AnyFlags();
         const PlainSet set = AnySet();
-        EXPECT_EQ(IndicesOf(m_table.FindCurrentRowIndicesWherePropertyFlagIsAbsent(flags, SetOf(set))),
-                  m_model.RowsByFlag(flags, true, set));
+        EXPECT_EQ(
+            IndicesOf(m_table.FindCurrentRowIndicesWherePropertyFlagIsAbsent(flags, SetOf(set))),
+            m_model.RowsByFlag(flags, true, set));
         break;
       }
       case 6: {
@@ -431,8 +448,8 @@ class Comparison {
         const int first = Any(8) - 2;
         const int last = Any(8) - 2;
         CellDecider decider(column, text);
-        EXPECT_EQ(IndicesOf(*m_table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinRange(&decider, all,
-                                                                                                first, last)),
+        EXPECT_EQ(IndicesOf(*m_table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinRange(
+                      &decider, all, first, last)),
                   m_model.Places(column, text, all, first, last));
         break;
       }
@@ -444,9 +461,10 @@ class Comparison {
         for (int i = Any(6); i > 0; --i) indices.push_back(static_cast<std::size_t>(Any(12)));
         const std::list<unsigned long> list(indices.begin(), indices.end());
         CellDecider decider(column, text);
-        EXPECT_EQ(IndicesOf(*m_table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinGivenIndices(
-                      &decider, list, all)),
-                  m_model.PlacesWithin(column, text, indices, all));
+        EXPECT_EQ(
+            IndicesOf(*m_table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinGivenIndices(
+                &decider, list, all)),
+            m_model.PlacesWithin(column, text, indices, all));
       }
     }
   }
@@ -461,15 +479,23 @@ class Comparison {
 
 std::vector<PlainFile> MakeDisk(const TemporaryFolder& folder) {
   std::mt19937 random(12345);
-  const auto any = [&random](int count) { return static_cast<int>(random() % static_cast<unsigned>(count)); };
-  const Strings texts = {"x", "y", "", " ", "10", "5", "x ", "nan", "aaaaaaaaaaaaaaaaaab", "aaaaaaaaaaaaaaaaaaa",
+  const auto any = [&random](int count) {
+    return static_cast<int>(random() % static_cast<unsigned>(count));
+  };
+  const Strings texts = {"x",
+                         "y",
+                         "",
+                         " ",
+                         "10",
+                         "5",
+                         "x ",
+                         "nan",
+                         "aaaaaaaaaaaaaaaaaab",
+                         "aaaaaaaaaaaaaaaaaaa",
                          "aaaaaaaaaaaaaaaaaa"};
-  const std::vector<Strings> headings = {{"A", "B", "Reaction\nTime"},
-                                         {"B", "C", "A"},
-                                         {"D", "A", "B"},
-                                         {"C"},
-                                         {"A", "Reaction\nTime", "D", "B", "C"},
-                                         {"B", "D"}};
+  const std::vector<Strings> headings = {
+      {"A", "B", "Reaction\nTime"},           {"B", "C", "A"}, {"D", "A", "B"}, {"C"},
+      {"A", "Reaction\nTime", "D", "B", "C"}, {"B", "D"}};
   std::vector<PlainFile> disk;
   for (std::size_t i = 0; i < headings.size(); ++i) {
     PlainFile file;
@@ -502,7 +528,8 @@ TEST(TableModel, TheTableAgreesWithThePlainModel) {
   for (unsigned i = 0; i < SEQUENCES && !testing::Test::HasFailure(); ++i) {
     Comparison comparison(disk, FIRST_SEED + i);
     comparison.Run();
-    EXPECT_FALSE(testing::Test::HasFailure()) << "seed " << FIRST_SEED + i << ": " << comparison.Log();
+    EXPECT_FALSE(testing::Test::HasFailure())
+        << "seed " << FIRST_SEED + i << ": " << comparison.Log();
   }
 }
 

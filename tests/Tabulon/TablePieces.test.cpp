@@ -147,21 +147,25 @@ TEST(QueryKeys, AreMadeOfTheAgreedParts) {
                   .Equals(Key(rows, matches, wxT("0") + D + wxT("64"))));
   EXPECT_TRUE(RowsByFlag(4294967295u, Source::ACTIVE_SHOWN_AND_ACTIVE_SEMIHIDDEN)
                   .Equals(Key(rows, matches, wxT("1") + D + wxT("-1"))));
-  EXPECT_TRUE(RowsByAbsentFlag(60, Source::ALL_ROWS).Equals(Key(rows, absent, wxT("2") + D + wxT("60"))));
+  EXPECT_TRUE(
+      RowsByAbsentFlag(60, Source::ALL_ROWS).Equals(Key(rows, absent, wxT("2") + D + wxT("60"))));
   EXPECT_TRUE(RowsByAbsentFlag(60, Source::CALLER_GIVEN_ROWS)
                   .Equals(Key(rows, absent, wxT("2") + D + wxT("60"))));
   EXPECT_TRUE(RowsByFlagAndAbsentFlag(64, 28).Equals(Key(rows, both, wxT("64") + D + wxT("28"))));
   const wxString predicate = D + wxT("WHEREPREDICATERETURNSTRUE");
-  EXPECT_TRUE(RowsByPredicate(wxT("who"), Source::ALL_ROWS, 2, 5)
-                  .Equals(Key(rows, predicate, wxT("1") + D + wxT("who") + D + wxT("2") + D + wxT("5"))));
+  EXPECT_TRUE(
+      RowsByPredicate(wxT("who"), Source::ALL_ROWS, 2, 5)
+          .Equals(Key(rows, predicate, wxT("1") + D + wxT("who") + D + wxT("2") + D + wxT("5"))));
   EXPECT_TRUE(
       RowsByPredicate(wxT(""), Source::ONLY_FULLY_SHOWN_ROWS, 0, 4294967295u)
           .Equals(Key(rows, predicate, wxT("0") + D + D + wxT("0") + D + wxT("4294967295"))));
   EXPECT_TRUE(ColumnNamesByFlag(1).Equals(Key(columns, matches, wxT("1"))));
   EXPECT_TRUE(ColumnNamesByAbsentFlag(60).Equals(Key(columns, absent, wxT("60"))));
-  EXPECT_TRUE(ColumnNamesByFlagAndAbsentFlag(2, 32).Equals(Key(columns, both, wxT("2") + D + wxT("32"))));
-  EXPECT_TRUE(DistinctValues(wxT("Key"), Source::ACTIVE_SHOWN_AND_ACTIVE_SEMIHIDDEN, true)
-                  .Equals(Key(wxT("Key"), wxT("SELECTDISTINCTPERCOLUMN"), wxT("4") + D + wxT("1"))));
+  EXPECT_TRUE(
+      ColumnNamesByFlagAndAbsentFlag(2, 32).Equals(Key(columns, both, wxT("2") + D + wxT("32"))));
+  EXPECT_TRUE(
+      DistinctValues(wxT("Key"), Source::ACTIVE_SHOWN_AND_ACTIVE_SEMIHIDDEN, true)
+          .Equals(Key(wxT("Key"), wxT("SELECTDISTINCTPERCOLUMN"), wxT("4") + D + wxT("1"))));
   EXPECT_TRUE(OneColumnWhere(wxT("X"), wxT("Y"), wxT("z"), false)
                   .Equals(Key(wxT("X"), wxT("Y"), wxT("z") + D + wxT("0"))));
   EXPECT_TRUE(SeveralColumnsWhere({wxT("b"), wxT("a")}, wxT("Y"), wxT("z"), true)
@@ -198,10 +202,12 @@ TEST(FlagTests, AskForAllForNoneAndForBoth) {
 TEST(TrimmedText, LeavesWhatTheLibrarysTrimmingLeaves) {
   for (wchar_t character = 0; character < 0x3100; ++character) {
     const wxString blank(character);
-    for (const wxString& text : {blank, blank + wxT("a"), wxT("a") + blank, blank + wxT("a b") + blank + blank}) {
+    for (const wxString& text :
+         {blank, blank + wxT("a"), wxT("a") + blank, blank + wxT("a b") + blank + blank}) {
       wxString expected(text);
       expected.Trim(true).Trim(false);
-      EXPECT_EQ(TrimmedText(MUColumnReader::ViewOf(text)).ToString(), expected) << static_cast<int>(character);
+      EXPECT_EQ(TrimmedText(MUColumnReader::ViewOf(text)).ToString(), expected)
+          << static_cast<int>(character);
     }
   }
   const std::string narrow = " \ta b  ";
@@ -252,9 +258,11 @@ TEST(FileFlags, AColumnWithoutAFileIsSuppressedAndStaysSo) {
 
 TEST(FileFlags, TheLastOfTwoRequestsDecidesForAColumn) {
   MUColumnNamePlusProperties column = ColumnOf({{wxT("/a"), 0}});
-  HideOrShowBasedOnMultipleFileRequests(column, LastDecisions({Request(wxT("/a"), true), Request(wxT("/a"), false)}));
+  HideOrShowBasedOnMultipleFileRequests(
+      column, LastDecisions({Request(wxT("/a"), true), Request(wxT("/a"), false)}));
   EXPECT_EQ(column.m_columnPropertyFlags, 8u);
-  HideOrShowBasedOnMultipleFileRequests(column, LastDecisions({Request(wxT("/a"), false), Request(wxT("/a"), true)}));
+  HideOrShowBasedOnMultipleFileRequests(
+      column, LastDecisions({Request(wxT("/a"), false), Request(wxT("/a"), true)}));
   EXPECT_EQ(column.m_columnPropertyFlags, 0u);
 }
 
@@ -270,9 +278,15 @@ TEST(FileFlags, TheFirstOfTwoRequestsDecidesForARow) {
                                                         Request(wxT("/a"), true)};
   const std::deque<DichotomousFileRequest> onThenOff = {Request(wxT("/a"), true),
                                                         Request(wxT("/a"), false)};
-  EXPECT_EQ(ApplyEnMasseShowOrHideUsingDichotomousFileRequest(96, FirstRequestFor(wxT("/a"), offThenOn)), 104u);
-  EXPECT_EQ(ApplyEnMasseShowOrHideUsingDichotomousFileRequest(104, FirstRequestFor(wxT("/a"), onThenOff)), 96u);
-  EXPECT_EQ(ApplyEnMasseShowOrHideUsingDichotomousFileRequest(104, FirstRequestFor(wxT("/b"), onThenOff)), 104u);
+  EXPECT_EQ(
+      ApplyEnMasseShowOrHideUsingDichotomousFileRequest(96, FirstRequestFor(wxT("/a"), offThenOn)),
+      104u);
+  EXPECT_EQ(
+      ApplyEnMasseShowOrHideUsingDichotomousFileRequest(104, FirstRequestFor(wxT("/a"), onThenOff)),
+      96u);
+  EXPECT_EQ(
+      ApplyEnMasseShowOrHideUsingDichotomousFileRequest(104, FirstRequestFor(wxT("/b"), onThenOff)),
+      104u);
 }
 
 }  // namespace

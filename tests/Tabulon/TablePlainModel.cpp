@@ -26,7 +26,8 @@ double Hash(const std::string& text, std::size_t piece) {
   double sum = 0.0;
   for (std::size_t i = 0; i < 6; ++i) {
     const std::size_t place = piece * 6 + i;
-    const double character = place < text.size() ? static_cast<double>(static_cast<unsigned char>(text[place])) : 32.0;
+    const double character =
+        place < text.size() ? static_cast<double>(static_cast<unsigned char>(text[place])) : 32.0;
     sum += character * std::pow(256.0, 7.0 - static_cast<double>(i));
   }
   return sum;
@@ -250,7 +251,8 @@ int PlainTable::HideEmpty() {
   int count = 0;
   if (shownCount > 0 && columnCount > 0) {
     for (std::size_t i = 0; i < hasText.size() && i < names.size(); ++i) {
-      if (hasText[i] == 2) hasText[i] = Distinct(names[i], PlainSet::Shown, true) == Strings({""}) ? 0 : 1;
+      if (hasText[i] == 2)
+        hasText[i] = Distinct(names[i], PlainSet::Shown, true) == Strings({""}) ? 0 : 1;
       if (hasText[i] == 0) {
         SetColumnHidden(names[i], true);
         ++count;
@@ -291,7 +293,8 @@ bool PlainTable::Flag(long shownRow) const {
 
 void PlainTable::Delete(const std::string& field, const Strings& values, bool notify) {
   for (std::size_t i = rows.size(); i-- > 0;) {
-    if (Contains(values, CellOf(rows[i], field))) rows.erase(rows.begin() + static_cast<std::ptrdiff_t>(i));
+    if (Contains(values, CellOf(rows[i], field)))
+      rows.erase(rows.begin() + static_cast<std::ptrdiff_t>(i));
   }
   if (notify) pending = true;
 }
@@ -348,7 +351,8 @@ void PlainTable::Rebuild(bool sorted) {
     };
     if (sortColumn == "Reaction\nTime") {
       sortBy([](const Row& a, const Row& b) { return Number(a) < Number(b); });
-    } else if (std::none_of(shown.begin(), shown.end(), [&](const Row* row) { return fits(*row); })) {
+    } else if (std::none_of(shown.begin(), shown.end(),
+                            [&](const Row* row) { return fits(*row); })) {
       sortBy([&](const Row& a, const Row& b) { return text(a) < text(b); });
     } else {
       // Fitting before long, ascending, and the long ones in order among themselves.
@@ -429,7 +433,8 @@ const PlainTable::Keys& PlainTable::KeysOf(PlainSet set) const {
 
 std::string PlainTable::Cell(long row, long column) const {
   if (row < 0 || column < 0 || static_cast<std::size_t>(row) >= shownCount ||
-      static_cast<std::size_t>(column) >= columnCount || static_cast<std::size_t>(row) >= shownKeys.size()) {
+      static_cast<std::size_t>(column) >= columnCount ||
+      static_cast<std::size_t>(row) >= shownKeys.size()) {
     return "?";
   }
   const Row* found = FindRow(shownKeys[static_cast<std::size_t>(row)]);
@@ -456,7 +461,8 @@ Strings PlainTable::Distinct(const std::string& column, PlainSet set, bool trim)
   return m_strings[key] = values;
 }
 
-Strings PlainTable::Where(const std::string& x, const std::string& y, const std::string& z, bool all) {
+Strings PlainTable::Where(const std::string& x, const std::string& y, const std::string& z,
+                          bool all) {
   const std::string key = "where|" + x + "|" + y + "|" + z + (all ? "|all" : "");
   const auto known = m_strings.find(key);
   if (known != m_strings.end()) return known->second;
@@ -468,8 +474,10 @@ Strings PlainTable::Where(const std::string& x, const std::string& y, const std:
   return m_strings[key] = values;
 }
 
-std::vector<std::map<std::string, std::string>> PlainTable::SeveralWhere(Strings xs, const std::string& y,
-                                                                         const std::string& z, bool all) {
+std::vector<std::map<std::string, std::string>> PlainTable::SeveralWhere(Strings xs,
+                                                                         const std::string& y,
+                                                                         const std::string& z,
+                                                                         bool all) {
   const bool everything = z == std::string(20, '*');
   std::sort(xs.begin(), xs.end());
   std::string key = (everything ? "" : y) + "|" + z + (all ? "|all" : "");
@@ -492,7 +500,8 @@ Strings PlainTable::ColumnsByFlags(unsigned with, unsigned without) {
   if (known != m_strings.end()) return known->second;
   Strings found;
   for (const Column& column : columns) {
-    if ((column.flags & with) == with && (column.flags & without) == 0) found.push_back(column.name);
+    if ((column.flags & with) == with && (column.flags & without) == 0)
+      found.push_back(column.name);
   }
   return m_strings[key] = found;
 }
@@ -505,8 +514,9 @@ std::vector<std::size_t> PlainTable::RowsByFlag(unsigned flags, bool absent, Pla
   std::vector<std::size_t> found;
   const auto take = [&](const Row& row) {
     if (absent ? (row.flags & flags) != 0 : (row.flags & flags) != flags) return;
-    found.push_back(set == PlainSet::All ? row.allIndex
-                                         : set == PlainSet::Active ? row.activeIndex : row.shownIndex);
+    found.push_back(set == PlainSet::All      ? row.allIndex
+                    : set == PlainSet::Active ? row.activeIndex
+                                              : row.shownIndex);
   };
   if (set == PlainSet::All) {
     for (const Row& row : rows) take(row);
@@ -526,33 +536,37 @@ std::vector<std::size_t> PlainTable::RowsByBoth(unsigned with, unsigned without)
   std::vector<std::size_t> found;
   for (std::size_t place = 0; place < allKeys.size(); ++place) {
     const Row* row = FindRow(allKeys[place]);
-    if (row != nullptr && (row->flags & with) == with && (row->flags & without) == 0) found.push_back(place);
+    if (row != nullptr && (row->flags & with) == with && (row->flags & without) == 0)
+      found.push_back(place);
   }
   return m_byFlags[key] = found;
 }
 
-std::vector<std::size_t> PlainTable::Places(const std::string& column, const std::string& text, bool all,
-                                            long first, long last) {
+std::vector<std::size_t> PlainTable::Places(const std::string& column, const std::string& text,
+                                            bool all, long first, long last) {
   const Keys& keys = KeysOf(all ? PlainSet::All : PlainSet::Shown);
   const long size = static_cast<long>(keys.size());
   if (first < 0) first = 0;
   if (last < 0) last = size - 1;
   if (first >= size || last >= size) return {};
   if (first > last) std::swap(first, last);
-  const std::string key = column + "|" + text + (all ? "|all|" : "|shown|") + std::to_string(first) + "|" +
-                          std::to_string(last);
+  const std::string key = column + "|" + text + (all ? "|all|" : "|shown|") +
+                          std::to_string(first) + "|" + std::to_string(last);
   const auto known = m_places.find(key);
   if (known != m_places.end()) return known->second;
   std::vector<std::size_t> found;
   for (long place = first; place <= last; ++place) {
     const Row* row = FindRow(keys[static_cast<std::size_t>(place)]);
-    if (row != nullptr && CellOf(*row, column) == text) found.push_back(static_cast<std::size_t>(place));
+    if (row != nullptr && CellOf(*row, column) == text)
+      found.push_back(static_cast<std::size_t>(place));
   }
   return m_places[key] = found;
 }
 
-std::vector<std::size_t> PlainTable::PlacesWithin(const std::string& column, const std::string& text,
-                                                  const std::vector<std::size_t>& indices, bool all) const {
+std::vector<std::size_t> PlainTable::PlacesWithin(const std::string& column,
+                                                  const std::string& text,
+                                                  const std::vector<std::size_t>& indices,
+                                                  bool all) const {
   const Keys& keys = KeysOf(all ? PlainSet::All : PlainSet::Shown);
   std::vector<std::size_t> found;
   std::size_t kept = 0;

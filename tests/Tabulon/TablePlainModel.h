@@ -26,7 +26,7 @@ class PlainTable {
   struct Row {
     unsigned long key = 0;
     unsigned flags = 0;
-    std::map<std::string, std::string> cells;   // with the path of the file under "FFFFF1"
+    std::map<std::string, std::string> cells;    // with the path of the file under "FFFFF1"
     std::map<std::string, std::string> reached;  // the cells that stand on the line itself
     bool emptyLine = false;  // has sort keys after all: zeros, under the empty name
     std::size_t allIndex = NONE;
@@ -79,8 +79,8 @@ class PlainTable {
   std::vector<std::size_t> RowsByFlag(unsigned flags, bool absent, PlainSet set);
   std::vector<std::size_t> RowsByBoth(unsigned with, unsigned without);
   // The rows whose cell has this text. Negative ends mean the outer rows.
-  std::vector<std::size_t> Places(const std::string& column, const std::string& text, bool all, long first,
-                                  long last);
+  std::vector<std::size_t> Places(const std::string& column, const std::string& text, bool all,
+                                  long first, long last);
   std::vector<std::size_t> PlacesWithin(const std::string& column, const std::string& text,
                                         const std::vector<std::size_t>& indices, bool all) const;
   int PreservedRow() const;

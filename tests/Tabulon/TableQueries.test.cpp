@@ -48,8 +48,9 @@ class Decider : public MUInterfaceRowTruthDecider {
 class TableQueries : public testing::Test {
  protected:
   void SetUp() override {
-    const wxString a = folder.WriteData("a.txt", {"A", "B", "T\n(Trial Variable)"},
-                                        {{"x", "1", " p"}, {"y", "2", "p "}, {"x", "3", "q"}, {"x", "4", "p"}});
+    const wxString a =
+        folder.WriteData("a.txt", {"A", "B", "T\n(Trial Variable)"},
+                         {{"x", "1", " p"}, {"y", "2", "p "}, {"x", "3", "q"}, {"x", "4", "p"}});
     const wxString b = folder.WriteData("b.txt", {"A", "B"}, {{"x", "5"}});
     const wxString c = folder.WriteData("c.txt", {"A", "B"}, {{"z", "1"}});
     ASSERT_TRUE(table.Load(a));
@@ -95,9 +96,11 @@ TEST_F(TableQueries, RowsByFlagAreIndicesInTheirSet) {
 
 TEST_F(TableQueries, RowsByAbsentFlagAreIndicesInTheirSet) {
   EXPECT_EQ(table.FindCurrentRowIndicesWherePropertyFlagIsAbsent(64, SHOWN), Indices({0, 2, 3}));
-  EXPECT_EQ(table.FindCurrentRowIndicesWherePropertyFlagIsAbsent(32, ACTIVE), Indices({0, 1, 3, 4}));
+  EXPECT_EQ(table.FindCurrentRowIndicesWherePropertyFlagIsAbsent(32, ACTIVE),
+            Indices({0, 1, 3, 4}));
   EXPECT_EQ(table.FindCurrentRowIndicesWherePropertyFlagIsAbsent(60, ALL), Indices({0, 1, 3, 5}));
-  EXPECT_EQ(table.FindCurrentRowIndicesWherePropertyFlagIsAbsent(0, ALL), Indices({0, 1, 2, 3, 4, 5}));
+  EXPECT_EQ(table.FindCurrentRowIndicesWherePropertyFlagIsAbsent(0, ALL),
+            Indices({0, 1, 2, 3, 4, 5}));
 }
 
 TEST_F(TableQueries, AnyOtherSetMeansAllRowsInKeyOrder) {
@@ -121,9 +124,11 @@ TEST_F(TableQueries, ADeletedRowIsSkippedAndCountsItsPlace) {
   EXPECT_EQ(Distinct(wxT("A"), SHOWN, false), Texts({"x", "z"}));
   EXPECT_EQ(Where(wxT("B"), wxT("A"), wxT("x"), true), Texts({"1", "3", "4", "5"}));
   Decider decider(wxT("x"));
-  EXPECT_EQ(*table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true), Indices({0, 2, 3, 4}));
-  EXPECT_EQ(table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z(
-                     {wxT("A")}, wxT(""), ProbeTable::SPECIAL_CODE_TO_REQUEST_MATCH_ALL_ROWS, true)
+  EXPECT_EQ(*table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true),
+            Indices({0, 2, 3, 4}));
+  EXPECT_EQ(table
+                .GetAllFromMultiCols_X_WhereField_Y_Matches_Z(
+                    {wxT("A")}, wxT(""), ProbeTable::SPECIAL_CODE_TO_REQUEST_MATCH_ALL_ROWS, true)
                 ->size(),
             5u);
 }
@@ -156,9 +161,11 @@ TEST_F(TableQueries, ColumnInformationIsNeverCached) {
 
 TEST_F(TableQueries, APredicateFindsPlaces) {
   Decider decider(wxT("x"));
-  EXPECT_EQ(*table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, false), Indices({0, 2}));
+  EXPECT_EQ(*table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, false),
+            Indices({0, 2}));
   EXPECT_EQ(decider.decisions, 4);
-  EXPECT_EQ(*table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true), Indices({0, 2, 3, 4}));
+  EXPECT_EQ(*table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true),
+            Indices({0, 2, 3, 4}));
   EXPECT_EQ(decider.decisions, 10);
 }
 
@@ -174,9 +181,12 @@ TEST_F(TableQueries, AnEmptyTableNeverAsks) {
   ProbeTable empty;
   Decider decider(wxT("x"));
   EXPECT_TRUE(empty.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true)->empty());
-  EXPECT_TRUE(empty.FindCurrentRowIndicesMatchingRowTruthPredicateWithinRange(&decider, true, -1, -1)->empty());
-  EXPECT_TRUE(empty.FindCurrentRowIndicesMatchingRowTruthPredicateWithinGivenIndices(&decider, {0}, true)
-                  ->empty());
+  EXPECT_TRUE(
+      empty.FindCurrentRowIndicesMatchingRowTruthPredicateWithinRange(&decider, true, -1, -1)
+          ->empty());
+  EXPECT_TRUE(
+      empty.FindCurrentRowIndicesMatchingRowTruthPredicateWithinGivenIndices(&decider, {0}, true)
+          ->empty());
   EXPECT_EQ(decider.decisions, 0);
   EXPECT_TRUE(empty.m_cacheRowIndexHolders.empty());
   EXPECT_TRUE(empty.m_nonCachedHolders.empty());
@@ -211,7 +221,8 @@ TEST_F(TableQueries, AnUncachedDeciderRunsEveryTimeAndItsResultsStay) {
 TEST_F(TableQueries, TheRangeIsInclusiveAndItsNegativeEndsMeanTheOuterRows) {
   const auto within = [this](int first, int last, bool all = true) {
     Decider decider(wxT("x"));
-    return *table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinRange(&decider, all, first, last);
+    return *table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinRange(&decider, all, first,
+                                                                            last);
   };
   EXPECT_EQ(within(0, 2), Indices({0, 2}));
   EXPECT_EQ(within(-7, 2), Indices({0, 2}));
@@ -228,9 +239,11 @@ TEST_F(TableQueries, TheRangeIsInclusiveAndItsNegativeEndsMeanTheOuterRows) {
 
 TEST_F(TableQueries, ASwappedRangeIsTheSameQuestion) {
   Decider decider(wxT("x"));
-  const auto* found = table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinRange(&decider, true, 4, 1);
+  const auto* found =
+      table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinRange(&decider, true, 4, 1);
   EXPECT_EQ(*found, Indices({2, 3, 4}));
-  EXPECT_EQ(table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinRange(&decider, true, 1, 4), found);
+  EXPECT_EQ(table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinRange(&decider, true, 1, 4),
+            found);
   EXPECT_EQ(table.m_cacheRowIndexHolders.size(), 1u);
   EXPECT_EQ(decider.decisions, 4);
 }
@@ -238,13 +251,15 @@ TEST_F(TableQueries, ASwappedRangeIsTheSameQuestion) {
 TEST_F(TableQueries, TheWholeRangeIsTheSameQuestionAsNoRange) {
   Decider decider(wxT("x"));
   const auto* found = table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true);
-  EXPECT_EQ(table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinRange(&decider, true, -1, -1), found);
+  EXPECT_EQ(table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinRange(&decider, true, -1, -1),
+            found);
 }
 
 TEST_F(TableQueries, GivenIndicesAreTranslatedBack) {
   Decider decider(wxT("x"));
   const auto within = [&](const Indices& indices, bool all) {
-    return *table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinGivenIndices(&decider, indices, all);
+    return *table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinGivenIndices(&decider,
+                                                                                   indices, all);
   };
   EXPECT_EQ(within({4, 1, 0, 0}, true), Indices({4, 0, 0}));
   EXPECT_EQ(within({3, 2}, false), Indices({2}));
@@ -256,8 +271,8 @@ TEST_F(TableQueries, GivenIndicesAreTranslatedBack) {
 TEST_F(TableQueries, AGivenIndexOutOfRangeShiftsWhatFollows) {
   Decider decider(wxT("x"));
   // Kept are 0, 1, 3, of which places 0 and 2 match: elements 0 and 2 of what was given.
-  EXPECT_EQ(*table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinGivenIndices(&decider, {0, 99, 1, 3},
-                                                                                    true),
+  EXPECT_EQ(*table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinGivenIndices(
+                &decider, {0, 99, 1, 3}, true),
             Indices({0, 1}));
 }
 
@@ -328,36 +343,45 @@ TEST_F(TableQueries, AValueThatNobodyHasIsCachedToo) {
 }
 
 TEST_F(TableQueries, SeveralColumnsWhere) {
-  const auto* rows = table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z({wxT("B"), wxT("A"), wxT("nobody")},
-                                                                        wxT("A"), wxT("x"), false);
+  const auto* rows = table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z(
+      {wxT("B"), wxT("A"), wxT("nobody")}, wxT("A"), wxT("x"), false);
   ASSERT_EQ(rows->size(), 2u);
   using Cells = std::map<wxString, wxString>;
-  EXPECT_EQ(*(*rows)[0], Cells({{wxT("A"), wxT("x")}, {wxT("B"), wxT("1")}, {wxT("nobody"), wxT("")}}));
-  EXPECT_EQ(*(*rows)[1], Cells({{wxT("A"), wxT("x")}, {wxT("B"), wxT("4")}, {wxT("nobody"), wxT("")}}));
-  EXPECT_EQ(table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z({wxT("nobody"), wxT("A"), wxT("B")}, wxT("A"),
+  EXPECT_EQ(*(*rows)[0],
+            Cells({{wxT("A"), wxT("x")}, {wxT("B"), wxT("1")}, {wxT("nobody"), wxT("")}}));
+  EXPECT_EQ(*(*rows)[1],
+            Cells({{wxT("A"), wxT("x")}, {wxT("B"), wxT("4")}, {wxT("nobody"), wxT("")}}));
+  EXPECT_EQ(table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z({wxT("nobody"), wxT("A"), wxT("B")},
+                                                               wxT("A"), wxT("x"), false),
+            rows);
+  EXPECT_NE(table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z({wxT("A"), wxT("B")}, wxT("A"),
                                                                wxT("x"), false),
             rows);
-  EXPECT_NE(table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z({wxT("A"), wxT("B")}, wxT("A"), wxT("x"), false),
-            rows);
-  EXPECT_NE(table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z({wxT("B"), wxT("A"), wxT("nobody")}, wxT("A"),
-                                                               wxT("x"), true),
+  EXPECT_NE(table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z({wxT("B"), wxT("A"), wxT("nobody")},
+                                                               wxT("A"), wxT("x"), true),
             rows);
 }
 
 TEST_F(TableQueries, MatchAllGivesOneMapPerRowInTableOrder) {
   const wxString all = ProbeTable::SPECIAL_CODE_TO_REQUEST_MATCH_ALL_ROWS;
   table.SetSortColumn(wxT("B"), true);
-  const auto* rows = table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z({wxT("B")}, wxT("A"), all, false);
+  const auto* rows =
+      table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z({wxT("B")}, wxT("A"), all, false);
   Texts texts;
   for (const auto* row : *rows) texts.push_back(Utf8(row->at(wxT("B"))));
   EXPECT_EQ(texts, Texts({"4", "2", "1", "1"}));
   // Whatever the field, it is the same question.
-  EXPECT_EQ(table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z({wxT("B")}, wxT("nobody"), all, false), rows);
-  EXPECT_EQ(table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z({wxT("B")}, wxT("A"), all, true)->size(), 6u);
+  EXPECT_EQ(
+      table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z({wxT("B")}, wxT("nobody"), all, false),
+      rows);
+  EXPECT_EQ(
+      table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z({wxT("B")}, wxT("A"), all, true)->size(),
+      6u);
 }
 
 TEST_F(TableQueries, TheMatchAllCodeIsAnOrdinaryValueForOneColumn) {
-  EXPECT_EQ(Where(wxT("B"), wxT("A"), ProbeTable::SPECIAL_CODE_TO_REQUEST_MATCH_ALL_ROWS, true), Texts());
+  EXPECT_EQ(Where(wxT("B"), wxT("A"), ProbeTable::SPECIAL_CODE_TO_REQUEST_MATCH_ALL_ROWS, true),
+            Texts());
 }
 
 TEST_F(TableQueries, QueriesWhoseKeysMeetShareAnEntry) {
@@ -405,12 +429,14 @@ class CacheEvents : public TableQueries {
         std::to_string(table.FindColumnNamesWherePropertyFlagIsAbsent(256).size());
     answers["columns by both"] =
         std::to_string(table.FindColumnNamesHavingFlagsX_andAbsentFlagsY(256, 4).size());
-    answers["rows by flag"] = std::to_string(table.FindCurrentRowIndicesByPropertyFlag(256, ALL).size());
+    answers["rows by flag"] =
+        std::to_string(table.FindCurrentRowIndicesByPropertyFlag(256, ALL).size());
     answers["rows by absent"] =
         std::to_string(table.FindCurrentRowIndicesWherePropertyFlagIsAbsent(256, ALL).size());
     answers["rows by both"] =
         std::to_string(table.FindCurrentRowIndicesHavingFlagsX_andAbsentFlagsY(256, 4).size());
-    answers["red by flag"] = std::to_string(table.FindCurrentRowIndicesByPropertyFlag(320, ALL).size());
+    answers["red by flag"] =
+        std::to_string(table.FindCurrentRowIndicesByPropertyFlag(320, ALL).size());
     answers["red by absent"] =
         std::to_string(table.FindCurrentRowIndicesWherePropertyFlagIsAbsent(320, ALL).size());
     answers["red in x"] =
@@ -434,10 +460,10 @@ class CacheEvents : public TableQueries {
 
   std::map<std::string, std::string> answers;
   std::map<std::string, std::string> before;
-  const Texts everything = {"columns by absent", "columns by both", "columns by flag", "distinct",
-                            "predicate",         "red by absent",   "red by flag",     "red in x",
-                            "red in y",          "rows by absent",  "rows by both",    "rows by flag",
-                            "several",           "where"};
+  const Texts everything = {
+      "columns by absent", "columns by both", "columns by flag", "distinct", "predicate",
+      "red by absent",     "red by flag",     "red in x",        "red in y", "rows by absent",
+      "rows by both",      "rows by flag",    "several",         "where"};
   const Texts byRowOrder = {"predicate", "red by absent",  "red by flag",  "red in x",
                             "red in y",  "rows by absent", "rows by both", "rows by flag"};
   const Texts byRedFlag = {"red by absent", "red by flag", "red in x", "red in y"};
@@ -511,17 +537,22 @@ TEST_F(CacheEvents, RevertingASortDropsWhatDependsOnRowOrder) {
 TEST_F(CacheEvents, OtherChangesDropNothing) {
   const std::vector<std::pair<std::string, std::function<void()>>> changes = {
       {"hide a row", [this] { table.HideOneSingleRowPerArbitraryUserRequest(0); }},
-      {"unhide rows", [this] { table.RemoveUserDesignatedRowHiddennessBasedOnCurrentlyActiveFiles(); }},
+      {"unhide rows",
+       [this] { table.RemoveUserDesignatedRowHiddennessBasedOnCurrentlyActiveFiles(); }},
       {"hide a column", [this] { table.HideOneSingleColumnPerArbitraryUserRequest(wxT("B")); }},
       {"unhide a column", [this] { table.UnhideOneSingleColumnPerArbitraryUserRequest(wxT("B")); }},
       {"move a column", [this] { table.MoveColumnPosition(wxT("B"), wxT("A"), false); }},
       {"suppress a file",
-       [this] { table.SimultaneousFileRequestsSuppressAndUnsuppress({{folder.PathOf("a.txt"), false}}); }},
+       [this] {
+         table.SimultaneousFileRequestsSuppressAndUnsuppress({{folder.PathOf("a.txt"), false}});
+       }},
       {"add a file",
        [this] { table.AddExperimentOcurrence(wxFileName(folder.PathOf("a.txt")), true); }},
       {"delete rows", [this] { table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("B"), wxT("1")); }},
       {"remove a file",
-       [this] { table.SimultaneousFileRequestsAddAndRemove({{folder.PathOf("c.txt"), false}}); }},
+       [this] {
+         table.SimultaneousFileRequestsAddAndRemove({{folder.PathOf("c.txt"), false}});
+       }},
       {"free the copies", [this] { table.IdleTimeFreeMemoryUsedForRowCopies(); }},
       {"search empty columns", [this] { table.PerformOneTimesliceOfEmptyColumnSearch(); }},
   };

@@ -101,7 +101,8 @@ TEST_F(TableSorting, WhereSomeTextFitsTheLowEightBitsDecide) {
 
 TEST_F(TableSorting, ARowWithoutKeysComesBeforeAnEmptyCell) {
   // "x" alone on a line leaves the row without keys for A; the tab before "y" gives an empty cell.
-  ASSERT_TRUE(table.Load(folder.Write("s.txt", "p\nt\nd\n\nN\tA\tZ\n\nr0\t\tz\nr1\nr2\ta\tz\nr3\n")));
+  ASSERT_TRUE(
+      table.Load(folder.Write("s.txt", "p\nt\nd\n\nN\tA\tZ\n\nr0\t\tz\nr1\nr2\ta\tz\nr3\n")));
   EXPECT_EQ(Sorted(false), Keys({1, 3, 0, 2}));
   EXPECT_EQ(Sorted(true), Keys({2, 0, 1, 3}));
 }
@@ -121,10 +122,12 @@ TEST_F(TableSorting, TheReactionTimeSortsAsANumber) {
 
 TEST_F(TableSorting, AReactionTimeThatIsNotANumberLosesNoRow) {
   Texts texts;
-  for (int i = 0; i < 400; ++i) texts.push_back(i % 3 == 0 ? "nan" : std::to_string((i * 7919) % 1000));
+  for (int i = 0; i < 400; ++i)
+    texts.push_back(i % 3 == 0 ? "nan" : std::to_string((i * 7919) % 1000));
   Load(texts, "Reaction\nTime");
   bool someAreNotNumbers = false;
-  for (const auto& entry : table.m_rows) someAreNotNumbers |= std::isnan(entry.second->m_reactionTime);
+  for (const auto& entry : table.m_rows)
+    someAreNotNumbers |= std::isnan(entry.second->m_reactionTime);
   EXPECT_TRUE(someAreNotNumbers);
   for (const bool reverse : {false, true}) {
     Keys keys = Sorted(reverse, wxT("Reaction\nTime"));
@@ -298,9 +301,12 @@ TEST(SortFunctors, ReadWhatTheMapsHold) {
     EXPECT_FALSE(greater(&low, &high));
     EXPECT_FALSE(greater(&low, &low));
   };
-  expectOrder(CustomComparatorCellTextHash01(column), CustomComparatorCellTextHash01Reverse(column));
-  expectOrder(CustomComparatorCellTextHash02(column), CustomComparatorCellTextHash02Reverse(column));
-  expectOrder(CustomComparatorCellTextHash03(column), CustomComparatorCellTextHash03Reverse(column));
+  expectOrder(CustomComparatorCellTextHash01(column),
+              CustomComparatorCellTextHash01Reverse(column));
+  expectOrder(CustomComparatorCellTextHash02(column),
+              CustomComparatorCellTextHash02Reverse(column));
+  expectOrder(CustomComparatorCellTextHash03(column),
+              CustomComparatorCellTextHash03Reverse(column));
   expectOrder(RowCompareLessStringCompare(column), RowCompareLessStringCompareReverse(column));
   expectOrder(CustomComparatorByRowReactionTimeFunctor(column),
               CustomComparatorByRowReactionTimeFunctorReverse(column));
@@ -342,8 +348,8 @@ void SortAscendingByPasses(Rows& rows, const wxString& column) {
 }
 
 void SortDescendingByPasses(Rows& rows, const wxString& column) {
-  const auto middle =
-      std::stable_partition(rows.begin(), rows.end(), CustomUnPredCellTextFitsInHashReverse(column));
+  const auto middle = std::stable_partition(rows.begin(), rows.end(),
+                                            CustomUnPredCellTextFitsInHashReverse(column));
   std::stable_sort(rows.begin(), middle, RowCompareLessStringCompareReverse(column));
   if (middle == rows.end()) return;
   std::stable_sort(rows.begin(), rows.end(), CustomComparatorCellTextHash03Reverse(column));
@@ -367,7 +373,8 @@ TEST(SortProperty, RowsMadeByHandSortAsThePassesDo) {
       if (random() % 7 != 0) row.m_hash02[column] = numbers[random() % 7];
       if (random() % 7 != 0) row.m_hash03[column] = numbers[random() % 7];
       if (random() % 3 != 0) row.m_textFitsInHash[column] = !noneFits && random() % 2 == 0;
-      if (random() % 5 != 0) row.m_cells[column] = wxString(static_cast<wxChar>(L'a' + random() % 3), random() % 3);
+      if (random() % 5 != 0)
+        row.m_cells[column] = wxString(static_cast<wxChar>(L'a' + random() % 3), random() % 3);
       if (random() % 3 != 0) row.m_reactionTime = numbers[random() % 7];
       rows.push_back(&row);
     }
@@ -417,7 +424,7 @@ TEST(KeyedSort, IsAStableSort) {
 
 TEST(KeyedSort, KeysOrderAsNumbersDo) {
   const double infinity = std::numeric_limits<double>::infinity();
-  const std::vector<double> ascending = {-infinity, -1.0e300, -999999.0, -1.0, -1.0e-310, 0.0,
+  const std::vector<double> ascending = {-infinity, -1.0e300, -999999.0, -1.0,    -1.0e-310, 0.0,
                                          1.0e-310,  1.0,      2.5,       1.0e300, infinity};
   for (std::size_t i = 1; i < ascending.size(); ++i) {
     EXPECT_LT(KeyOfNumber(ascending[i - 1]), KeyOfNumber(ascending[i])) << i;
@@ -447,9 +454,10 @@ void PlainSort(std::vector<PlainRow>& rows, bool reverse) {
   const auto byText = [&](const PlainRow& a, const PlainRow& b) {
     return reverse ? a.text > b.text : a.text < b.text;
   };
-  const auto middle = std::stable_partition(rows.begin(), rows.end(),
-                                            [&](const PlainRow& row) { return row.fits != reverse; });
-  const bool noneFits = std::none_of(rows.begin(), rows.end(), [](const PlainRow& row) { return row.fits; });
+  const auto middle = std::stable_partition(
+      rows.begin(), rows.end(), [&](const PlainRow& row) { return row.fits != reverse; });
+  const bool noneFits =
+      std::none_of(rows.begin(), rows.end(), [](const PlainRow& row) { return row.fits; });
   if (noneFits) {
     std::stable_sort(rows.begin(), rows.end(), byText);
     return;
@@ -491,7 +499,8 @@ TEST(SortProperty, EverySortIsThePlainOne) {
           std::wstring text(random() % 4 * 6, L'a');
           if (onlyLong) text.resize(19, L'a');
           while (random() % 3 != 0) {
-            const wchar_t letters[] = {L'a', L'b', L' ', ascii ? L'Z' : L'\x141', ascii ? L'~' : L'\xE9'};
+            const wchar_t letters[] = {L'a', L'b', L' ', ascii ? L'Z' : L'\x141',
+                                       ascii ? L'~' : L'\xE9'};
             text += letters[random() % 5];
           }
           bytes += "\t" + wxString(text).ToStdString(wxConvUTF8) + "\tz";
@@ -520,7 +529,8 @@ TEST(SortProperty, EverySortIsThePlainOne) {
       table.SetSortColumn(wxT("A"), reverse);
       ASSERT_EQ(table.m_allRowKeys.size(), expected.size());
       for (std::size_t i = 0; i < expected.size(); ++i) {
-        ASSERT_EQ(table.m_allRowKeys[i], expected[i].key) << "place " << i << " reverse " << reverse;
+        ASSERT_EQ(table.m_allRowKeys[i], expected[i].key)
+            << "place " << i << " reverse " << reverse;
       }
     }
   }

@@ -11,7 +11,8 @@ wxString TemporaryFolder::Write(const std::string& name, const std::string& byte
   return PathOf(name);
 }
 
-wxString TemporaryFolder::WriteData(const std::string& name, const std::vector<std::string>& columns,
+wxString TemporaryFolder::WriteData(const std::string& name,
+                                    const std::vector<std::string>& columns,
                                     const Cells& rows) const {
   return Write(name, DataText(columns, rows));
 }
@@ -37,8 +38,8 @@ std::string DataText(const std::vector<std::string>& columns, const Cells& rows)
 }
 
 bool ProbeTable::Load(const wxString& path) {
-  return AddExperimentOcurrence_SimulateIdleLoop_UsedWhenNoTabulonWindowIsShown(wxFileName(path), false,
-                                                                                nullptr);
+  return AddExperimentOcurrence_SimulateIdleLoop_UsedWhenNoTabulonWindowIsShown(wxFileName(path),
+                                                                                false, nullptr);
 }
 
 std::vector<std::string> ProbeTable::Column(const wxString& name) const {
@@ -48,9 +49,12 @@ std::vector<std::string> ProbeTable::Column(const wxString& name) const {
   return texts;
 }
 
-std::string ProbeTable::Cell(int row, int column) const { return Utf8(GetDataCellValue(row, column)); }
+std::string ProbeTable::Cell(int row, int column) const {
+  return Utf8(GetDataCellValue(row, column));
+}
 
-long RecordingStatusPrinter::PrintStatusText(const wxString& text, int slot, long replacedMessageId) {
+long RecordingStatusPrinter::PrintStatusText(const wxString& text, int slot,
+                                             long replacedMessageId) {
   std::string words = Utf8(text);
   // The number in " 12 milliseconds." at the end.
   const std::size_t end = words.rfind(" milliseconds.");

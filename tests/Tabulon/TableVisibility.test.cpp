@@ -63,8 +63,8 @@ TEST_F(TableVisibility, HidingARowPastTheEndStillNotifies) {
 
 TEST_F(TableVisibility, RowsAreWhatTheTwoMasksSay) {
   const std::vector<std::pair<unsigned, std::pair<bool, bool>>> cases = {
-      {0, {true, true}},   {4, {false, false}},  {8, {false, false}}, {16, {false, false}},
-      {32, {true, false}}, {64, {true, true}},   {1, {true, true}},   {2, {true, true}},
+      {0, {true, true}},    {4, {false, false}}, {8, {false, false}}, {16, {false, false}},
+      {32, {true, false}},  {64, {true, true}},  {1, {true, true}},   {2, {true, true}},
       {40, {false, false}}, {96, {true, false}}};
   ASSERT_TRUE(table.Load(pathA));
   for (const auto& [flags, activeAndShown] : cases) {
@@ -191,8 +191,8 @@ TEST_F(TableVisibility, HidesColumnsOfBlanksOnly) {
   table.HideEmptyColumnsBasedOnCurrentlyShownRows();
   EXPECT_TRUE(table.m_notificationPending);
   EXPECT_TRUE(table.m_emptySearchFinished);
-  EXPECT_EQ(printer.lines, Texts({"Hiding empty columns... @1 ^-1",
-                                  "2 columns hidden. N milliseconds. @7 ^100"}));
+  EXPECT_EQ(printer.lines,
+            Texts({"Hiding empty columns... @1 ^-1", "2 columns hidden. N milliseconds. @7 ^100"}));
   table.OnIdle();
   EXPECT_EQ(Utf8(table.ColumnNames()), Texts({"Mixed", "Same", "Text"}));
   // It is ordinary hiding.
@@ -273,8 +273,7 @@ TEST_F(TableVisibility, ANotificationStartsTheSearchOver) {
   table.Notify();
   EXPECT_EQ(table.m_emptySearchColumn, 0u);
   EXPECT_EQ(table.m_emptySearchRow, 0u);
-  EXPECT_EQ(table.m_columnHasText,
-            std::deque<TRI_STATE_TRUE_FALSE_UNKNOWN>(2, TRI_STATE_UNKNOWN));
+  EXPECT_EQ(table.m_columnHasText, std::deque<TRI_STATE_TRUE_FALSE_UNKNOWN>(2, TRI_STATE_UNKNOWN));
   table.m_emptySearchFinished = true;
   table.Notify();
   EXPECT_FALSE(table.m_emptySearchFinished);
@@ -287,7 +286,8 @@ TEST_F(TableVisibility, TheNotificationOfAnEmptyTableEndsTheSearch) {
 
 TEST_F(TableVisibility, TheSearchSkipsDeletedRows) {
   LoadBoth();
-  table.DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(wxT("A"), {wxT("a4"), wxT("a5")}, false);
+  table.DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(wxT("A"),
+                                                                    {wxT("a4"), wxT("a5")}, false);
   table.PerformOneTimesliceOfEmptyColumnSearch();
   EXPECT_EQ(table.m_columnHasText, std::deque<TRI_STATE_TRUE_FALSE_UNKNOWN>(
                                        {TRI_STATE_TRUE, TRI_STATE_FALSE, TRI_STATE_TRUE}));

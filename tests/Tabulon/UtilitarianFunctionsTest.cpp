@@ -1,5 +1,3 @@
-#include "Tabulon/src/MUUtilitarianFunctions.h"
-
 #include <gtest/gtest.h>
 #include <wx/filefn.h>
 #include <wx/filename.h>
@@ -8,6 +6,7 @@
 #include <random>
 
 #include "Tabulon/src/MUUniqueNameIndex.h"
+#include "Tabulon/src/MUUtilitarianFunctions.h"
 #include "tests/Tabulon/NaiveReader.h"
 
 using namespace MUUtilitarianFunctions;
@@ -25,9 +24,10 @@ TEST(UniqueNames, CompareWithoutRegardToCaseAndKeepTheCaseAskedFor) {
 }
 
 TEST(UniqueNames, SearchFromTheSmallestCountInUse) {
-  EXPECT_EQ(wxT("a###"), GetUniqueNameToInsertForGivenListContents(wxT("a"), {wxT("a"), wxT("a##")}));
-  EXPECT_EQ(wxT("a##"),
-            GetUniqueNameToInsertForGivenListContents(wxT("a"), {wxT("a"), wxT("a#"), wxT("a#####")}));
+  EXPECT_EQ(wxT("a###"),
+            GetUniqueNameToInsertForGivenListContents(wxT("a"), {wxT("a"), wxT("a##")}));
+  EXPECT_EQ(wxT("a##"), GetUniqueNameToInsertForGivenListContents(
+                            wxT("a"), {wxT("a"), wxT("a#"), wxT("a#####")}));
   EXPECT_EQ(wxT("a#"), GetUniqueNameToInsertForGivenListContents(wxT("a"), {wxT("a"), wxT("a")}))
       << "a second duplicate is a used count of 0";
   EXPECT_EQ(wxT("a#"), GetUniqueNameToInsertForGivenListContents(wxT("a"), {wxT("a"), wxT("ab#")}));
@@ -56,7 +56,8 @@ TEST(UniqueNames, AnswerTheFixedCases) {
 
 TEST(UniqueNameIndex, AnswersAsTheListDoes) {
   // The Kelvin sign is a k in lower case, but no K in upper case; the long s is an S in upper case only.
-  const wxString letters[] = {wxT("a"), wxT("A"), wxT("k"), L"\u212a", L"\u017f", wxT("s"), wxT("#"), wxT("#")};
+  const wxString letters[] = {wxT("a"),  wxT("A"), wxT("k"), L"\u212a",
+                              L"\u017f", wxT("s"), wxT("#"), wxT("#")};
   for (unsigned int seed = 1; seed <= 400; ++seed) {
     std::mt19937 random(seed);
     std::list<wxString> names;
