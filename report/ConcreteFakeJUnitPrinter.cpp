@@ -6,7 +6,9 @@
 #include <wx/textfile.h>
 #include <wx/utils.h>
 
+#include <algorithm>
 #include <memory>
+#include <string>
 
 namespace Ombrelia {
 
@@ -18,6 +20,23 @@ const int TIME_OF_EVERY_TEST = 999;
 void AddEntry(wxArrayString& lines, wxString& entry) {
   lines.Add(wxEmptyString);
   lines.Last().swap(entry);
+}
+
+// Is this no character of Unicode? A data file in UTF-32 can bring such a value into a test's name, and
+// the one conversion of all lines to UTF-8 would fail by it and lose the whole report.
+bool IsNoCharacter(wchar_t value) {
+  const auto code = static_cast<std::uint32_t>(value);
+  return code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF);
+}
+
+// With the replacement character in place of every value that UTF-8 cannot hold.
+void MakeConvertible(wxString& line) {
+  const wchar_t* const begin = line.wc_str();
+  const wchar_t* const end = begin + line.length();
+  if (std::none_of(begin, end, IsNoCharacter)) return;
+  std::wstring text(begin, end);
+  std::replace_if(text.begin(), text.end(), IsNoCharacter, wchar_t{0xFFFD});
+  line = text;
 }
 
 wxString DecimalText(std::uint32_t number) {
@@ -203,6 +222,7 @@ void ConcreteFakeJUnitPrinter::FlushFileAndSaveToFinalDestination() {
 void ConcreteFakeJUnitPrinter::PrintArrayIntoFile(wxTextFile* file) {
   file->Clear();
   for (wxString& line : m_reportLines) {
+    MakeConvertible(line);
     file->AddLine(wxEmptyString);
     file->GetLine(file->GetLineCount() - 1).swap(line);
   }

@@ -1,12 +1,11 @@
 // What the report says, whole.
-#include "report/ConcreteFakeJUnitPrinter.h"
-
 #include <gtest/gtest.h>
 #include <unistd.h>
 
 #include <cstdlib>
 #include <memory>
 
+#include "report/ConcreteFakeJUnitPrinter.h"
 #include "tests/support/Files.h"
 
 namespace {
@@ -20,8 +19,8 @@ class PrinterTest : public testing::Test {
   PrinterTest() : m_directory(m_folder.Path()), m_printer(Made()) {}
 
   static std::unique_ptr<ConcreteFakeJUnitPrinter> Made() {
-    return std::make_unique<ConcreteFakeJUnitPrinter>(
-        wxT("FakeUnitTestsDataHookExperimentRunning"), wxT("auto_experiment_tests"), true);
+    return std::make_unique<ConcreteFakeJUnitPrinter>(wxT("FakeUnitTestsDataHookExperimentRunning"),
+                                                      wxT("auto_experiment_tests"), true);
   }
   // Ends the printer and gives its report, process ids blanked.
   std::string Report() {
@@ -54,28 +53,29 @@ TEST_F(PrinterTest, WritesPassingAndFailingTestsInOrderAndNumbersThemAcrossSuite
   m_printer->AddFailingTestResult(wxT("Name_Of_Test"), wxT("the subject"), wxT("the/location:7"),
                                   wxT("the message,\nin two lines"));
   m_printer->AddPassingTestResult(wxT("Another"));
-  EXPECT_EQ(Report(),
-            "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-            "<testsuites tests=\"3\" failures=\"1\" disabled=\"0\" errors=\"0\" time=\"2997\" "
-            "name=\"AllTests\">\n"
-            "    <testsuite name=\"DefaultInitialTestSuite_ConcreteFakeJUnitPrinter_pid_@PID@\" "
-            "tests=\"1\" failures=\"0\" disabled=\"0\" errors=\"0\" time=\"999\">\n"
-            "        <testcase name=\"test001SingleDummyPassingTest\" status=\"run\" time=\"999\" />\n"
-            "    </testsuite>\n"
-            "    <testsuite name=\"some_experiment.om4_pid_@PID@\" "
-            "tests=\"2\" failures=\"1\" disabled=\"0\" errors=\"0\" time=\"1998\">\n"
-            "        <testcase name=\"test002Name_Of_Test\" status=\"run\" time=\"999\" >\n"
-            "        <failure message=\"the subject\" type=\"\">\n"
-            "\n"
-            " <![CDATA[the/location:7\n"
-            "the message,\n"
-            "in two lines]]>\n"
-            "\n"
-            "</failure>\n"
-            "</testcase>\n"
-            "        <testcase name=\"test003Another\" status=\"run\" time=\"999\" />\n"
-            "    </testsuite>\n"
-            "</testsuites>\n");
+  EXPECT_EQ(
+      Report(),
+      "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+      "<testsuites tests=\"3\" failures=\"1\" disabled=\"0\" errors=\"0\" time=\"2997\" "
+      "name=\"AllTests\">\n"
+      "    <testsuite name=\"DefaultInitialTestSuite_ConcreteFakeJUnitPrinter_pid_@PID@\" "
+      "tests=\"1\" failures=\"0\" disabled=\"0\" errors=\"0\" time=\"999\">\n"
+      "        <testcase name=\"test001SingleDummyPassingTest\" status=\"run\" time=\"999\" />\n"
+      "    </testsuite>\n"
+      "    <testsuite name=\"some_experiment.om4_pid_@PID@\" "
+      "tests=\"2\" failures=\"1\" disabled=\"0\" errors=\"0\" time=\"1998\">\n"
+      "        <testcase name=\"test002Name_Of_Test\" status=\"run\" time=\"999\" >\n"
+      "        <failure message=\"the subject\" type=\"\">\n"
+      "\n"
+      " <![CDATA[the/location:7\n"
+      "the message,\n"
+      "in two lines]]>\n"
+      "\n"
+      "</failure>\n"
+      "</testcase>\n"
+      "        <testcase name=\"test003Another\" status=\"run\" time=\"999\" />\n"
+      "    </testsuite>\n"
+      "</testsuites>\n");
 }
 
 TEST_F(PrinterTest, NewSuiteClosesTheEmptyDefaultSuite) {
@@ -141,7 +141,8 @@ TEST_F(PrinterTest, TakesFormatCharactersAsText) {
   const std::string report = Report();
   EXPECT_NE(report.find("<testsuite name=\"100%s%n_pid_@PID@\""), std::string::npos);
   EXPECT_NE(report.find("<testcase name=\"test001%d%s\" status"), std::string::npos);
-  EXPECT_NE(report.find("<failure message=\"%s\" type=\"\">\n\n <![CDATA[%u\n%]]>"), std::string::npos);
+  EXPECT_NE(report.find("<failure message=\"%s\" type=\"\">\n\n <![CDATA[%u\n%]]>"),
+            std::string::npos);
 }
 
 TEST_F(PrinterTest, WritesUtf8WithoutAByteOrderMark) {
@@ -149,6 +150,26 @@ TEST_F(PrinterTest, WritesUtf8WithoutAByteOrderMark) {
   const std::string report = Report();
   EXPECT_EQ(report.compare(0, 5, "<?xml"), 0);
   EXPECT_NE(report.find("\"test001\xC3\xA4\xE4\xB8\xAD\xF0\x9F\x98\x80\""), std::string::npos);
+}
+
+// Values that are no characters come out of data files in UTF-32; none may cost the other results.
+TEST_F(PrinterTest, ReplacesValuesThatUtf8CannotHold) {
+  const wchar_t name[] = {L'a',
+                          static_cast<wchar_t>(0x110000),
+                          static_cast<wchar_t>(0xD800),
+                          static_cast<wchar_t>(0xDFFF),
+                          static_cast<wchar_t>(0x10FFFF),
+                          static_cast<wchar_t>(0xD7FF),
+                          L'z',
+                          L'\0'};
+  m_printer->AddPassingTestResult(wxString(name));
+  m_printer->AddPassingTestResult(wxT("another"));
+  const std::string report = Report();
+  EXPECT_NE(report.find("test001a\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xF4\x8F\xBF\xBF\xED\x9F\xBF"
+                        "z\""),
+            std::string::npos)
+      << report;
+  EXPECT_NE(report.find("test002another\""), std::string::npos);
 }
 
 TEST_F(PrinterTest, TheSwitchForAHumanChangesNothing) {
@@ -162,8 +183,9 @@ TEST_F(PrinterTest, TheSwitchForAHumanChangesNothing) {
     m_printer = Made();
     m_printer->AddFailingTestResult(wxT("n"), wxT("s"), wxT("l"), wxT("m"));
     EXPECT_EQ(switched, Report());
-    EXPECT_EQ(Tests::NamesIn(m_folder.ReportFolder()),
-              (std::vector<std::string>{Tests::ReportName(getpid()), Tests::FlagFileName(getpid())}));
+    EXPECT_EQ(
+        Tests::NamesIn(m_folder.ReportFolder()),
+        (std::vector<std::string>{Tests::ReportName(getpid()), Tests::FlagFileName(getpid())}));
   }
 }
 

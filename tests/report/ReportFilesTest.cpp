@@ -91,8 +91,8 @@ TEST_F(ReportFilesTest, NothingOfAMovedReportSurvivesANormalEnd) {
   ASSERT_EQ(unlink(At(m_report).c_str()), 0);
   // Longer than the new report, in another encoding, and with other line ends.
   for (const std::string& former :
-       {std::string(20000, 'x') + "\r\nlast", std::string("\xFF\xFE\x00\xD8", 4), std::string("\xE4\x80"),
-        std::string("\xEF\xBB\xBF<a/>\r\n")}) {
+       {std::string(20000, 'x') + "\r\nlast", std::string("\xFF\xFE\x00\xD8", 4),
+        std::string("\xE4\x80"), std::string("\xEF\xBB\xBF<a/>\r\n")}) {
     Tests::WriteFile(At("Base.xml"), former);
     const wxLogNull silence;
     Made(true).reset();
