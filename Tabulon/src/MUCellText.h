@@ -15,23 +15,21 @@ class MUCellText {
   static constexpr std::size_t SORT_PIECES = 3;
   static constexpr std::size_t SORT_PIECE_LENGTH = 6;
 
-  MUCellText() : m_narrow(nullptr), m_wide(nullptr), m_length(0) {}
-  MUCellText(const char* text, std::size_t length)
-      : m_narrow(text), m_wide(nullptr), m_length(length) {}
-  MUCellText(const wchar_t* text, std::size_t length)
-      : m_narrow(nullptr), m_wide(text), m_length(length) {}
+  MUCellText() : m_text(nullptr), m_size(0) {}
+  MUCellText(const char* text, std::size_t length) : m_text(text), m_size(length << 1) {}
+  MUCellText(const wchar_t* text, std::size_t length) : m_text(text), m_size(length << 1 | WIDE) {}
 
-  std::size_t Length() const { return m_length; }
-  bool IsEmpty() const { return m_length == 0; }
+  std::size_t Length() const { return m_size >> 1; }
+  bool IsEmpty() const { return Length() == 0; }
 
   // Null unless the text is stored in that width; not terminated.
-  const char* Narrow() const { return m_narrow; }
-  const wchar_t* Wide() const { return m_wide; }
+  const char* Narrow() const { return IsWide() ? nullptr : static_cast<const char*>(m_text); }
+  const wchar_t* Wide() const { return IsWide() ? static_cast<const wchar_t*>(m_text) : nullptr; }
 
   // The character at an index below Length().
   wchar_t operator[](std::size_t index) const {
-    return m_narrow ? static_cast<wchar_t>(static_cast<unsigned char>(m_narrow[index]))
-                    : m_wide[index];
+    return IsWide() ? static_cast<const wchar_t*>(m_text)[index]
+                    : static_cast<wchar_t>(static_cast<const unsigned char*>(m_text)[index]);
   }
 
   // A text of its own.
@@ -51,12 +49,14 @@ class MUCellText {
   // The same as the number that m_hash01, m_hash02 and m_hash03 hold: SortBits times 65,536.
   double SortKey(std::size_t piece) const { return static_cast<double>(SortBits(piece)) * 65536.0; }
   // True when the three pieces cover the whole text.
-  bool FitsInSortKeys() const { return m_length < SORT_PIECES * SORT_PIECE_LENGTH + 1; }
+  bool FitsInSortKeys() const { return Length() < SORT_PIECES * SORT_PIECE_LENGTH + 1; }
 
  private:
-  const char* m_narrow;
-  const wchar_t* m_wide;
-  std::size_t m_length;
+  static constexpr std::size_t WIDE = 1;
+  bool IsWide() const { return (m_size & WIDE) != 0; }
+
+  const void* m_text;
+  std::size_t m_size;  // twice the length, and one more if the text is wide
 };
 
 // The sort key of the first six characters of a text; see MUCellText::SortBits.

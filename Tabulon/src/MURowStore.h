@@ -48,6 +48,18 @@ class MURowStore {
   }
   const_iterator end() const { return {this, PlaceCount()}; }
 
+  // Calls action(key, row) for every row in key order. The action must not insert or erase.
+  template <typename ACTION>
+  void ForEach(ACTION action) const {
+    unsigned long key = 0;
+    for (const std::unique_ptr<Page>& page : m_pages) {
+      for (std::size_t i = 0; page != nullptr && i < PAGE_SIZE; ++i) {
+        if (page->rows[i] != nullptr) action(key + i, page->rows[i]);
+      }
+      key += PAGE_SIZE;
+    }
+  }
+
   // Null if no row has the key.
   Row* find(unsigned long key) const {
     if (key >= PlaceCount()) return nullptr;
