@@ -14,6 +14,7 @@ class MUCellText {
   // A column's sort keys cover SORT_PIECES pieces of SORT_PIECE_LENGTH characters each.
   static constexpr std::size_t SORT_PIECES = 3;
   static constexpr std::size_t SORT_PIECE_LENGTH = 6;
+  static constexpr std::size_t WORD_LENGTH = 8;
 
   MUCellText() : m_text(nullptr), m_size(0) {}
   MUCellText(const char* text, std::size_t length) : m_text(text), m_size(length << 1) {}
@@ -32,6 +33,23 @@ class MUCellText {
                     : static_cast<wchar_t>(static_cast<const unsigned char*>(m_text)[index]);
   }
 
+  // The low eight bits of up to eight characters as one number, first character most significant; below
+  // them 0 where the text has ended. first: index of the first one, may be beyond the end.
+  std::uint64_t Word(std::size_t first) const {
+    const std::size_t length = Length() > first ? Length() - first : 0;
+    std::uint64_t word = 0;
+    if (!IsWide() && length >= WORD_LENGTH) {
+      const auto* const narrow = static_cast<const unsigned char*>(m_text) + first;
+      for (std::size_t i = 0; i < WORD_LENGTH; ++i) word = word << 8 | narrow[i];
+      return word;
+    }
+    const std::size_t count = length < WORD_LENGTH ? length : WORD_LENGTH;
+    for (std::size_t i = 0; i < count; ++i) {
+      word = word << 8 | (static_cast<std::uint64_t>((*this)[first + i]) & 0xFF);
+    }
+    return count == 0 ? 0 : word << (8 * (WORD_LENGTH - count));
+  }
+
   // A text of its own.
   wxString ToString() const;
 
@@ -40,6 +58,18 @@ class MUCellText {
 
   // Below, at or above 0, as wxString::compare orders the two texts.
   int Compare(const MUCellText& other) const;
+  // The same number for the same characters, however wide they are stored.
+  std::size_t Hash() const {
+    constexpr std::uint64_t ODD = 0x9E3779B97F4A7C15u;
+    std::uint64_t hash = Length();
+    std::size_t first = 0;
+    do {
+      hash = (hash ^ Word(first)) * ODD;
+      hash ^= hash >> 32;
+      first += WORD_LENGTH;
+    } while (first < Length());
+    return static_cast<std::size_t>(hash * ODD);
+  }
   bool Equals(const wxString& text) const;
 
   // Six characters as one number whose order is the text's order; piece is 0, 1 or 2 and begins at
@@ -57,6 +87,10 @@ class MUCellText {
 
   const void* m_text;
   std::size_t m_size;  // twice the length, and one more if the text is wide
+};
+
+struct MUCellTextHash {
+  std::size_t operator()(const MUCellText& text) const { return text.Hash(); }
 };
 
 // The sort key of the first six characters of a text; see MUCellText::SortBits.

@@ -48,6 +48,11 @@ class MURowStore {
   }
   const_iterator end() const { return {this, PlaceCount()}; }
 
+  // Above every key.
+  unsigned long KeyLimit() const { return PlaceCount(); }
+  // Another number after every change. Who keeps what he found out about the rows can tell whether it holds.
+  unsigned long Version() const { return m_version; }
+
   // Calls action(key, row) for every row in key order. The action must not insert or erase.
   template <typename ACTION>
   void ForEach(ACTION action) const {
@@ -85,6 +90,7 @@ class MURowStore {
 
   std::vector<std::unique_ptr<Page>> m_pages;
   std::size_t m_size = 0;
+  unsigned long m_version = 0;
 };
 
 #endif

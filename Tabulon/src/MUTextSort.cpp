@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr std::size_t WORD_LENGTH = 8;
+constexpr std::size_t WORD_LENGTH = MUCellText::WORD_LENGTH;
 constexpr std::size_t KEYS_LENGTH = MUCellText::SORT_PIECES * MUCellText::SORT_PIECE_LENGTH;
 static_assert(KEYS_LENGTH == 2 * WORD_LENGTH + 2, "two words and two characters of the third");
 
@@ -19,27 +19,10 @@ constexpr std::array<std::uint64_t, 2> FURTHER_WORDS_OF_SHORT_TEXT = {BLANKS,
 // Below this size a comparison sort is as fast as counting.
 constexpr std::ptrdiff_t FEW_PLACES = 64;
 
-// Up to eight characters from the one at first on, the first one most significant, then 0.
-std::uint64_t WordOf(const MUCellText& text, std::size_t first) {
-  const std::size_t length = text.Length() > first ? text.Length() - first : 0;
-  std::uint64_t word = 0;
-  if (const char* narrow = text.Narrow(); narrow != nullptr && length >= WORD_LENGTH) {
-    for (std::size_t i = 0; i < WORD_LENGTH; ++i) {
-      word = word << 8 | static_cast<unsigned char>(narrow[first + i]);
-    }
-    return word;
-  }
-  for (std::size_t i = 0; i < WORD_LENGTH; ++i) {
-    word <<= 8;
-    if (i < length) word |= static_cast<std::uint64_t>(text[first + i]) & 0xFF;
-  }
-  return word;
-}
-
-// The same with blanks where the text has ended.
+// The word of the text with blanks where the text has ended.
 std::uint64_t PaddedWordOf(const MUCellText& text, std::size_t first) {
   const std::size_t length = text.Length() > first ? text.Length() - first : 0;
-  return WordOf(text, first) | (length < WORD_LENGTH ? BLANKS >> (8 * length) : 0);
+  return text.Word(first) | (length < WORD_LENGTH ? BLANKS >> (8 * length) : 0);
 }
 
 // Of two narrow texts, at most as much as longest.
@@ -79,7 +62,7 @@ void MUTextSort::Add(const MUCellText& text) {
                           PaddedWordOf(text, 2 * WORD_LENGTH) & LAST_KEY_CHARACTERS};
   if (!text.FitsInSortKeys()) {
     further[1] |= UNFIT;
-    if (text.Narrow() != nullptr) further[1] |= WordOf(text, KEYS_LENGTH) >> FURTHER_TEXT_SHIFT;
+    if (text.Narrow() != nullptr) further[1] |= text.Word(KEYS_LENGTH) >> FURTHER_TEXT_SHIFT;
   }
   Append(first, further, text);
 }
@@ -168,7 +151,7 @@ void MUTextSort::SortByText(MUPlace* begin, MUPlace* end, bool descending) const
     sameLength = sameLength && m_unfitTexts[*place].Length() == text.Length();
   }
   if (sameLength && common == text.Length()) return;
-  const auto keyOf = [&](MUPlace place) { return WordOf(m_unfitTexts[place], common); };
+  const auto keyOf = [&](MUPlace place) { return m_unfitTexts[place].Word(common); };
   MUKeyPacking<1> packing;
   for (const MUPlace* place = begin; place != end; ++place) packing.Examine({keyOf(*place)});
   packing.Finish();
