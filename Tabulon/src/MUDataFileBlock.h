@@ -36,10 +36,10 @@ class MUDataFileBlock {
   MUCellText Cell(std::size_t row, std::size_t position) const {
     if (position >= CellCount(row)) return MUCellText();
     const Row& place = m_rows[row];
-    const std::uint32_t* end = &m_cellEnds[place.firstCell + position];
-    const std::uint32_t start = position == 0 ? 0 : end[-1] + 1;
-    const std::size_t offset = std::size_t{place.textStart} + start;
-    const std::size_t length = *end - start;
+    const std::size_t cell = place.firstCell + position;
+    const std::size_t start = position == 0 ? 0 : CellEnd(cell - 1) + 1;
+    const std::size_t offset = place.textStart + start;
+    const std::size_t length = CellEnd(cell) - start;
     return m_isWide ? MUCellText(m_wideText.data() + offset, length)
                     : MUCellText(m_narrowText.data() + offset, length);
   }
@@ -47,8 +47,13 @@ class MUDataFileBlock {
   // The row must be one of the block's.
   void PrefetchRow(std::size_t row) const { __builtin_prefetch(&m_rows[row]); }
   void PrefetchCell(std::size_t row, std::size_t position) const {
-    if (position < CellCount(row))
-      __builtin_prefetch(&m_cellEnds[m_rows[row].firstCell + position]);
+    if (position >= CellCount(row)) return;
+    const std::size_t cell = m_rows[row].firstCell + position;
+    if (m_longCellEnds.empty()) {
+      __builtin_prefetch(&m_shortCellEnds[cell]);
+    } else {
+      __builtin_prefetch(&m_longCellEnds[cell]);
+    }
   }
   // Cells of the longest line.
   std::size_t LargestCellCount() const;
@@ -77,7 +82,11 @@ class MUDataFileBlock {
 
   ~MUDataFileBlock() = default;
 
-  // Where a row's text begins and which entry of m_cellEnds is its first; its last entry is the one
+  std::size_t CellEnd(std::size_t cell) const {
+    return m_longCellEnds.empty() ? m_shortCellEnds[cell] : m_longCellEnds[cell];
+  }
+
+  // Where a row's text begins and which cell is its first; its last one is the one
   // before the next row's first.
   struct Row {
     std::uint32_t textStart;
@@ -89,8 +98,10 @@ class MUDataFileBlock {
   MUPoolVector<char> m_narrowText;
   MUPoolVector<wchar_t> m_wideText;
   MUPoolVector<Row> m_rows;  // and one more at the end, where a next one would begin
-  MUPoolVector<std::uint32_t>
-      m_cellEnds;  // from the row's start; one separator stands between cells
+  // Where each cell ends, from its row's start; one separator stands between cells. They are short unless
+  // a row is longer than they can tell.
+  MUPoolVector<std::uint16_t> m_shortCellEnds;
+  MUPoolVector<std::uint32_t> m_longCellEnds;
   std::vector<wxString> m_columnNames;
   std::vector<std::uint32_t> m_positionsByName;  // sorted by name, then by position
   std::vector<HiddenCell> m_hiddenCells;

@@ -55,8 +55,7 @@ void ForEachControlCharacter(const char* begin, const char* end, const Take& tak
 
 }  // namespace
 
-MUDataFileBlockBuilder::MUDataFileBlockBuilder(Width width)
-    : m_block(new MUDataFileBlock), m_firstCell(0) {
+MUDataFileBlockBuilder::MUDataFileBlockBuilder(Width width) : m_block(new MUDataFileBlock) {
   m_block->m_isWide = width == Width::WIDE;
 }
 
@@ -69,24 +68,50 @@ bool MUDataFileBlockBuilder::TakePlainBytes(MUPoolVector<char>& bytes, std::size
   MUDataFileBlockBuilder builder(Width::ASCII);
   MUDataFileBlock& block = *builder.m_block;
   block.m_rows.reserve(measure.lineFeeds + 2);
-  block.m_cellEnds.reserve(measure.tabs + measure.lineFeeds + 1);
+  const std::size_t mostCells = measure.tabs + measure.lineFeeds + 1;
 
   lines->header.clear();
-  std::size_t rowStart = TakeHeaderLines(bytes, headerLines, &lines->header);
-  const char* text = bytes.data();
-  MUForEachDelimiter(text, rowStart, bytes.size(), [&](std::size_t position) {
+  const std::size_t start = TakeHeaderLines(bytes, headerLines, &lines->header);
+  block.m_narrowText = std::move(bytes);
+  if (!builder.AppendPlainRows(start, mostCells, block.m_shortCellEnds)) {
+    MUPoolVector<std::uint16_t>().swap(block.m_shortCellEnds);
+    block.m_rows.resize(1);
+    builder.AppendPlainRows(start, mostCells, block.m_longCellEnds);
+  }
+  lines->block = builder.Take();
+  return true;
+}
+
+template <typename END>
+bool MUDataFileBlockBuilder::AppendPlainRows(std::size_t start, std::size_t mostCells,
+                                             MUPoolVector<END>& ends) {
+  const char* const text = m_block->m_narrowText.data();
+  const std::size_t length = m_block->m_narrowText.size();
+  ends.resize(mostCells);
+  END* end = ends.data();
+  END* firstEnd = end;
+  std::size_t rowStart = start;
+  std::size_t longestRow = 0;
+  const auto endRow = [&](std::size_t rowEnd) {
+    if (rowEnd != rowStart) *end++ = static_cast<END>(rowEnd - rowStart);
+    // The empty cells at a line's end are none.
+    while (end - firstEnd > 1 && static_cast<END>(end[-2] + 1) == end[-1]) --end;
+    longestRow = std::max(longestRow, rowEnd - rowStart);
+    EndRow(rowStart, static_cast<std::size_t>(end - ends.data()));
+    firstEnd = end;
+  };
+  MUForEachDelimiter(text, rowStart, length, [&](std::size_t position) {
     if (text[position] == '\t') {
-      block.m_cellEnds.push_back(static_cast<std::uint32_t>(position - rowStart));
+      *end++ = static_cast<END>(position - rowStart);
       return;
     }
     const bool isDosLineEnd = position > rowStart && text[position - 1] == '\r';
-    builder.EndPlainRow(rowStart, isDosLineEnd ? position - 1 : position);
+    endRow(isDosLineEnd ? position - 1 : position);
     rowStart = position + 1;
   });
-  if (rowStart < bytes.size()) builder.EndPlainRow(rowStart, bytes.size());
-  block.m_narrowText = std::move(bytes);
-  lines->block = builder.Take();
-  return true;
+  if (rowStart < length) endRow(length);
+  ends.resize(static_cast<std::size_t>(end - ends.data()));
+  return longestRow <= std::numeric_limits<END>::max();
 }
 
 void MUDataFileBlockBuilder::Reserve(std::size_t characters, std::size_t rows, std::size_t cells) {
@@ -95,7 +120,7 @@ void MUDataFileBlockBuilder::Reserve(std::size_t characters, std::size_t rows, s
   else
     m_block->m_narrowText.reserve(characters);
   m_block->m_rows.reserve(rows + 1);
-  m_block->m_cellEnds.reserve(cells);
+  m_block->m_shortCellEnds.reserve(cells);
 }
 
 bool MUDataFileBlockBuilder::AppendRow(const char* begin, const char* end) {
@@ -115,7 +140,7 @@ bool MUDataFileBlockBuilder::AppendRowTo(MUPoolVector<Char>& text, const Char* b
   if (static_cast<std::size_t>(end - begin) > (LARGEST_OFFSET - textStart) / LONGEST_VISIBLE_FORM) {
     return false;
   }
-  MUPoolVector<std::uint32_t>& ends = m_block->m_cellEnds;
+  m_rowEnds.clear();
   if (begin != end) {
     // As MUForEachCell splits, but with the text copied in as long pieces as can be.
     while (end != begin && end[-1] == Char('\t')) --end;
@@ -123,29 +148,37 @@ bool MUDataFileBlockBuilder::AppendRowTo(MUPoolVector<Char>& text, const Char* b
     ForEachControlCharacter(begin, end, [&](const Char* at) {
       if (*at == Char('\t')) {
         const std::size_t length = text.size() - textStart + static_cast<std::size_t>(at - piece);
-        ends.push_back(static_cast<std::uint32_t>(length));
+        m_rowEnds.push_back(static_cast<std::uint32_t>(length));
       } else {
         text.insert(text.end(), piece, at);
         piece = MUAppendVisibleForm(at, end, text);
       }
     });
     text.insert(text.end(), piece, end);
-    ends.push_back(static_cast<std::uint32_t>(text.size() - textStart));
+    m_rowEnds.push_back(static_cast<std::uint32_t>(text.size() - textStart));
   }
-  EndRow(textStart);
+  AppendRowEnds();
+  EndRow(textStart, m_block->m_shortCellEnds.size() + m_block->m_longCellEnds.size());
   return true;
 }
 
-// The cells but the last one have been recorded, those that are dropped from the line's end included.
-void MUDataFileBlockBuilder::EndPlainRow(std::size_t textStart, std::size_t textEnd) {
-  MUPoolVector<std::uint32_t>& ends = m_block->m_cellEnds;
-  if (textEnd != textStart) ends.push_back(static_cast<std::uint32_t>(textEnd - textStart));
-  while (ends.size() > m_firstCell + 1 && ends.back() == ends[ends.size() - 2] + 1) ends.pop_back();
-  EndRow(textStart);
+void MUDataFileBlockBuilder::AppendRowEnds() {
+  auto& shortEnds = m_block->m_shortCellEnds;
+  auto& longEnds = m_block->m_longCellEnds;
+  if (m_rowEnds.empty()) return;
+  const bool isLong = m_rowEnds.back() > std::numeric_limits<std::uint16_t>::max();
+  if (longEnds.empty() && !isLong) {
+    for (const std::uint32_t end : m_rowEnds) shortEnds.push_back(static_cast<std::uint16_t>(end));
+    return;
+  }
+  if (longEnds.empty()) {
+    longEnds.assign(shortEnds.begin(), shortEnds.end());
+    MUPoolVector<std::uint16_t>().swap(shortEnds);
+  }
+  longEnds.insert(longEnds.end(), m_rowEnds.begin(), m_rowEnds.end());
 }
 
-void MUDataFileBlockBuilder::EndRow(std::size_t textStart) {
+void MUDataFileBlockBuilder::EndRow(std::size_t textStart, std::size_t cellCount) {
   m_block->m_rows.back().textStart = static_cast<std::uint32_t>(textStart);
-  m_firstCell = m_block->m_cellEnds.size();
-  m_block->m_rows.push_back({0, static_cast<std::uint32_t>(m_firstCell)});
+  m_block->m_rows.push_back({0, static_cast<std::uint32_t>(cellCount)});
 }

@@ -3,6 +3,7 @@
 #define TABULON_MUDATAFILEBLOCKBUILDER_H
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 #include "Tabulon/src/MUDataFileBlock.h"
@@ -36,11 +37,15 @@ class MUDataFileBlockBuilder {
  private:
   template <typename Char>
   bool AppendRowTo(MUPoolVector<Char>& text, const Char* begin, const Char* end);
-  void EndPlainRow(std::size_t textStart, std::size_t textEnd);
-  void EndRow(std::size_t textStart);
+  // Splits the block's text from start on. False, with the block of no use, if a row is too long for END.
+  template <typename END>
+  bool AppendPlainRows(std::size_t start, std::size_t mostCells, MUPoolVector<END>& ends);
+  void AppendRowEnds();
+  // cellCount: cells of the block up to the row's end.
+  void EndRow(std::size_t textStart, std::size_t cellCount);
 
   MUDataFileBlockPtr m_block;
-  std::size_t m_firstCell;  // of the row that is being made
+  std::vector<std::uint32_t> m_rowEnds;  // of the row that is being made
 };
 
 #endif

@@ -189,6 +189,30 @@ TEST_P(RandomFiles, GiveWhatTheNaiveReadersGive) {
 
 INSTANTIATE_TEST_SUITE_P(Alphabets, RandomFiles, testing::Range(0, 9));
 
+// Up to 65,535 characters a row's offsets take two bytes.
+TEST(LongRows, GiveWhatTheNaiveReadersGive) {
+  const std::string head =
+      "participant\ntitle\ndate\n\nFirst\tSecond\tThird\tReaction\nA\tB\tC\tTime\n";
+  const std::string shortRow = "a\tbb\tccc\t12\n";
+  for (const std::size_t length : {65532u, 65533u, 65534u, 65535u, 65536u, 65540u, 131072u}) {
+    const std::string x(length - 6, 'x');
+    for (const std::string& longRow : {x + "\tb\t\t5\n", "a\t" + x + "\t1\t2\n",
+                                       "a\tb\t" + x + "y\t\t\n", "1\t2\t3\t" + x + "\r\n"}) {
+      for (const std::string& rows : {longRow + shortRow, shortRow + longRow + shortRow, longRow}) {
+        for (const std::string start : {"", "\xef\xbb\xbf"}) {
+          SCOPED_TRACE(testing::Message()
+                       << length << " at " << rows.find('x') << (start.empty() ? "" : ", marked"));
+          const BytesOnDisk file(start + head + rows);
+          ASSERT_NO_FATAL_FAILURE(ExpectSameFile(*ReaderOf(file, MU_INPUTFILE_TXT),
+                                                 NaiveReader::ReadByName(file.Path(), true)));
+          ASSERT_NO_FATAL_FAILURE(ExpectSameFile(*ReaderOf(file, MU_INPUTFILE_IN_MEMORY),
+                                                 NaiveReader::ReadOpenFile(file.Path())));
+        }
+      }
+    }
+  }
+}
+
 // The same content once as plain ASCII and once, with a byte-order mark, on the way through the
 // library's own lines.
 TEST(FastAndSlowWay, GiveIdenticalRows) {
