@@ -2,6 +2,7 @@
 
 #include <wx/strconv.h>
 
+#include <algorithm>
 #include <clocale>
 #include <cwchar>
 
@@ -32,8 +33,10 @@ wxString TextOf(const std::filesystem::path& path) {
 std::string Utf8(const wxString& text) { return text.utf8_string(); }
 
 void AppendUtf8(std::string& bytes, const MUCellText& text) {
-  if (text.Narrow() != nullptr) {
-    bytes.append(text.Narrow(), text.Length());
+  const char* const narrow = text.Narrow();
+  const auto isAscii = [](char byte) { return static_cast<unsigned char>(byte) < 128; };
+  if (narrow != nullptr && std::all_of(narrow, narrow + text.Length(), isAscii)) {
+    bytes.append(narrow, text.Length());
   } else if (!text.IsEmpty()) {
     bytes += Utf8(text.ToString());
   }

@@ -59,27 +59,30 @@ const Char* MUAppendVisibleForm(const Char* at, const Char* end, Out& out) {
   return at;
 }
 
-// How long a text can become when its control characters are made visible, and its tabs.
+// What of a text decides how it is to be stored.
 struct MUVisibleMeasure {
-  std::size_t characters;
-  std::size_t tabs;
-};
+  std::size_t characters =
+      0;  // how long it can become when its control characters are made visible
+  std::size_t tabs = 0;
+  bool hasControlCharacters = false;  // other than tabs
+  bool isNarrow = true;               // no character needs more than one byte
 
-template <typename Char>
-MUVisibleMeasure MUMeasureVisibly(const Char* begin, const Char* end) {
-  MUVisibleMeasure measure = {static_cast<std::size_t>(end - begin), 0};
-  for (; begin != end; ++begin) {
-    if (!MUIsControlCharacter(*begin)) continue;
-    if (*begin == Char('\t'))
-      ++measure.tabs;
-    else if (*begin == Char(0x1B))
-      measure.characters += 8;
-    else if (*begin < Char(127))
-      ++measure.characters;
-    else
-      measure.characters += 3;
+  template <typename Char>
+  void Add(const Char* begin, const Char* end) {
+    std::size_t tabsHere = 0;
+    unsigned long allBits = 0;
+    characters += static_cast<std::size_t>(end - begin);
+    for (; begin != end; ++begin) {
+      allBits |= static_cast<unsigned long>(*begin);
+      const bool isTab = *begin == Char('\t');
+      tabsHere += isTab;
+      if (isTab || !MUIsControlCharacter(*begin)) continue;
+      hasControlCharacters = true;
+      characters += *begin == Char(0x1B) ? 8 : *begin < Char(127) ? 1 : 3;
+    }
+    tabs += tabsHere;
+    isNarrow = isNarrow && allBits < 256;
   }
-  return measure;
-}
+};
 
 #endif

@@ -22,10 +22,10 @@ wxString MUCellText::ToString() const {
   const std::size_t length = Length();
   if (length == 0) return wxString();
   if (IsWide()) return wxString(Wide(), length);
-  const char* const narrow = Narrow();
+  const auto* const narrow = reinterpret_cast<const unsigned char*>(Narrow());
   wchar_t shortText[128];
   if (length <= sizeof shortText / sizeof *shortText) {
-    std::copy(narrow, narrow + length, shortText);  // ASCII: the numbers are the characters
+    std::copy(narrow, narrow + length, shortText);  // the numbers are the characters
     return wxString(shortText, length);
   }
   const std::wstring longText(narrow, narrow + length);
@@ -60,7 +60,7 @@ std::uint64_t MUCellText::SortBits(std::size_t piece) const {
 MUWantedText::MUWantedText(const wxString& text) : m_view(text.wc_str(), text.length()) {
   for (std::size_t i = 0; i < m_view.Length(); ++i) {
     const wchar_t character = m_view[i];
-    if (static_cast<std::uint32_t>(character) > 127) return;
+    if (static_cast<std::uint32_t>(character) > 255) return;
     m_narrow += static_cast<char>(character);
   }
   m_view = MUCellText(m_narrow.data(), m_narrow.size());

@@ -9,7 +9,7 @@
 #include <string>
 
 // A light, copyable view. It owns nothing: valid as long as the MUDataFileBlock it came from, that is
-// as long as one row of that file lives. A narrow cell holds one ASCII character per byte.
+// as long as one row of that file lives. A narrow cell holds one byte per character, as Latin-1 does.
 class MUCellText {
  public:
   // A column's sort keys cover SORT_PIECES pieces of SORT_PIECE_LENGTH characters each.

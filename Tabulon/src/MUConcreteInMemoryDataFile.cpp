@@ -108,7 +108,7 @@ bool TakeLinesOfBytes(const MUPoolVector<char>& bytes, MUDataFileLines* lines) {
   if (MUMeasurePlainText(bytes.data(), bytes.size(), &plain)) {
     // The conversion would give the same characters. A terminator becomes two.
     const std::size_t lineCount = plain.lineFeeds + 1;
-    Builder builder(Builder::Width::ASCII);
+    Builder builder(Builder::Width::NARROW);
     builder.Reserve(bytes.size() + lineCount, lineCount, plain.tabs + lineCount);
     return TakeLines(bytes.data(), bytes.data() + bytes.size(), &builder, lines);
   }
@@ -116,9 +116,10 @@ bool TakeLinesOfBytes(const MUPoolVector<char>& bytes, MUDataFileLines* lines) {
   const auto wide = text.wc_str();
   const wchar_t* begin = wide;
   const wchar_t* end = begin + text.length();
-  const MUVisibleMeasure measure = MUMeasureVisibly(begin, end);
+  MUVisibleMeasure measure;
+  measure.Add(begin, end);
   const auto lineCount = static_cast<std::size_t>(std::count(begin, end, wxT('\n'))) + 1;
-  Builder builder(Builder::Width::WIDE);
+  Builder builder(measure.isNarrow ? Builder::Width::NARROW : Builder::Width::WIDE);
   builder.Reserve(measure.characters, lineCount, measure.tabs + lineCount);
   return TakeLines(begin, end, &builder, lines);
 }

@@ -11,7 +11,6 @@
 
 namespace {
 
-constexpr std::size_t LARGEST_OFFSET = std::numeric_limits<std::uint32_t>::max();
 // "0x1B 0x5b" for two characters is the longest visible form there is, per character.
 constexpr std::size_t LONGEST_VISIBLE_FORM = 5;
 
@@ -28,6 +27,14 @@ std::size_t TakeHeaderLines(const MUPoolVector<char>& bytes, std::size_t count,
     header->push_back(MUCellText(begin, static_cast<std::size_t>(end - begin)).ToString());
   }
   return start;
+}
+
+template <typename Out, typename Char>
+void AppendAs(MUPoolVector<Out>& text, const Char* begin, const Char* end) {
+  const std::size_t size = text.size();
+  text.resize(size + static_cast<std::size_t>(end - begin));
+  std::transform(begin, end, text.data() + size,
+                 [](Char character) { return static_cast<Out>(character); });
 }
 
 // Calls take(at) for every control character, tabs included.
@@ -65,21 +72,26 @@ bool MUDataFileBlockBuilder::TakePlainBytes(MUPoolVector<char>& bytes, std::size
   if (bytes.size() > LARGEST_OFFSET || !MUMeasurePlainText(bytes.data(), bytes.size(), &measure)) {
     return false;
   }
-  MUDataFileBlockBuilder builder(Width::ASCII);
-  MUDataFileBlock& block = *builder.m_block;
-  block.m_rows.reserve(measure.lineFeeds + 2);
-  const std::size_t mostCells = measure.tabs + measure.lineFeeds + 1;
-
   lines->header.clear();
   const std::size_t start = TakeHeaderLines(bytes, headerLines, &lines->header);
+  lines->block =
+      TakeNarrowLines(bytes, start, measure.lineFeeds + 1, measure.tabs + measure.lineFeeds + 1);
+  return true;
+}
+
+MUDataFileBlockPtr MUDataFileBlockBuilder::TakeNarrowLines(MUPoolVector<char>& bytes,
+                                                           std::size_t first, std::size_t lineCount,
+                                                           std::size_t mostCells) {
+  MUDataFileBlockBuilder builder(Width::NARROW);
+  MUDataFileBlock& block = *builder.m_block;
+  block.m_rows.reserve(lineCount + 1);
   block.m_narrowText = std::move(bytes);
-  if (!builder.AppendPlainRows(start, mostCells, block.m_shortCellEnds)) {
+  if (!builder.AppendPlainRows(first, mostCells, block.m_shortCellEnds)) {
     MUPoolVector<std::uint16_t>().swap(block.m_shortCellEnds);
     block.m_rows.resize(1);
-    builder.AppendPlainRows(start, mostCells, block.m_longCellEnds);
+    builder.AppendPlainRows(first, mostCells, block.m_longCellEnds);
   }
-  lines->block = builder.Take();
-  return true;
+  return builder.Take();
 }
 
 template <typename END>
@@ -128,13 +140,14 @@ bool MUDataFileBlockBuilder::AppendRow(const char* begin, const char* end) {
 }
 
 bool MUDataFileBlockBuilder::AppendRow(const wchar_t* begin, const wchar_t* end) {
-  return AppendRowTo(m_block->m_wideText, begin, end);
+  return m_block->m_isWide ? AppendRowTo(m_block->m_wideText, begin, end)
+                           : AppendRowTo(m_block->m_narrowText, begin, end);
 }
 
 MUDataFileBlockPtr MUDataFileBlockBuilder::Take() { return std::move(m_block); }
 
-template <typename Char>
-bool MUDataFileBlockBuilder::AppendRowTo(MUPoolVector<Char>& text, const Char* begin,
+template <typename Out, typename Char>
+bool MUDataFileBlockBuilder::AppendRowTo(MUPoolVector<Out>& text, const Char* begin,
                                          const Char* end) {
   const std::size_t textStart = text.size();
   if (static_cast<std::size_t>(end - begin) > (LARGEST_OFFSET - textStart) / LONGEST_VISIBLE_FORM) {
@@ -150,11 +163,11 @@ bool MUDataFileBlockBuilder::AppendRowTo(MUPoolVector<Char>& text, const Char* b
         const std::size_t length = text.size() - textStart + static_cast<std::size_t>(at - piece);
         m_rowEnds.push_back(static_cast<std::uint32_t>(length));
       } else {
-        text.insert(text.end(), piece, at);
+        AppendAs(text, piece, at);
         piece = MUAppendVisibleForm(at, end, text);
       }
     });
-    text.insert(text.end(), piece, end);
+    AppendAs(text, piece, end);
     m_rowEnds.push_back(static_cast<std::uint32_t>(text.size() - textStart));
   }
   AppendRowEnds();

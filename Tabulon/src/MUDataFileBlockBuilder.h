@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <vector>
 
 #include "Tabulon/src/MUDataFileBlock.h"
@@ -11,8 +12,8 @@
 
 class MUDataFileBlockBuilder {
  public:
-  // ASCII keeps one byte per character and takes characters below 128 only.
-  enum class Width { ASCII, WIDE };
+  // NARROW keeps one byte per character and takes characters below 256 only.
+  enum class Width { NARROW, WIDE };
   explicit MUDataFileBlockBuilder(Width width);
 
   // Takes the bytes of a whole file and makes them the block's text, without another copy, if they are
@@ -22,11 +23,18 @@ class MUDataFileBlockBuilder {
   static bool TakePlainBytes(MUPoolVector<char>& bytes, std::size_t headerLines,
                              MUDataFileLines* lines);
 
+  // The same for lines that were taken apart already, from the one at first on: one byte per character, none
+  // a control character but the tabs between cells, a line feed behind every line. mostCells: no more cells
+  // than these. The bytes must not be too many for the block's offsets.
+  static MUDataFileBlockPtr TakeNarrowLines(MUPoolVector<char>& bytes, std::size_t first,
+                                            std::size_t lineCount, std::size_t mostCells);
+  static constexpr std::size_t LARGEST_OFFSET = std::numeric_limits<std::uint32_t>::max();
+
   // Room for so much text, rows and cells; more will fit too.
   void Reserve(std::size_t characters, std::size_t rows, std::size_t cells);
 
-  // Appends the line [begin, end) as a row: split at tabs, control characters in visible form. The
-  // operation must be the one of the builder's width. False, and nothing is appended, for a line for
+  // Appends the line [begin, end) as a row: split at tabs, control characters in visible form. A line of
+  // bytes is for a narrow builder and must be plain. False, and nothing is appended, for a line for
   // which the block's offsets are too short.
   bool AppendRow(const char* begin, const char* end);
   bool AppendRow(const wchar_t* begin, const wchar_t* end);
@@ -35,8 +43,8 @@ class MUDataFileBlockBuilder {
   MUDataFileBlockPtr Take();
 
  private:
-  template <typename Char>
-  bool AppendRowTo(MUPoolVector<Char>& text, const Char* begin, const Char* end);
+  template <typename Out, typename Char>
+  bool AppendRowTo(MUPoolVector<Out>& text, const Char* begin, const Char* end);
   // Splits the block's text from start on. False, with the block of no use, if a row is too long for END.
   template <typename END>
   bool AppendPlainRows(std::size_t start, std::size_t mostCells, MUPoolVector<END>& ends);

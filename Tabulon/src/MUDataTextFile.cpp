@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <limits>
 
-#include "Tabulon/src/MUCellSplitting.h"
 #include "Tabulon/src/MUDataFileBlockBuilder.h"
 
 namespace {
@@ -31,6 +30,8 @@ bool ReadOrdinaryFile(const wxString& path, MUPoolVector<char>* bytes) {
   }
   return true;
 }
+
+const wchar_t* Begin(const wxString& line) { return line.wc_str(); }
 
 }  // namespace
 
@@ -54,31 +55,51 @@ bool MUDataTextFile::TakeBytesOfPlainFile() {
 bool MUDataTextFile::TakeLinesOfBase() {
   const std::size_t lineCount = GetLineCount();
   const std::size_t headerCount = std::min(lineCount, m_headerLines);
-  std::size_t characters = 0;
-  std::size_t cells = 0;
-  for (std::size_t i = headerCount; i < lineCount; ++i) {
-    const auto wide = GetLine(i).wc_str();
-    const wchar_t* begin = wide;
-    const MUVisibleMeasure measure = MUMeasureVisibly(begin, begin + GetLine(i).length());
-    characters += measure.characters;
-    cells += measure.tabs + 1;
-  }
-  MUDataFileBlockBuilder builder(MUDataFileBlockBuilder::Width::WIDE);
-  builder.Reserve(characters, lineCount - headerCount, cells);
+  MUVisibleMeasure measure;
   for (std::size_t i = 0; i < lineCount; ++i) {
     const wxString& line = GetLine(i);
     if (i < headerCount) {
       m_lines.header.push_back(line);
-      continue;
-    }
-    const auto wide = line.wc_str();
-    const wchar_t* begin = wide;
-    if (!builder.AppendRow(begin, begin + line.length())) {
-      wxLogError(_("A line of the file \"%s\" is too long."), GetName());
-      return false;
+    } else {
+      measure.Add(Begin(line), Begin(line) + line.length());
     }
   }
-  m_lines.block = builder.Take();
+  const std::size_t rowCount = lineCount - headerCount;
+  if (measure.isNarrow && !measure.hasControlCharacters &&
+      measure.characters < MUDataFileBlockBuilder::LARGEST_OFFSET - rowCount) {
+    m_lines.block = TakeNarrowLinesFrom(headerCount, measure);
+  } else if (!TakeOtherLinesFrom(headerCount, measure)) {
+    wxLogError(_("A line of the file \"%s\" is too long."), GetName());
+    return false;
+  }
   Clear();
+  return true;
+}
+
+MUDataFileBlockPtr MUDataTextFile::TakeNarrowLinesFrom(std::size_t first,
+                                                       const MUVisibleMeasure& measure) const {
+  const std::size_t rowCount = GetLineCount() - first;
+  MUPoolVector<char> bytes(measure.characters + rowCount);
+  char* to = bytes.data();
+  for (std::size_t i = first; i < GetLineCount(); ++i) {
+    const wxString& line = GetLine(i);
+    const wchar_t* const begin = Begin(line);
+    to = std::transform(begin, begin + line.length(), to,
+                        [](wchar_t character) { return static_cast<char>(character); });
+    *to++ = '\n';
+  }
+  return MUDataFileBlockBuilder::TakeNarrowLines(bytes, 0, rowCount, measure.tabs + rowCount);
+}
+
+bool MUDataTextFile::TakeOtherLinesFrom(std::size_t first, const MUVisibleMeasure& measure) {
+  using Builder = MUDataFileBlockBuilder;
+  const std::size_t rowCount = GetLineCount() - first;
+  Builder builder(measure.isNarrow ? Builder::Width::NARROW : Builder::Width::WIDE);
+  builder.Reserve(measure.characters, rowCount, measure.tabs + rowCount);
+  for (std::size_t i = first; i < GetLineCount(); ++i) {
+    const wxString& line = GetLine(i);
+    if (!builder.AppendRow(Begin(line), Begin(line) + line.length())) return false;
+  }
+  m_lines.block = builder.Take();
   return true;
 }

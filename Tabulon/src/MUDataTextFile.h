@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <vector>
 
+#include "Tabulon/src/MUCellSplitting.h"
 #include "Tabulon/src/MUDataFileLines.h"
 
 // wxTextFile decides what can be opened, in which encoding, and where lines end. Only where that answer
@@ -26,6 +27,8 @@ class MUDataTextFile : public wxTextFile {
  private:
   bool TakeBytesOfPlainFile();
   bool TakeLinesOfBase();
+  MUDataFileBlockPtr TakeNarrowLinesFrom(std::size_t first, const MUVisibleMeasure& measure) const;
+  bool TakeOtherLinesFrom(std::size_t first, const MUVisibleMeasure& measure);
 
   std::size_t m_headerLines;
   MUDataFileLines m_lines;

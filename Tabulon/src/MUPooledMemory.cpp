@@ -67,8 +67,8 @@ Chunk* NewChunk(std::size_t size) {
   if (size == CHUNK_SIZE && spare != nullptr) {
     std::swap(chunk, spare);
   } else {
-    void* const memory =
-        MUAllocateLargePages(size, CHUNK_SIZE, chunkCount >= CHUNKS_OF_SMALL_PAGES);
+    const bool isMuch = chunkCount >= CHUNKS_OF_SMALL_PAGES || size > CHUNK_SIZE;
+    void* const memory = MUAllocateLargePages(size, CHUNK_SIZE, isMuch);
     chunk = ::new (memory) Chunk{{0}, size, 0};
   }
   chunk->used = HEAD;

@@ -213,35 +213,64 @@ TEST(LongRows, GiveWhatTheNaiveReadersGive) {
   }
 }
 
-// The same content once as plain ASCII and once, with a byte-order mark, on the way through the
-// library's own lines.
+// The same content once as plain ASCII and, with a byte-order mark, on the way through the library's own
+// lines; there once more with a further row of a character that needs more than a byte.
 TEST(FastAndSlowWay, GiveIdenticalRows) {
   for (unsigned int seed = 1; seed <= 100; ++seed) {
-    SCOPED_TRACE(seed);
     Random random(seed);
     const std::string bytes = RandomFile(random, ALPHABETS[seed % 3]);
-    const auto fast = Stream(bytes);
-    const auto slow = Stream("\xef\xbb\xbf" + bytes);
-    ASSERT_EQ(fast->ErrorStatusIsPresent(), slow->ErrorStatusIsPresent());
-    if (fast->ErrorStatusIsPresent()) continue;
-    const auto fastRows = AllRows(*fast);
-    const auto slowRows = AllRows(*slow);
-    ASSERT_EQ(fastRows.size(), slowRows.size());
-    for (std::size_t i = 0; i < fastRows.size(); ++i) {
-      const std::size_t cells = fastRows[i]->m_text.CellCount();
-      ASSERT_EQ(cells, slowRows[i]->m_text.CellCount());
-      for (std::size_t position = 0; position < cells; ++position) {
-        const MUCellText a = fastRows[i]->CellAt(position);
-        const MUCellText b = slowRows[i]->CellAt(position);
-        ASSERT_TRUE(a.Narrow() && b.Wide());
-        ASSERT_EQ(0, a.Compare(b));
-        ASSERT_EQ(0, b.Compare(a));
-        ASSERT_EQ(a.ToString(), b.ToString());
-        ASSERT_EQ(a.SortBits(0), b.SortBits(0));
+    for (const bool isWide : {false, true}) {
+      const auto fast = Stream(bytes);
+      SCOPED_TRACE(testing::Message() << seed << (isWide ? ", wide" : ""));
+      const auto slow = Stream("\xef\xbb\xbf" + bytes + (isWide ? "\n\xc5\xa1\n" : ""));
+      if (fast->ErrorStatusIsPresent()) {
+        ASSERT_TRUE(isWide || slow->ErrorStatusIsPresent());
+        continue;
       }
-      ASSERT_EQ(fastRows[i]->m_reactionTime, slowRows[i]->m_reactionTime);
+      ASSERT_FALSE(slow->ErrorStatusIsPresent());
+      const auto fastRows = AllRows(*fast);
+      const auto slowRows = AllRows(*slow);
+      if (isWide) {
+        ASSERT_LT(fastRows.size(), slowRows.size());
+      } else {
+        ASSERT_EQ(fastRows.size(), slowRows.size());
+      }
+      for (std::size_t i = 0; i < fastRows.size(); ++i) {
+        const std::size_t cells = fastRows[i]->m_text.CellCount();
+        ASSERT_EQ(cells, slowRows[i]->m_text.CellCount());
+        for (std::size_t position = 0; position < cells; ++position) {
+          const MUCellText a = fastRows[i]->CellAt(position);
+          const MUCellText b = slowRows[i]->CellAt(position);
+          ASSERT_TRUE(a.Narrow() && (isWide ? b.Wide() != nullptr : b.Narrow() != nullptr));
+          ASSERT_EQ(0, a.Compare(b));
+          ASSERT_EQ(0, b.Compare(a));
+          ASSERT_EQ(a.ToString(), b.ToString());
+          ASSERT_EQ(a.Hash(), b.Hash());
+          for (std::size_t piece = 0; piece < MUCellText::SORT_PIECES; ++piece) {
+            ASSERT_EQ(a.SortBits(piece), b.SortBits(piece));
+          }
+        }
+        ASSERT_EQ(fastRows[i]->m_reactionTime, slowRows[i]->m_reactionTime);
+      }
+      ASSERT_EQ(NamesOf(*TakeColumns(*fast)), NamesOf(*TakeColumns(*slow)));
     }
-    ASSERT_EQ(NamesOf(*TakeColumns(*fast)), NamesOf(*TakeColumns(*slow)));
+  }
+}
+
+// Characters that take one byte in memory, though more or fewer in the file.
+TEST(NarrowText, KeepsCharactersBeyondAscii) {
+  const std::string head = "participant\ntitle\ndate\n\nFirst\tSecond\nA\tB\n";
+  for (const std::string row : {"caf\xc3\xa9 \xc3\xbf\t\xc2\xa0x\n", "caf\xe9 \xff\t\xa0x\n"}) {
+    for (const std::string control : {"", "\x01\tb\n", "\xc2\x85\tb\n"}) {
+      const BytesOnDisk file(head + row + control);
+      SCOPED_TRACE(row + control);
+      ASSERT_NO_FATAL_FAILURE(ExpectSameFile(*ReaderOf(file, MU_INPUTFILE_TXT),
+                                             NaiveReader::ReadByName(file.Path(), true)));
+      ASSERT_NO_FATAL_FAILURE(ExpectSameFile(*ReaderOf(file, MU_INPUTFILE_IN_MEMORY),
+                                             NaiveReader::ReadOpenFile(file.Path())));
+      const auto rows = AllRows(*ReaderOf(file, MU_INPUTFILE_TXT));
+      ASSERT_NE(rows[0]->CellAt(0).Narrow(), nullptr);
+    }
   }
 }
 
