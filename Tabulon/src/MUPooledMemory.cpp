@@ -15,17 +15,26 @@
 #define MU_EVERY_PIECE_BY_ITSELF
 #endif
 
+namespace {
+
+constexpr std::size_t CHUNK_SIZE = 2 * MU_LARGE_PAGE;
+constexpr std::size_t MOST_BYTES = static_cast<std::size_t>(PTRDIFF_MAX) - 2 * CHUNK_SIZE;
+
+}  // namespace
+
 #if defined(MU_EVERY_PIECE_BY_ITSELF)
 
 // So that the sanitizer sees what is read beyond a piece or after its end.
-void* MUAllocatePooled(std::size_t bytes) { return ::operator new(bytes); }
+void* MUAllocatePooled(std::size_t bytes) {
+  if (bytes > MOST_BYTES) throw std::bad_alloc();
+  return ::operator new(bytes);
+}
 void MUFreePooled(void* memory, std::size_t) noexcept { ::operator delete(memory); }
 
 #else
 
 namespace {
 
-constexpr std::size_t CHUNK_SIZE = 2 * MU_LARGE_PAGE;
 constexpr std::size_t ALIGNMENT = alignof(std::max_align_t);
 // The first chunks stay with small pages, of which no more are used than are needed.
 constexpr int CHUNKS_OF_SMALL_PAGES = 2;
@@ -43,7 +52,6 @@ constexpr std::size_t RoundedUp(std::size_t bytes, std::size_t unit) {
   return (bytes + unit - 1) / unit * unit;
 }
 constexpr std::size_t HEAD = RoundedUp(sizeof(Chunk), 64);
-constexpr std::size_t MOST_BYTES = static_cast<std::size_t>(-1) - 2 * CHUNK_SIZE;
 
 // Guards all that follows, and the pieces of a chunk from becoming none or some.
 std::mutex guard;
