@@ -64,6 +64,11 @@ TEST_F(InputTest, AMissingFileIsNamedBeforeAnythingRuns) {
   ExpectRefused({"a.txt", "no such.txt"}, (m_folder / "no such.txt") + ": no such file or folder");
 }
 
+TEST_F(InputTest, AMissingFileWhoseNameIsNoUtf8IsNamedByItsBytes) {
+  File("wrong \xE5.txt");
+  ExpectRefused({"wrong \xE4.txt"}, (m_folder / "wrong \xE4.txt") + ": no such file or folder");
+}
+
 TEST_F(InputTest, AFolderWithoutDataFileIsNamedBeforeAnythingRuns) {
   File("a.txt");
   Folder("empty");
