@@ -1,7 +1,9 @@
 #include "report/ConcreteFakeJUnitPrinter.h"
 
+#include <wx/file.h>
 #include <wx/filefn.h>
 #include <wx/filename.h>
+#include <wx/intl.h>
 #include <wx/log.h>
 #include <wx/textfile.h>
 #include <wx/utils.h>
@@ -16,38 +18,34 @@ namespace {
 
 const int TIME_OF_EVERY_TEST = 999;
 
-// The entry's text moves into the array; entry is empty afterwards.
-void AddEntry(wxArrayString& lines, wxString& entry) {
-  lines.Add(wxEmptyString);
-  lines.Last().swap(entry);
-}
+// Few writes, and no block so large that the heap would ask the system for each anew.
+const std::size_t PIECE_SIZE = 64 * 1024;
+const std::size_t ROOM_FOR_AN_ENTRY = 1024;  // a longer one makes its piece grow
 
 // Is this no character of Unicode? A data file in UTF-32 can bring such a value into a test's name, and
-// the one conversion of all lines to UTF-8 would fail by it and lose the whole report.
+// UTF-8 cannot hold it.
 bool IsNoCharacter(wchar_t value) {
   const auto code = static_cast<std::uint32_t>(value);
   return code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF);
 }
 
 // With the replacement character in place of every value that UTF-8 cannot hold.
-void MakeConvertible(wxString& line) {
-  const wchar_t* const begin = line.wc_str();
-  const wchar_t* const end = begin + line.length();
-  if (std::none_of(begin, end, IsNoCharacter)) return;
-  std::wstring text(begin, end);
-  std::replace_if(text.begin(), text.end(), IsNoCharacter, wchar_t{0xFFFD});
-  line = text;
-}
-
-wxString DecimalText(std::uint32_t number) {
-  wxChar digits[10];
-  wxChar* const end = digits + 10;
-  wxChar* first = end;
-  do {
-    *--first = static_cast<wxChar>(wxT('0') + number % 10);
-    number /= 10;
-  } while (number != 0);
-  return wxString(first, static_cast<size_t>(end - first));
+void AppendUtf8(std::string& bytes, const wxString& text) {
+  const wchar_t* const from = text.wc_str();
+  const std::size_t length = text.length();
+  const std::size_t start = bytes.size();
+  bytes.resize(start + length);
+  char* const to = &bytes[start];
+  std::uint32_t bitsSeen = 0;
+  for (std::size_t i = 0; i < length; ++i) {
+    bitsSeen |= static_cast<std::uint32_t>(from[i]);
+    to[i] = static_cast<char>(from[i]);
+  }
+  if (bitsSeen < 0x80) return;  // ASCII, as nearly all texts are
+  std::wstring characters(from, length);
+  std::replace_if(characters.begin(), characters.end(), IsNoCharacter, wchar_t{0xFFFD});
+  bytes.resize(start);
+  bytes += wxString(characters).utf8_string();
 }
 
 // wxWidgets logging is silenced for the life of one operation when a human watches.
@@ -61,11 +59,13 @@ ConcreteFakeJUnitPrinter::ConcreteFakeJUnitPrinter(const wxString& fileBaseName,
                                                    const wxString& subDirectory,
                                                    bool renameUnconditionally)
     : m_perTestTime(TIME_OF_EVERY_TEST),
-      m_perTestTimeText(wxString::Format(wxT("%d"), TIME_OF_EVERY_TEST)),
       m_closedTests(0),
       m_openTests(0),
       m_closedFailures(0),
       m_openFailures(0),
+      m_reportPieces(1),
+      m_headOfOpenSuite(0),
+      m_lineEnd(wxString(wxTextFile::GetEOL()).utf8_string()),
       m_renameUnconditionally(renameUnconditionally),
       m_directory(wxT("./scons-out/opt/tests/") + subDirectory + wxFileName::GetPathSeparator()),
       m_previousFlagFilesFound(PreviousFlagFilesWereFound(m_directory)),
@@ -74,8 +74,6 @@ ConcreteFakeJUnitPrinter::ConcreteFakeJUnitPrinter(const wxString& fileBaseName,
       m_fileBaseName(fileBaseName),
       m_unattended(true),
       m_arrayPrinted(false) {
-  m_reportLines.Add(wxEmptyString);
-  m_openSuiteLines.Add(wxEmptyString);
   if (wxGetEnv(wxT("MAKE_TEST_FAILURES_POP_UP_FOR_INTERACTIVE_HUMAN"), nullptr)) {
     m_unattended = false;
   }
@@ -100,13 +98,13 @@ ConcreteFakeJUnitPrinter::~ConcreteFakeJUnitPrinter() {
 void ConcreteFakeJUnitPrinter::NewTestSuite(const wxString& suiteName) {
   if (!m_openSuiteName.empty()) CloseTheCurrentSuite();
   m_openSuiteName = wxString::Format(wxT("%s_pid_%lu"), suiteName, m_processId);
+  m_headOfOpenSuite = m_reportPieces.size();
+  m_reportPieces.resize(m_headOfOpenSuite + 2);  // the head and the first entries
 }
 
 void ConcreteFakeJUnitPrinter::AddPassingTestResult(const wxString& testName) {
   ++m_openTests;
-  wxString entry = StartOfEntry(testName, testName.length() + 70);
-  entry.append(wxT("\" />"));
-  AddEntry(m_openSuiteLines, entry);
+  StartEntry(testName).append("\" />").append(m_lineEnd);
 }
 
 void ConcreteFakeJUnitPrinter::AddFailingTestResult(const wxString& testName,
@@ -122,13 +120,14 @@ void ConcreteFakeJUnitPrinter::AddFailingTestResult(const wxString& testName,
   }
   ++m_openTests;
   ++m_openFailures;
-  wxString entry = StartOfEntry(
-      testName, testName.length() + subject.length() + location.length() + message.length() + 160);
-  entry.append(wxT("\" >\n        <failure message=\"")).append(subject);
-  entry.append(wxT("\" type=\"\">\n\n <![CDATA[")).append(location);
-  entry.append(wxT("\n")).append(message);
-  entry.append(wxT("]]>\n\n</failure>\n</testcase>"));
-  AddEntry(m_openSuiteLines, entry);
+  std::string& entry = StartEntry(testName);
+  entry.append("\" >\n        <failure message=\"");
+  AppendUtf8(entry, subject);
+  entry.append("\" type=\"\">\n\n <![CDATA[");
+  AppendUtf8(entry, location);
+  entry.append("\n");
+  AppendUtf8(entry, message);
+  entry.append("]]>\n\n</failure>\n</testcase>").append(m_lineEnd);
 }
 
 bool ConcreteFakeJUnitPrinter::PreviousFlagFilesWereFound(const wxString& directory) {
@@ -167,16 +166,23 @@ wxString ConcreteFakeJUnitPrinter::NameForOurFinalResultsFile() const {
   return m_directory + m_fileBaseName + wxT("_") + m_processIdText + wxT(".xml");
 }
 
-wxString ConcreteFakeJUnitPrinter::StartOfEntry(const wxString& testName, size_t length) const {
+void ConcreteFakeJUnitPrinter::AppendLine(std::string& piece, const wxString& line) const {
+  AppendUtf8(piece, line);
+  piece.append(m_lineEnd);
+}
+
+std::string& ConcreteFakeJUnitPrinter::StartEntry(const wxString& testName) {
+  if (m_reportPieces.back().size() > PIECE_SIZE - ROOM_FOR_AN_ENTRY) {
+    m_reportPieces.emplace_back().reserve(PIECE_SIZE);
+  }
   // Appended and not formatted: a report may hold very many results.
-  wxString entry;
-  entry.reserve(length);
-  entry.append(wxT("        <testcase name=\"test"));
-  const wxString number = DecimalText(m_openTests + m_closedTests);
-  if (number.length() < 3) entry.append(3 - number.length(), wxT('0'));
-  entry.append(number).append(testName);
-  entry.append(wxT("\" status=\"run\" time=\"")).append(m_perTestTimeText);
-  return entry;
+  std::string& entry = m_reportPieces.back();
+  const std::string number = std::to_string(m_openTests + m_closedTests);
+  entry.append("        <testcase name=\"test");
+  if (number.length() < 3) entry.append(3 - number.length(), '0');
+  entry.append(number);
+  AppendUtf8(entry, testName);
+  return entry.append("\" status=\"run\" time=\"").append(std::to_string(m_perTestTime));
 }
 
 int ConcreteFakeJUnitPrinter::TimeOf(std::uint32_t tests) const {
@@ -187,46 +193,46 @@ int ConcreteFakeJUnitPrinter::TimeOf(std::uint32_t tests) const {
 void ConcreteFakeJUnitPrinter::CloseTheCurrentSuite() {
   m_closedTests += m_openTests;
   m_closedFailures += m_openFailures;
-  m_openSuiteLines[0] = wxString::Format(
-      wxT("    <testsuite name=\"%s\" tests=\"%u\" failures=\"%u\" disabled=\"0\" errors=\"0\" "
-          "time=\"%d\">"),
-      m_openSuiteName, m_openTests, m_openFailures, TimeOf(m_openTests));
-  m_openSuiteLines.Add(wxT("    </testsuite>"));
-  for (wxString& line : m_openSuiteLines) AddEntry(m_reportLines, line);
+  AppendLine(
+      m_reportPieces[m_headOfOpenSuite],
+      wxString::Format(
+          wxT("    <testsuite name=\"%s\" tests=\"%u\" failures=\"%u\" disabled=\"0\" errors=\"0\" "
+              "time=\"%d\">"),
+          m_openSuiteName, m_openTests, m_openFailures, TimeOf(m_openTests)));
+  AppendLine(m_reportPieces.back(), wxT("    </testsuite>"));
   m_openTests = 0;
   m_openFailures = 0;
-  m_openSuiteLines.Clear();
-  m_openSuiteLines.Add(wxEmptyString);
 }
 
 void ConcreteFakeJUnitPrinter::FinalizeTheTotalContentOfOurArray() {
   CloseTheCurrentSuite();
-  m_reportLines[0] = wxString::Format(
-      wxT("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-          "<testsuites tests=\"%u\" failures=\"%u\" disabled=\"0\" errors=\"0\" time=\"%d\" "
-          "name=\"AllTests\">"),
-      m_closedTests, m_closedFailures, TimeOf(m_closedTests));
-  m_reportLines.Add(wxT("</testsuites>"));
+  AppendLine(
+      m_reportPieces.front(),
+      wxString::Format(
+          wxT("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+              "<testsuites tests=\"%u\" failures=\"%u\" disabled=\"0\" errors=\"0\" time=\"%d\" "
+              "name=\"AllTests\">"),
+          m_closedTests, m_closedFailures, TimeOf(m_closedTests)));
+  AppendLine(m_reportPieces.back(), wxT("</testsuites>"));
 }
 
 void ConcreteFakeJUnitPrinter::FlushFileAndSaveToFinalDestination() {
   const wxString path = NameForOurFinalResultsFile();
   if (!wxFileExists(path)) CreateNewFileOnDisk(path);
-  const auto file = std::make_unique<wxTextFile>();
-  file->Open(path, wxConvAuto());
-  PrintArrayIntoFile(file.get());
-  file->Write(wxTextFileType_None, wxConvAuto());
-  file->Close();
+  // Nothing of a former report is needed, but one that cannot be opened is worth a note in the log.
+  wxFile().Open(path);
+  wxTempFile file(path);
+  const bool written = file.IsOpened() && PrintArrayIntoFile(&file);
+  if (!written) wxLogError(_("can't write buffer '%s' to disk."), path);
+  // Also if the disk is full: the beginning of a report is better than none.
+  if (file.IsOpened()) file.Commit();
 }
 
-void ConcreteFakeJUnitPrinter::PrintArrayIntoFile(wxTextFile* file) {
-  file->Clear();
-  for (wxString& line : m_reportLines) {
-    MakeConvertible(line);
-    file->AddLine(wxEmptyString);
-    file->GetLine(file->GetLineCount() - 1).swap(line);
-  }
+bool ConcreteFakeJUnitPrinter::PrintArrayIntoFile(wxTempFile* file) {
   m_arrayPrinted = true;
+  return std::all_of(
+      m_reportPieces.begin(), m_reportPieces.end(),
+      [file](const std::string& piece) { return file->Write(piece.data(), piece.size()); });
 }
 
 }  // namespace Ombrelia

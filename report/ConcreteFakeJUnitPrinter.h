@@ -1,15 +1,17 @@
-// Keeps test results as text lines in memory and writes them as a JUnit-shaped XML report.
+// Keeps test results as UTF-8 text in memory and writes them as a JUnit-shaped XML report.
 #ifndef OMBRELIA_REPORT_CONCRETEFAKEJUNITPRINTER_H
 #define OMBRELIA_REPORT_CONCRETEFAKEJUNITPRINTER_H
 
-#include <wx/arrstr.h>
 #include <wx/string.h>
 
+#include <cstddef>
 #include <cstdint>
+#include <string>
+#include <vector>
 
 #include "report/FakeJUnitPrinter.h"
 
-class wxTextFile;
+class wxTempFile;
 
 namespace Ombrelia {
 
@@ -40,25 +42,26 @@ class ConcreteFakeJUnitPrinter : public FakeJUnitPrinter {
   void CreateNewFileOnDisk(const wxString& path);
   wxString ExpectedNameOfPreexistingFile() const;
   wxString NameForOurFinalResultsFile() const;
-  // An entry up to its time, with room for length characters in all.
-  wxString StartOfEntry(const wxString& testName, size_t length) const;
+  void AppendLine(std::string& piece, const wxString& line) const;
+  // Appends an entry up to its time and gives the piece that takes the rest.
+  std::string& StartEntry(const wxString& testName);
   int TimeOf(std::uint32_t tests) const;
   void CloseTheCurrentSuite();
   void FinalizeTheTotalContentOfOurArray();
   void FlushFileAndSaveToFinalDestination();
-  void PrintArrayIntoFile(wxTextFile* file);
+  bool PrintArrayIntoFile(wxTempFile* file);  // false if the file did not take all
 
   int m_perTestTime;
-  wxString m_perTestTimeText;
   std::uint32_t m_closedTests;
   std::uint32_t m_openTests;
   std::uint32_t m_closedFailures;
   std::uint32_t m_openFailures;
-  // An entry may hold line feeds. Entry 0 of either array is kept free for the head that is known
-  // only at the end, so that closing a suite does not move all its entries by one.
-  wxArrayString m_reportLines;
-  wxArrayString m_openSuiteLines;
-  wxString m_openSuiteName;  // with the process suffix; empty until the first suite
+  // The bytes of the file in order. The head of the report and of each suite has a piece of its own,
+  // since it is known only when all that follows it is there; so nothing is ever moved or put together.
+  std::vector<std::string> m_reportPieces;
+  std::size_t m_headOfOpenSuite;  // index of its piece
+  std::string m_lineEnd;          // the platform's
+  wxString m_openSuiteName;       // with the process suffix; empty until the first suite
   bool m_renameUnconditionally;
   wxString m_directory;  // with a trailing separator
   bool m_previousFlagFilesFound;

@@ -19,29 +19,31 @@ int CompareCharacters(const MUCellText& a, const MUCellText& b, std::size_t leng
 }  // namespace
 
 wxString MUCellText::ToString() const {
-  if (m_length == 0) return wxString();
-  if (m_wide) return wxString(m_wide, m_length);
+  const std::size_t length = Length();
+  if (length == 0) return wxString();
+  if (IsWide()) return wxString(Wide(), length);
+  const char* const narrow = Narrow();
   wchar_t shortText[128];
-  if (m_length <= sizeof shortText / sizeof *shortText) {
-    std::copy(m_narrow, m_narrow + m_length, shortText);  // ASCII: the numbers are the characters
-    return wxString(shortText, m_length);
+  if (length <= sizeof shortText / sizeof *shortText) {
+    std::copy(narrow, narrow + length, shortText);  // ASCII: the numbers are the characters
+    return wxString(shortText, length);
   }
-  const std::wstring longText(m_narrow, m_narrow + m_length);
+  const std::wstring longText(narrow, narrow + length);
   return wxString(longText.data(), longText.size());
 }
 
 int MUCellText::Compare(const MUCellText& other) const {
-  const int characters = CompareCharacters(*this, other, std::min(m_length, other.m_length));
+  const int characters = CompareCharacters(*this, other, std::min(Length(), other.Length()));
   if (characters != 0) return characters;
   // The longer text is the greater one if the other begins it.
-  return m_length == other.m_length ? 0 : (m_length < other.m_length ? -1 : 1);
+  return Length() == other.Length() ? 0 : (Length() < other.Length() ? -1 : 1);
 }
 
 bool MUCellText::Equals(const wxString& text) const {
-  if (text.length() != m_length) return false;
+  if (text.length() != Length()) return false;
   const auto wide = text.wc_str();
   const wchar_t* characters = wide;
-  return CompareCharacters(*this, MUCellText(characters, m_length), m_length) == 0;
+  return CompareCharacters(*this, MUCellText(characters, Length()), Length()) == 0;
 }
 
 std::uint64_t MUCellText::SortBits(std::size_t piece) const {
@@ -49,7 +51,7 @@ std::uint64_t MUCellText::SortBits(std::size_t piece) const {
   std::uint64_t bits = 0;
   for (std::size_t i = first; i < first + SORT_PIECE_LENGTH; ++i) {
     const std::uint64_t character =
-        i < m_length ? static_cast<std::uint64_t>((*this)[i]) & 0xFF : std::uint64_t{' '};
+        i < Length() ? static_cast<std::uint64_t>((*this)[i]) & 0xFF : std::uint64_t{' '};
     bits = bits << 8 | character;
   }
   return bits;

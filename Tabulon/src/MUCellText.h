@@ -14,24 +14,40 @@ class MUCellText {
   // A column's sort keys cover SORT_PIECES pieces of SORT_PIECE_LENGTH characters each.
   static constexpr std::size_t SORT_PIECES = 3;
   static constexpr std::size_t SORT_PIECE_LENGTH = 6;
+  static constexpr std::size_t WORD_LENGTH = 8;
 
-  MUCellText() : m_narrow(nullptr), m_wide(nullptr), m_length(0) {}
-  MUCellText(const char* text, std::size_t length)
-      : m_narrow(text), m_wide(nullptr), m_length(length) {}
-  MUCellText(const wchar_t* text, std::size_t length)
-      : m_narrow(nullptr), m_wide(text), m_length(length) {}
+  MUCellText() : m_text(nullptr), m_size(0) {}
+  MUCellText(const char* text, std::size_t length) : m_text(text), m_size(length << 1) {}
+  MUCellText(const wchar_t* text, std::size_t length) : m_text(text), m_size(length << 1 | WIDE) {}
 
-  std::size_t Length() const { return m_length; }
-  bool IsEmpty() const { return m_length == 0; }
+  std::size_t Length() const { return m_size >> 1; }
+  bool IsEmpty() const { return Length() == 0; }
 
   // Null unless the text is stored in that width; not terminated.
-  const char* Narrow() const { return m_narrow; }
-  const wchar_t* Wide() const { return m_wide; }
+  const char* Narrow() const { return IsWide() ? nullptr : static_cast<const char*>(m_text); }
+  const wchar_t* Wide() const { return IsWide() ? static_cast<const wchar_t*>(m_text) : nullptr; }
 
   // The character at an index below Length().
   wchar_t operator[](std::size_t index) const {
-    return m_narrow ? static_cast<wchar_t>(static_cast<unsigned char>(m_narrow[index]))
-                    : m_wide[index];
+    return IsWide() ? static_cast<const wchar_t*>(m_text)[index]
+                    : static_cast<wchar_t>(static_cast<const unsigned char*>(m_text)[index]);
+  }
+
+  // The low eight bits of up to eight characters as one number, first character most significant; below
+  // them 0 where the text has ended. first: index of the first one, may be beyond the end.
+  std::uint64_t Word(std::size_t first) const {
+    const std::size_t length = Length() > first ? Length() - first : 0;
+    std::uint64_t word = 0;
+    if (!IsWide() && length >= WORD_LENGTH) {
+      const auto* const narrow = static_cast<const unsigned char*>(m_text) + first;
+      for (std::size_t i = 0; i < WORD_LENGTH; ++i) word = word << 8 | narrow[i];
+      return word;
+    }
+    const std::size_t count = length < WORD_LENGTH ? length : WORD_LENGTH;
+    for (std::size_t i = 0; i < count; ++i) {
+      word = word << 8 | (static_cast<std::uint64_t>((*this)[first + i]) & 0xFF);
+    }
+    return count == 0 ? 0 : word << (8 * (WORD_LENGTH - count));
   }
 
   // A text of its own.
@@ -42,6 +58,18 @@ class MUCellText {
 
   // Below, at or above 0, as wxString::compare orders the two texts.
   int Compare(const MUCellText& other) const;
+  // The same number for the same characters, however wide they are stored.
+  std::size_t Hash() const {
+    constexpr std::uint64_t ODD = 0x9E3779B97F4A7C15u;
+    std::uint64_t hash = Length();
+    std::size_t first = 0;
+    do {
+      hash = (hash ^ Word(first)) * ODD;
+      hash ^= hash >> 32;
+      first += WORD_LENGTH;
+    } while (first < Length());
+    return static_cast<std::size_t>(hash * ODD);
+  }
   bool Equals(const wxString& text) const;
 
   // Six characters as one number whose order is the text's order; piece is 0, 1 or 2 and begins at
@@ -51,12 +79,18 @@ class MUCellText {
   // The same as the number that m_hash01, m_hash02 and m_hash03 hold: SortBits times 65,536.
   double SortKey(std::size_t piece) const { return static_cast<double>(SortBits(piece)) * 65536.0; }
   // True when the three pieces cover the whole text.
-  bool FitsInSortKeys() const { return m_length < SORT_PIECES * SORT_PIECE_LENGTH + 1; }
+  bool FitsInSortKeys() const { return Length() < SORT_PIECES * SORT_PIECE_LENGTH + 1; }
 
  private:
-  const char* m_narrow;
-  const wchar_t* m_wide;
-  std::size_t m_length;
+  static constexpr std::size_t WIDE = 1;
+  bool IsWide() const { return (m_size & WIDE) != 0; }
+
+  const void* m_text;
+  std::size_t m_size;  // twice the length, and one more if the text is wide
+};
+
+struct MUCellTextHash {
+  std::size_t operator()(const MUCellText& text) const { return text.Hash(); }
 };
 
 // The sort key of the first six characters of a text; see MUCellText::SortBits.

@@ -18,16 +18,26 @@ class MUColumnReader {
   explicit MUColumnReader(const wxString& name) : m_name(name) {}
 
   // Empty if the row has no such cell. Borrowed: valid until the cell is written or the row deleted.
-  MUCellText TextOf(const MUSingleRowDataPlusRowProperties& row);
+  MUCellText TextOf(const MUSingleRowDataPlusRowProperties& row) {
+    if (row.Block() == nullptr || row.HasOverlay()) return TextOfRecord(row);
+    if (row.Block() != m_block) LookUpIn(*row.Block());
+    return m_hiddenText != nullptr ? ViewOf(*m_hiddenText) : row.CellAt(m_position);
+  }
 
   // The row's place of the cell in its file's block, if the row is nothing but a view of that block and
   // the cell is not a hidden one; else false, and only the row's maps can tell.
-  bool FindPosition(const MUSingleRowDataPlusRowProperties& row, std::size_t& position);
+  bool FindPosition(const MUSingleRowDataPlusRowProperties& row, std::size_t& position) {
+    if (row.Block() == nullptr || row.HasOverlay()) return false;
+    if (row.Block() != m_block) LookUpIn(*row.Block());
+    position = m_position;
+    return m_hiddenText == nullptr;
+  }
 
   // A view of a text, which must outlive it.
   static MUCellText ViewOf(const wxString& text) { return {text.wc_str(), text.length()}; }
 
  private:
+  MUCellText TextOfRecord(const MUSingleRowDataPlusRowProperties& row) const;
   void LookUpIn(const MUDataFileBlock& block);
 
   const wxString m_name;

@@ -3,28 +3,11 @@
 #include <algorithm>
 #include <numeric>
 
-MUDataFileBlock::MUDataFileBlock() : m_references(0), m_isWide(false) {}
-
-std::size_t MUDataFileBlock::CellCount(std::size_t row) const {
-  if (row >= m_rows.size()) return 0;
-  const std::size_t end = row + 1 < m_rows.size() ? m_rows[row + 1].firstCell : m_cellEnds.size();
-  return end - m_rows[row].firstCell;
-}
-
-MUCellText MUDataFileBlock::Cell(std::size_t row, std::size_t position) const {
-  if (position >= CellCount(row)) return MUCellText();
-  const Row& place = m_rows[row];
-  const std::uint32_t* end = &m_cellEnds[place.firstCell + position];
-  const std::uint32_t start = position == 0 ? 0 : end[-1] + 1;
-  const std::size_t offset = place.textStart + start;
-  const std::size_t length = *end - start;
-  return m_isWide ? MUCellText(m_wideText.data() + offset, length)
-                  : MUCellText(m_narrowText.data() + offset, length);
-}
+MUDataFileBlock::MUDataFileBlock() : m_references(0), m_isWide(false), m_rows{{0, 0}} {}
 
 std::size_t MUDataFileBlock::LargestCellCount() const {
   std::size_t largest = 0;
-  for (std::size_t row = 0; row < m_rows.size(); ++row) {
+  for (std::size_t row = 0; row < RowCount(); ++row) {
     largest = std::max(largest, CellCount(row));
   }
   return largest;

@@ -26,11 +26,22 @@ class MUDataFileBlock {
   MUDataFileBlock(const MUDataFileBlock&) = delete;
   MUDataFileBlock& operator=(const MUDataFileBlock&) = delete;
 
-  std::size_t RowCount() const { return m_rows.size(); }
+  std::size_t RowCount() const { return m_rows.size() - 1; }
   // Number of cells that the row's line holds; 0 for an unknown row.
-  std::size_t CellCount(std::size_t row) const;
+  std::size_t CellCount(std::size_t row) const {
+    return row < RowCount() ? m_rows[row + 1].firstCell - m_rows[row].firstCell : 0;
+  }
   // The cell's text; an empty one for an unknown row and beyond the row's last cell.
-  MUCellText Cell(std::size_t row, std::size_t position) const;
+  MUCellText Cell(std::size_t row, std::size_t position) const {
+    if (position >= CellCount(row)) return MUCellText();
+    const Row& place = m_rows[row];
+    const std::uint32_t* end = &m_cellEnds[place.firstCell + position];
+    const std::uint32_t start = position == 0 ? 0 : end[-1] + 1;
+    const std::size_t offset = std::size_t{place.textStart} + start;
+    const std::size_t length = *end - start;
+    return m_isWide ? MUCellText(m_wideText.data() + offset, length)
+                    : MUCellText(m_narrowText.data() + offset, length);
+  }
   // Cells of the longest line.
   std::size_t LargestCellCount() const;
 
@@ -61,15 +72,15 @@ class MUDataFileBlock {
   // Where a row's text begins and which entry of m_cellEnds is its first; its last entry is the one
   // before the next row's first.
   struct Row {
-    std::size_t textStart;
-    std::size_t firstCell;
+    std::uint32_t textStart;
+    std::uint32_t firstCell;
   };
 
   mutable std::size_t m_references;
   bool m_isWide;
   std::vector<char> m_narrowText;
   std::vector<wchar_t> m_wideText;
-  std::vector<Row> m_rows;
+  std::vector<Row> m_rows;  // and one more at the end, where a next one would begin
   std::vector<std::uint32_t>
       m_cellEnds;  // from the row's start; one separator stands between cells
   std::vector<wxString> m_columnNames;

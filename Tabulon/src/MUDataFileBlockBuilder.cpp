@@ -68,7 +68,7 @@ bool MUDataFileBlockBuilder::TakePlainBytes(std::vector<char>& bytes, std::size_
   }
   MUDataFileBlockBuilder builder(Width::ASCII);
   MUDataFileBlock& block = *builder.m_block;
-  block.m_rows.reserve(measure.lineFeeds + 1);
+  block.m_rows.reserve(measure.lineFeeds + 2);
   block.m_cellEnds.reserve(measure.tabs + measure.lineFeeds + 1);
 
   lines->header.clear();
@@ -94,7 +94,7 @@ void MUDataFileBlockBuilder::Reserve(std::size_t characters, std::size_t rows, s
     m_block->m_wideText.reserve(characters);
   else
     m_block->m_narrowText.reserve(characters);
-  m_block->m_rows.reserve(rows);
+  m_block->m_rows.reserve(rows + 1);
   m_block->m_cellEnds.reserve(cells);
 }
 
@@ -111,8 +111,10 @@ MUDataFileBlockPtr MUDataFileBlockBuilder::Take() { return std::move(m_block); }
 template <typename Char>
 bool MUDataFileBlockBuilder::AppendRowTo(std::vector<Char>& text, const Char* begin,
                                          const Char* end) {
-  if (static_cast<std::size_t>(end - begin) > LARGEST_OFFSET / LONGEST_VISIBLE_FORM) return false;
   const std::size_t textStart = text.size();
+  if (static_cast<std::size_t>(end - begin) > (LARGEST_OFFSET - textStart) / LONGEST_VISIBLE_FORM) {
+    return false;
+  }
   std::vector<std::uint32_t>& ends = m_block->m_cellEnds;
   if (begin != end) {
     // As MUForEachCell splits, but with the text copied in as long pieces as can be.
@@ -143,6 +145,7 @@ void MUDataFileBlockBuilder::EndPlainRow(std::size_t textStart, std::size_t text
 }
 
 void MUDataFileBlockBuilder::EndRow(std::size_t textStart) {
-  m_block->m_rows.push_back({textStart, m_firstCell});
+  m_block->m_rows.back().textStart = static_cast<std::uint32_t>(textStart);
   m_firstCell = m_block->m_cellEnds.size();
+  m_block->m_rows.push_back({0, static_cast<std::uint32_t>(m_firstCell)});
 }

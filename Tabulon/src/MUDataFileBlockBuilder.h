@@ -25,8 +25,8 @@ class MUDataFileBlockBuilder {
   void Reserve(std::size_t characters, std::size_t rows, std::size_t cells);
 
   // Appends the line [begin, end) as a row: split at tabs, control characters in visible form. The
-  // operation must be the one of the builder's width. False, and nothing is appended, for a line too
-  // long for the block's offsets.
+  // operation must be the one of the builder's width. False, and nothing is appended, for a line for
+  // which the block's offsets are too short.
   bool AppendRow(const char* begin, const char* end);
   bool AppendRow(const wchar_t* begin, const wchar_t* end);
 

@@ -20,9 +20,11 @@
 #include "Tabulon/src/MUCachingKeySelectedData.h"
 #include "Tabulon/src/MUCellPositions.h"
 #include "Tabulon/src/MUCellText.h"
+#include "Tabulon/src/MUColumnDictionaries.h"
 #include "Tabulon/src/MUInterfaceFileObserver.h"
 #include "Tabulon/src/MUInterfaceMultiExperimentDataSource.h"
 #include "Tabulon/src/MURowStore.h"
+#include "Tabulon/src/MUSelectedTexts.h"
 #include "Tabulon/src/TriStateTrueFalseUnknown.h"
 
 struct MUColumnNamePlusProperties;
@@ -225,7 +227,7 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
   wxUint32 m_emptySearchColumn = 0;
   wxUint32 m_emptySearchRow = 0;
   bool m_emptySearchFinished = false;
-  mutable std::map<MUCachingKeySelectedData, std::vector<wxString>> m_cacheStringSelects;
+  mutable std::map<MUCachingKeySelectedData, MUSelectedTexts> m_cacheStringSelects;
   mutable std::map<MUCachingKeySelectedData, std::deque<wxString>> m_cacheColumnNames;
   mutable std::map<MUCachingKeySelectedData, RowIndexList> m_cacheRowIndicesByFlags;
   // A holder outlives the list that it points to: clearing nulls it, and the next search fills it again.
@@ -277,12 +279,17 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
   void SafeStoreNewValueInCachesOfRowIndicesSetsPointers(const MUCachingKeySelectedData& key,
                                                          const RowIndexList* indices);
   void SafeStoreNonCachedConstPointerToDeleteLater(const RowIndexList* indices);
+  MUSelectedTexts DistinctTexts(const wxString& column, const RowKeys& keys, bool trim) const;
+  template <typename ACTION>
+  void ForEachRowWhere(const wxString& column, const wxString& text, const RowKeys& keys,
+                       ACTION action) const;
   // Sorting
   void DropAnswersThatDependOnRowOrder();
   // Batches
   void DeleteColumnsWithoutFile();
 
   mutable MUCellPositions m_cellPositions;  // of the current names
+  mutable MUColumnDictionaries m_dictionaries;
   // The lists of keys in load order as they were last made. While rows only arrive, a notification appends.
   struct UnsortedOrder {
     bool m_stands = false;

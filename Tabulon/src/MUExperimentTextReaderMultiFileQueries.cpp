@@ -5,6 +5,7 @@
 #include <unordered_set>
 
 #include "Tabulon/src/MUColumnNamePlusProperties.h"
+#include "Tabulon/src/MUColumnDictionary.h"
 #include "Tabulon/src/MUColumnReader.h"
 #include "Tabulon/src/MUExperimentTextReaderMultiFile.h"
 #include "Tabulon/src/MUFlagTests.h"
@@ -20,20 +21,9 @@ namespace {
 using Row = MUSingleRowDataPlusRowProperties;
 using Key = MUCachingKeySelectedData;
 
-// The same number for the same characters, however wide they are stored.
-struct CellTextHash {
-  std::size_t operator()(const MUCellText& text) const {
-    std::uint64_t hash = 14695981039346656037u;
-    for (std::size_t i = 0; i < text.Length(); ++i) {
-      hash = (hash ^ static_cast<std::uint64_t>(text[i])) * 1099511628211u;
-    }
-    return static_cast<std::size_t>(hash);
-  }
-};
-
 // The cached answer, or else the one that ask() gives, which then is cached.
 template <typename ANSWER, typename ASK>
-ANSWER Remembered(std::map<Key, ANSWER>& cache, const Key& key, ASK ask) {
+const ANSWER& Remembered(std::map<Key, ANSWER>& cache, const Key& key, ASK ask) {
   const auto found = cache.find(key);
   if (found != cache.end()) return found->second;
   return cache.emplace(key, ask()).first->second;
@@ -297,17 +287,52 @@ void MUExperimentTextReaderMultiFile::SelectDistinctPerColumn(const wxString& co
                                                               std::vector<wxString>& values,
                                                               TARGETED_ROW_SEARCH_SET set,
                                                               bool trim) const {
-  values = Remembered(m_cacheStringSelects, MUQueryKeys::DistinctValues(column, set, trim), [&] {
-    std::vector<wxString> distinct;
-    std::unordered_set<MUCellText, CellTextHash> seen;
-    MUColumnReader cells(column);
-    const RowKeys* keys = KeysOfSet(set);
-    if (keys == nullptr || set == CALLER_GIVEN_ROWS) return distinct;
-    ForEachRow(*keys, m_rows, [&](const Row* row) {
-      const MUCellText text = trim ? TrimmedText(cells.TextOf(*row)) : cells.TextOf(*row);
-      if (seen.insert(text).second) distinct.push_back(text.ToString());
-    });
-    return distinct;
+  const Key key = MUQueryKeys::DistinctValues(column, set, trim);
+  values = Remembered(m_cacheStringSelects, key, [&] {
+             const RowKeys* keys = set == CALLER_GIVEN_ROWS ? nullptr : KeysOfSet(set);
+             return keys == nullptr ? MUSelectedTexts() : DistinctTexts(column, *keys, trim);
+           }).ToTexts();
+}
+
+MUSelectedTexts MUExperimentTextReaderMultiFile::DistinctTexts(const wxString& column,
+                                                               const RowKeys& keys,
+                                                               bool trim) const {
+  const auto dictionary = m_dictionaries.Of(column, m_rows);
+  MUSelectedTexts distinct;
+  distinct.keeper = dictionary;
+  std::vector<bool> seen(dictionary->TextCount());
+  std::unordered_set<MUCellText, MUCellTextHash> seenTrimmed;
+  for (const unsigned long key : keys) {
+    const std::uint32_t number = dictionary->NumberOfRow(key);
+    if (number == MUColumnDictionary::NONE || seen[number]) continue;
+    seen[number] = true;
+    const MUCellText& text = dictionary->Text(number);
+    if (!trim) {
+      distinct.texts.push_back(text);
+    } else if (const MUCellText trimmed = TrimmedText(text); seenTrimmed.insert(trimmed).second) {
+      distinct.texts.push_back(trimmed);
+    }
+  }
+  return distinct;
+}
+
+// Calls action(row) for the rows behind the keys, in their order, whose cell in the column is this text.
+template <typename ACTION>
+void MUExperimentTextReaderMultiFile::ForEachRowWhere(const wxString& column, const wxString& text,
+                                                      const RowKeys& keys, ACTION action) const {
+  const MUCellText wanted = MUColumnReader::ViewOf(text);
+  // One that is there answers faster; making one for a single question would take longer than the answer.
+  if (const auto dictionary = m_dictionaries.Find(column, m_rows)) {
+    const std::uint32_t number = dictionary->NumberOfText(wanted);
+    if (number == MUColumnDictionary::NONE) return;
+    for (const unsigned long key : keys) {
+      if (dictionary->NumberOfRow(key) == number) action(*m_rows.find(key));
+    }
+    return;
+  }
+  MUColumnReader cells(column);
+  ForEachRow(keys, m_rows, [&](const Row* row) {
+    if (cells.TextOf(*row) == wanted) action(*row);
   });
 }
 
@@ -315,16 +340,17 @@ std::vector<wxString> MUExperimentTextReaderMultiFile::GetAllFromCol_X_WhereFiel
     const wxString& columnX, const wxString& fieldY, const wxString& valueZ, bool includeAllRows) {
   const Key key = MUQueryKeys::OneColumnWhere(columnX, fieldY, valueZ, includeAllRows);
   return Remembered(m_cacheStringSelects, key, [&] {
-    std::vector<wxString> texts;
-    MUColumnReader field(fieldY);
-    MUColumnReader column(columnX);
-    ForEachRow(*KeysOfSet(includeAllRows ? ALL_ROWS : ONLY_FULLY_SHOWN_ROWS), m_rows,
-               [&](const Row* row) {
-                 if (field.TextOf(*row).Equals(valueZ))
-                   texts.push_back(column.TextOf(*row).ToString());
-               });
-    return texts;
-  });
+           const auto keeper = std::make_shared<MUTextKeeper>();
+           MUSelectedTexts selected;
+           MUColumnReader column(columnX);
+           ForEachRowWhere(fieldY, valueZ,
+                           *KeysOfSet(includeAllRows ? ALL_ROWS : ONLY_FULLY_SHOWN_ROWS),
+                           [&](const Row& row) {
+                             selected.texts.push_back(keeper->Keep(row, column.TextOf(row)));
+                           });
+           selected.keeper = keeper;
+           return selected;
+         }).ToTexts();
 }
 
 const std::vector<std::map<wxString, wxString>*>*
@@ -334,19 +360,21 @@ MUExperimentTextReaderMultiFile::GetAllFromMultiCols_X_WhereField_Y_Matches_Z(
   const Key key = MUQueryKeys::SeveralColumnsWhere(columnsX, fieldY, valueZ, includeAllRows);
   if (const auto* held = m_broker->GetSharedPointerToMultiSelect(key)) return held;
 
-  const bool matchesAll = valueZ == SPECIAL_CODE_TO_REQUEST_MATCH_ALL_ROWS;
   auto result = std::make_unique<MUQueryCachingBroker::MultiSelect>();
-  MUColumnReader field(fieldY);
   std::deque<MUColumnReader> columns(columnsX.begin(), columnsX.end());
-  ForEachRow(*KeysOfSet(includeAllRows ? ALL_ROWS : ONLY_FULLY_SHOWN_ROWS), m_rows,
-             [&](const Row* row) {
-               if (!matchesAll && !field.TextOf(*row).Equals(valueZ)) return;
-               auto cells = std::make_unique<std::map<wxString, wxString>>();
-               for (std::size_t i = 0; i < columnsX.size(); ++i) {
-                 cells->emplace(columnsX[i], columns[i].TextOf(*row).ToString());
-               }
-               result->push_back(cells.release());
-             });
+  const auto take = [&](const Row& row) {
+    auto cells = std::make_unique<std::map<wxString, wxString>>();
+    for (std::size_t i = 0; i < columnsX.size(); ++i) {
+      cells->emplace(columnsX[i], columns[i].TextOf(row).ToString());
+    }
+    result->push_back(cells.release());
+  };
+  const RowKeys& keys = *KeysOfSet(includeAllRows ? ALL_ROWS : ONLY_FULLY_SHOWN_ROWS);
+  if (valueZ == SPECIAL_CODE_TO_REQUEST_MATCH_ALL_ROWS) {
+    ForEachRow(keys, m_rows, [&](const Row* row) { take(*row); });
+  } else {
+    ForEachRowWhere(fieldY, valueZ, keys, take);
+  }
   MUQueryCachingBroker::MultiSelect* held = result.release();
   m_broker->HoldThisDataMultiSelect(key, held);
   return held;

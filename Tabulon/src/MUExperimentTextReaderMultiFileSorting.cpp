@@ -1,5 +1,5 @@
 // The sorted order of the rows.
-#include <algorithm>
+#include <vector>
 
 #include "Tabulon/src/MUExperimentTextReaderMultiFile.h"
 #include "Tabulon/src/MUInterfaceExperimentDataFileInputReader.h"
@@ -44,34 +44,52 @@ void MUExperimentTextReaderMultiFile::ResetKeysUsingSortSettings() {
   if (m_rows.empty()) return;
   MUUtilitarianFunctions::TimeMeProductionRelease(true, identifier, nullptr);
 
-  std::deque<MUSingleRowDataPlusRowProperties*> rows;
-  for (const auto& [key, row] : m_rows) {
+  using Row = MUSingleRowDataPlusRowProperties;
+  struct KeyedRow {
+    unsigned long key;
+    Row* row;
+  };
+  const UnaryPredPartitionByVisibility isShown(m_sortColumnName);
+  MUScratchArray<Row*> shownRows(m_rows.size());
+  MUScratchArray<unsigned long> shownKeys(m_rows.size());
+  std::size_t shownCount = 0;
+  std::vector<KeyedRow> otherRows;
+  m_rows.ForEach([&](unsigned long key, Row* row) {
     row->m_rowKey = key;
-    rows.push_back(row);
-  }
-  const auto endOfShown = std::stable_partition(rows.begin(), rows.end(),
-                                                UnaryPredPartitionByVisibility(m_sortColumnName));
-  if (endOfShown != rows.begin())
-    SortRows(rows.begin(), endOfShown, m_sortColumnName, m_sortReverse);
+    if (isShown(row)) {
+      shownRows[shownCount] = row;
+      shownKeys[shownCount] = key;
+      ++shownCount;
+    } else {
+      otherRows.push_back({key, row});
+    }
+  });
+  const MUScratchArray<MUPlace> places =
+      SortedPlaces(shownRows.begin(), shownCount, m_sortColumnName, m_sortReverse);
 
   // One counter serves the shown rows in all three lists: they stand first in each.
-  unsigned long index = 0;
-  for (auto place = rows.begin(); place != endOfShown; ++place, ++index) {
-    MUSingleRowDataPlusRowProperties* row = *place;
-    m_allRowKeys.push_back(row->m_rowKey);
-    m_currentShownRowKeys->push_back(row->m_rowKey);
-    m_activeRowKeys.push_back(row->m_rowKey);
-    row->m_indexAmongAllRows = row->m_indexAmongShownRows = row->m_indexAmongActiveRows = index;
+  m_currentShownRowKeys->resize(shownCount);
+  m_allRowKeys.reserve(m_rows.size());
+  m_activeRowKeys.reserve(m_rows.size());
+  MUScratchArray<MUPlace> indexAtPlace(shownCount);
+  for (std::size_t index = 0; index < shownCount; ++index) {
+    (*m_currentShownRowKeys)[index] = shownKeys[places[index]];
+    indexAtPlace[places[index]] = static_cast<MUPlace>(index);
   }
-  unsigned long activeIndex = index;
-  for (auto place = endOfShown; place != rows.end(); ++place, ++index) {
-    MUSingleRowDataPlusRowProperties* row = *place;
-    m_allRowKeys.push_back(row->m_rowKey);
-    row->m_indexAmongAllRows = index;
+  m_allRowKeys = *m_currentShownRowKeys;
+  m_activeRowKeys = *m_currentShownRowKeys;
+  // Row by row as they lie in memory.
+  for (std::size_t place = 0; place < shownCount; ++place) {
+    Row& row = *shownRows[place];
+    row.m_indexAmongAllRows = row.m_indexAmongShownRows = row.m_indexAmongActiveRows =
+        indexAtPlace[place];
+  }
+  for (const auto& [key, row] : otherRows) {
+    row->m_indexAmongAllRows = m_allRowKeys.size();
+    m_allRowKeys.push_back(key);
     if ((row->m_rowPropertyFlags & MU_INACTIVE_MASK) != 0) continue;
-    m_activeRowKeys.push_back(row->m_rowKey);
-    row->m_indexAmongActiveRows = activeIndex;
-    ++activeIndex;
+    row->m_indexAmongActiveRows = m_activeRowKeys.size();
+    m_activeRowKeys.push_back(key);
   }
   MUUtilitarianFunctions::TimeMeProductionRelease(false, identifier, &m_sortMilliseconds);
 }

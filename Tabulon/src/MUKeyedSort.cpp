@@ -1,54 +1,107 @@
 #include "Tabulon/src/MUKeyedSort.h"
 
 #include <algorithm>
-#include <array>
 #include <cstring>
+#include <utility>
 
 namespace {
 
-constexpr std::size_t BYTES = sizeof(std::uint64_t);
 // Below this size a comparison sort is as fast as counting.
-constexpr std::ptrdiff_t FEW_PLACES = 256;
+constexpr std::size_t FEW_PLACES = 256;
+// So many counters fit the fastest memory.
+constexpr unsigned MOST_DIGIT_BITS = 11;
 
-using Counts = std::array<std::array<std::uint32_t, 256>, BYTES>;
+// Sorts by the key's digits, from the least significant to the most: each pass keeps the order that the one
+// before it made. keyOf(entry) must be below 2 to the power bits.
+template <typename ENTRY, typename KEY_OF>
+void SortByDigits(MUScratchArray<ENTRY>& entries, std::size_t count, unsigned bits, KEY_OF keyOf) {
+  const unsigned passes = (bits + MOST_DIGIT_BITS - 1) / MOST_DIGIT_BITS;
+  const unsigned digitBits = passes == 0 ? 0 : (bits + passes - 1) / passes;
+  const std::size_t digits = std::size_t{1} << digitBits;
+  const auto digitOf = [=](const ENTRY& entry, unsigned pass) {
+    return static_cast<std::size_t>(keyOf(entry) >> (pass * digitBits)) & (digits - 1);
+  };
 
-std::size_t ByteOf(std::uint64_t key, std::size_t byte) { return key >> (8 * byte) & 0xFF; }
+  std::vector<std::uint32_t> counts(passes * digits);
+  for (std::size_t i = 0; i < count; ++i) {
+    for (unsigned pass = 0; pass < passes; ++pass) {
+      ++counts[pass * digits + digitOf(entries[i], pass)];
+    }
+  }
+  MUScratchArray<ENTRY> sorted(count);
+  for (unsigned pass = 0; pass < passes; ++pass) {
+    std::uint32_t* const places = &counts[pass * digits];
+    if (places[digitOf(entries[0], pass)] == count) continue;
+    std::uint32_t next = 0;
+    for (std::size_t digit = 0; digit < digits; ++digit) {
+      next += std::exchange(places[digit], next);
+    }
+    for (std::size_t i = 0; i < count; ++i) {
+      sorted[places[digitOf(entries[i], pass)]++] = entries[i];
+    }
+    std::swap(entries, sorted);
+  }
+}
 
 }  // namespace
 
-void StableSortByKey(MUKeyedPlaces::iterator begin, MUKeyedPlaces::iterator end,
-                     MUKeyedPlaces& scratch) {
-  if (end - begin < FEW_PLACES) {
-    std::stable_sort(begin, end,
-                     [](const MUKeyedPlace& a, const MUKeyedPlace& b) { return a.key < b.key; });
-    return;
+template <std::size_t WORDS>
+void MUKeyPacking<WORDS>::Finish() {
+  m_runs.clear();
+  m_bits = 0;
+  m_complete = true;
+  for (std::size_t word = 0; word < WORDS; ++word) {
+    const std::uint64_t differing = m_anySet[word] & ~m_allSet[word];
+    for (int bit = 63; bit >= 0; --bit) {
+      if ((differing >> bit & 1) == 0) continue;
+      if (m_bits == MOST_BITS) {
+        m_complete = false;
+        return;
+      }
+      ++m_bits;
+      const auto lowestBit = static_cast<unsigned>(bit);
+      const bool continues =
+          !m_runs.empty() && m_runs.back().word == word && m_runs.back().lowestBit == lowestBit + 1;
+      if (!continues) m_runs.push_back({word, lowestBit, 0, 0});
+      Run& run = m_runs.back();
+      run.lowestBit = lowestBit;
+      ++run.length;
+      run.mask = run.mask << 1 | 1;
+    }
   }
-  const auto count = static_cast<std::size_t>(end - begin);
-  Counts counts{};
-  for (auto entry = begin; entry != end; ++entry) {
-    for (std::size_t byte = 0; byte < BYTES; ++byte) ++counts[byte][ByteOf(entry->key, byte)];
-  }
-  if (scratch.size() < count) scratch.resize(count);
+}
 
-  // From the least significant byte to the most: each pass keeps the order that the one before it made.
-  auto from = begin;
-  auto to = scratch.begin();
-  for (std::size_t byte = 0; byte < BYTES; ++byte) {
-    auto& places = counts[byte];
-    if (places[ByteOf(begin->key, byte)] == count) continue;
-    std::uint32_t next = 0;
-    for (std::uint32_t& place : places) {
-      const std::uint32_t size = place;
-      place = next;
-      next += size;
+template class MUKeyPacking<1>;
+template class MUKeyPacking<3>;
+
+MUKeyedSort::MUKeyedSort(std::size_t count, unsigned bits, bool descending)
+    : m_bits(bits),
+      // Turned over key by key and not sorted and then reversed: ties must keep their order.
+      m_flip(descending ? (std::uint64_t{1} << bits) - 1 : 0),
+      m_narrow(bits <= NARROW_BITS ? count : 0),
+      m_wide(bits <= NARROW_BITS ? 0 : count) {}
+
+void MUKeyedSort::WriteSorted(MUPlace* out) {
+  if (m_count == 0) return;
+  if (m_bits <= NARROW_BITS) {
+    if (m_count < FEW_PLACES) {
+      std::stable_sort(
+          m_narrow.begin(), m_narrow.begin() + m_count,
+          [](std::uint64_t a, std::uint64_t b) { return (a >> NARROW_BITS) < (b >> NARROW_BITS); });
+    } else {
+      SortByDigits(m_narrow, m_count, m_bits,
+                   [](std::uint64_t entry) { return entry >> NARROW_BITS; });
     }
-    for (std::size_t i = 0; i < count; ++i) {
-      const MUKeyedPlace& entry = from[static_cast<std::ptrdiff_t>(i)];
-      to[places[ByteOf(entry.key, byte)]++] = entry;
+    for (std::size_t i = 0; i < m_count; ++i) out[i] = static_cast<MUPlace>(m_narrow[i]);
+  } else {
+    if (m_count < FEW_PLACES) {
+      std::stable_sort(m_wide.begin(), m_wide.begin() + m_count,
+                       [](const Entry& a, const Entry& b) { return a.key < b.key; });
+    } else {
+      SortByDigits(m_wide, m_count, m_bits, [](const Entry& entry) { return entry.key; });
     }
-    std::swap(from, to);
+    for (std::size_t i = 0; i < m_count; ++i) out[i] = m_wide[i].place;
   }
-  if (from != begin) std::copy(from, from + static_cast<std::ptrdiff_t>(count), begin);
 }
 
 std::uint64_t KeyOfNumber(double number) {

@@ -1,150 +1,139 @@
 #include "Tabulon/src/MURowSort.h"
 
 #include <algorithm>
+#include <cmath>
+#include <numeric>
+#include <optional>
+#include <tuple>
 #include <vector>
 
 #include "Tabulon/src/MUColumnReader.h"
 #include "Tabulon/src/MUInterfaceExperimentDataFileInputReader.h"
-#include "Tabulon/src/MUKeyedSort.h"
 #include "Tabulon/src/MUSortFunctors.h"
+#include "Tabulon/src/MUTextSort.h"
 
 namespace {
 
 using Reader = MUInterfaceExperimentDataFileInputReader;
 using Row = MUSingleRowDataPlusRowProperties;
+using Places = MUScratchArray<MUPlace>;
 
-std::uint64_t KeyInDirection(double number, bool reverse) {
-  // Turned over key by key and not sorted and then reversed: ties must keep their order.
-  return reverse ? ~KeyOfNumber(number) : KeyOfNumber(number);
+Places PlacesInTheirOrder(std::size_t count) {
+  Places places(count);
+  std::iota(places.begin(), places.end(), MUPlace{0});
+  return places;
 }
 
-void SortByReactionTime(MURowIterator begin, MURowIterator end, bool reverse) {
-  const std::vector<Row*> rows(begin, end);
-  MUKeyedPlaces places;
-  places.reserve(rows.size());
-  for (const Row* row : rows) {
-    const auto place = static_cast<std::uint32_t>(places.size());
-    places.push_back({KeyInDirection(SortableReactionTime(*row), reverse), place});
+Places SortedByReactionTime(const Row* const* rows, std::size_t count, bool descending) {
+  MUScratchArray<std::uint64_t> keys(count);
+  MUKeyPacking<1> packing;
+  for (std::size_t i = 0; i < count; ++i) {
+    keys[i] = KeyOfNumber(SortableReactionTime(*rows[i]));
+    packing.Examine({keys[i]});
   }
-  MUKeyedPlaces scratch;
-  StableSortByKey(places.begin(), places.end(), scratch);
-  for (const MUKeyedPlace& sorted : places) *begin++ = rows[sorted.place];
+  packing.Finish();
+  if (!packing.IsComplete()) {  // numbers as far apart as numbers can be
+    Places places = PlacesInTheirOrder(count);
+    std::stable_sort(places.begin(), places.end(), [&](MUPlace a, MUPlace b) {
+      return descending ? keys[b] < keys[a] : keys[a] < keys[b];
+    });
+    return places;
+  }
+  MUKeyedSort sort(count, packing.Bits(), descending);
+  for (std::size_t i = 0; i < count; ++i)
+    sort.Add(packing.Pack({keys[i]}), static_cast<MUPlace>(i));
+  Places places(count);
+  sort.WriteSorted(places.begin());
+  return places;
 }
 
-// Sorts by the first piece of the text, the rows that are equal in it by the second, and so on: most rows
-// are told apart before their later keys are ever made.
-class TextSort {
+// For rows with keys that their texts do not have, as whoever holds a row's record may have written them.
+class RecordSort {
  public:
-  TextSort(MURowIterator begin, MURowIterator end, const wxString& column, bool reverse)
-      : m_reverse(reverse) {
+  RecordSort(const Row* const* rows, std::size_t count, const wxString& column) {
+    m_records.reserve(count);
     MUColumnReader reader(column);
-    m_cells.reserve(static_cast<std::size_t>(end - begin));
-    m_places.reserve(m_cells.capacity());
-    for (auto row = begin; row != end; ++row) {
-      m_places.push_back({0, static_cast<std::uint32_t>(m_cells.size())});
-      AddCell(**row, column, reader);
+    for (std::size_t i = 0; i < count; ++i) {
+      const Row& row = *rows[i];
+      m_records.push_back({{KeyOfNumber(row.m_hash01.ValueOrDefault(column)),
+                            KeyOfNumber(row.m_hash02.ValueOrDefault(column)),
+                            KeyOfNumber(row.m_hash03.ValueOrDefault(column))},
+                           row.m_textFitsInHash.ValueOrDefault(column),
+                           reader.TextOf(row)});
     }
   }
 
-  void WriteSorted(MURowIterator out) {
-    if (FullTextDecides()) {
-      SortByText(m_places.begin(), m_places.end());
-    } else {
-      SortByPiece(m_places.begin(), m_places.end(), 0);
-    }
-    for (const MUKeyedPlace& sorted : m_places) *out++ = m_cells[sorted.place].row;
+  Places Sorted(bool descending) const {
+    const bool textDecides = std::none_of(m_records.begin(), m_records.end(),
+                                          [](const Record& record) { return record.fits; });
+    Places places = PlacesInTheirOrder(m_records.size());
+    std::stable_sort(places.begin(), places.end(), [&](MUPlace a, MUPlace b) {
+      const Record& lesser = m_records[descending ? b : a];
+      const Record& greater = m_records[descending ? a : b];
+      if (!textDecides) {
+        if (lesser.keys != greater.keys) return lesser.keys < greater.keys;
+        if (lesser.fits || greater.fits) return lesser.fits && !greater.fits;
+      }
+      return lesser.text.Compare(greater.text) < 0;
+    });
+    return places;
   }
 
  private:
-  using Place = MUKeyedPlaces::iterator;
-  static constexpr std::uint32_t NONE = static_cast<std::uint32_t>(-1);
-
-  struct Cell {
-    Row* row;
-    MUCellText text;
-    std::uint32_t oddKeys;  // index of keys that are not those of the text, or NONE
+  struct Record {
+    std::array<std::uint64_t, MUCellText::SORT_PIECES> keys;
     bool fits;
+    MUCellText text;
   };
-  struct OddKeys {
-    double pieces[MUCellText::SORT_PIECES];
-  };
-
-  void AddCell(Row& row, const wxString& column, MUColumnReader& reader) {
-    const MUCellText text = reader.TextOf(row);
-    std::size_t position = 0;
-    if (reader.FindPosition(row, position) && row.HasSortKeysAt(position)) {
-      m_cells.push_back({&row, text, NONE, text.FitsInSortKeys()});
-      m_allNarrow = m_allNarrow && text.Wide() == nullptr;
-      return;
-    }
-    // A row whose line does not reach the column, or one whose maps hold entries of their own: they know.
-    m_cells.push_back({&row, text, static_cast<std::uint32_t>(m_oddKeys.size()),
-                       row.m_textFitsInHash.ValueOrDefault(column)});
-    m_oddKeys.push_back({{row.m_hash01.ValueOrDefault(column), row.m_hash02.ValueOrDefault(column),
-                          row.m_hash03.ValueOrDefault(column)}});
-  }
-
-  // Where no text fits, the full texts alone decide. As long as they are plain, their keys say the same
-  // and are faster.
-  bool FullTextDecides() const {
-    const bool noneFits =
-        std::none_of(m_cells.begin(), m_cells.end(), [](const Cell& cell) { return cell.fits; });
-    return noneFits && !(m_allNarrow && m_oddKeys.empty());
-  }
-
-  double PieceOf(const Cell& cell, std::size_t piece) const {
-    return cell.oddKeys == NONE ? cell.text.SortKey(piece) : m_oddKeys[cell.oddKeys].pieces[piece];
-  }
-
-  void SortByPiece(Place begin, Place end, std::size_t piece) {
-    if (piece == MUCellText::SORT_PIECES) {
-      SortEqualKeys(begin, end);
-      return;
-    }
-    for (auto place = begin; place != end; ++place) {
-      place->key = KeyInDirection(PieceOf(m_cells[place->place], piece), m_reverse);
-    }
-    StableSortByKey(begin, end, m_scratch);
-    while (begin != end) {
-      const auto endOfEqual = std::find_if(
-          begin, end, [key = begin->key](const MUKeyedPlace& place) { return place.key != key; });
-      if (endOfEqual - begin > 1) SortByPiece(begin, endOfEqual, piece + 1);
-      begin = endOfEqual;
-    }
-  }
-
-  void SortEqualKeys(Place begin, Place end) {
-    const auto middle = std::stable_partition(begin, end, [this](const MUKeyedPlace& place) {
-      return m_cells[place.place].fits != m_reverse;
-    });
-    if (m_reverse) {
-      SortByText(begin, middle);
-    } else {
-      SortByText(middle, end);
-    }
-  }
-
-  void SortByText(Place begin, Place end) {
-    std::stable_sort(begin, end, [this](const MUKeyedPlace& a, const MUKeyedPlace& b) {
-      const int order = m_cells[a.place].text.Compare(m_cells[b.place].text);
-      return m_reverse ? order > 0 : order < 0;
-    });
-  }
-
-  const bool m_reverse;
-  bool m_allNarrow = true;
-  std::vector<Cell> m_cells;
-  std::vector<OddKeys> m_oddKeys;
-  MUKeyedPlaces m_places;
-  MUKeyedPlaces m_scratch;
+  std::vector<Record> m_records;
 };
+
+// The rows' texts for a sort; none if a row's keys are not those of its text.
+std::optional<MUTextSort> TextsOf(const Row* const* rows, std::size_t count,
+                                  const wxString& column) {
+  std::optional<MUTextSort> sort(count);
+  MUColumnReader reader(column);
+  // A line without any cell has keys of its own under the empty name; only the maps know them.
+  const bool linesTellAll = !column.empty();
+  for (std::size_t i = 0; i < count; ++i) {
+    const Row& row = *rows[i];
+    std::size_t position = 0;
+    if (linesTellAll && reader.FindPosition(row, position)) {
+      // A row whose line does not reach the column has no keys.
+      if (row.HasSortKeysAt(position)) {
+        sort->Add(row.CellAt(position));
+      } else {
+        sort->AddWithoutKeys(MUCellText());
+      }
+      continue;
+    }
+    const MUCellText text = reader.TextOf(row);
+    const double keys[] = {row.m_hash01.ValueOrDefault(column), row.m_hash02.ValueOrDefault(column),
+                           row.m_hash03.ValueOrDefault(column)};
+    const bool fits = row.m_textFitsInHash.ValueOrDefault(column);
+    if (keys[0] == text.SortKey(0) && keys[1] == text.SortKey(1) && keys[2] == text.SortKey(2) &&
+        fits == text.FitsInSortKeys()) {
+      sort->Add(text);
+    } else if (keys[0] == 0.0 && keys[1] == 0.0 && keys[2] == 0.0 && !fits) {
+      sort->AddWithoutKeys(text);
+    } else {
+      return std::nullopt;
+    }
+  }
+  // Where no text fits, the full texts alone decide: the keys of narrow ones say the same.
+  if (!sort->AnyFits() && !sort->AllAreNarrow()) return std::nullopt;
+  return sort;
+}
 
 }  // namespace
 
-void SortRows(MURowIterator begin, MURowIterator end, const wxString& column, bool reverse) {
+MUScratchArray<MUPlace> SortedPlaces(const MUSingleRowDataPlusRowProperties* const* rows,
+                                     std::size_t count, const wxString& column, bool descending) {
   if (column == Reader::GetStandardizedDataFileStringValue(Reader::RTIME_COLUMN_HEADING)) {
-    SortByReactionTime(begin, end, reverse);
-  } else {
-    TextSort(begin, end, column, reverse).WriteSorted(begin);
+    return SortedByReactionTime(rows, count, descending);
   }
+  if (std::optional<MUTextSort> texts = TextsOf(rows, count, column)) {
+    return texts->Sorted(descending);
+  }
+  return RecordSort(rows, count, column).Sorted(descending);
 }

@@ -4,19 +4,21 @@
 
 #include <wx/string.h>
 
-#include <deque>
+#include <cstddef>
+
+#include "Tabulon/src/MUKeyedSort.h"
 
 struct MUSingleRowDataPlusRowProperties;
 
-using MURowIterator = std::deque<MUSingleRowDataPlusRowProperties*>::iterator;
-
-// Sorts the rows by a column, stably: rows that are equal in all respects keep the order in which they
-// come, also when descending. The reaction-time column sorts as a number, every other one as text.
+// The places of the rows, which count from 0, in the order of a column. Stable: rows that are equal in all
+// respects keep the order in which they come, also when descending. The reaction-time column sorts as a
+// number, every other one as text. There must be fewer than 2 to the power 32 rows.
 //
 // The order of texts is that of these passes, each of them stable, from first to last, with the functors
 // of MUSortFunctors.h: the rows whose text fits its sort keys are put first (descending: last); the others
 // are sorted by their full text, and if none fits, that is all; then all are sorted by the third, the
 // second and the first sort key. It is made here with fewer steps.
-void SortRows(MURowIterator begin, MURowIterator end, const wxString& column, bool reverse);
+MUScratchArray<MUPlace> SortedPlaces(const MUSingleRowDataPlusRowProperties* const* rows,
+                                     std::size_t count, const wxString& column, bool descending);
 
 #endif

@@ -10,6 +10,7 @@ bool MURowStore::insert(unsigned long key, Row* row) {
   slot = row;
   ++page->used;
   ++m_size;
+  ++m_version;
   return true;
 }
 
@@ -19,12 +20,14 @@ bool MURowStore::erase(unsigned long key) {
   page->rows[key % PAGE_SIZE] = nullptr;
   if (--page->used == 0) page.reset();
   --m_size;
+  ++m_version;
   return true;
 }
 
 void MURowStore::clear() {
   m_pages.clear();
   m_size = 0;
+  ++m_version;
 }
 
 std::size_t MURowStore::FirstUsedPlaceFrom(std::size_t place) const {

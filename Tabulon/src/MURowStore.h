@@ -48,6 +48,23 @@ class MURowStore {
   }
   const_iterator end() const { return {this, PlaceCount()}; }
 
+  // Above every key.
+  unsigned long KeyLimit() const { return PlaceCount(); }
+  // Another number after every change. Who keeps what he found out about the rows can tell whether it holds.
+  unsigned long Version() const { return m_version; }
+
+  // Calls action(key, row) for every row in key order. The action must not insert or erase.
+  template <typename ACTION>
+  void ForEach(ACTION action) const {
+    unsigned long key = 0;
+    for (const std::unique_ptr<Page>& page : m_pages) {
+      for (std::size_t i = 0; page != nullptr && i < PAGE_SIZE; ++i) {
+        if (page->rows[i] != nullptr) action(key + i, page->rows[i]);
+      }
+      key += PAGE_SIZE;
+    }
+  }
+
   // Null if no row has the key.
   Row* find(unsigned long key) const {
     if (key >= PlaceCount()) return nullptr;
@@ -73,6 +90,7 @@ class MURowStore {
 
   std::vector<std::unique_ptr<Page>> m_pages;
   std::size_t m_size = 0;
+  unsigned long m_version = 0;
 };
 
 #endif

@@ -1,8 +1,16 @@
 #include "Tabulon/src/MURowText.h"
 
+#include <atomic>
 #include <utility>
 
 #include "Tabulon/src/MURowMap.h"
+
+namespace {
+
+// For all tables together, so that no row need know its table.
+std::atomic<unsigned long> versionOfOverlays{0};
+
+}  // namespace
 
 MURowText::MURowText(const MURowText& other)
     : m_block(other.m_block),
@@ -22,6 +30,13 @@ MURowText& MURowText::operator=(const MURowText& other) {
 MURowText::~MURowText() { delete m_overlays; }
 
 MURowOverlays& MURowText::MakeOverlays() const {
-  if (!m_overlays) m_overlays = new MURowOverlays;
+  if (!m_overlays) {
+    m_overlays = new MURowOverlays;
+    versionOfOverlays.fetch_add(1, std::memory_order_relaxed);
+  }
   return *m_overlays;
+}
+
+unsigned long MURowText::VersionOfOverlays() {
+  return versionOfOverlays.load(std::memory_order_relaxed);
 }

@@ -37,6 +37,8 @@ class MURowText {
   // The entries of the row's maps that were asked for by reference or put in; null if none.
   const MURowOverlays* Overlays() const { return m_overlays; }
   MURowOverlays& MakeOverlays() const;
+  // Another number whenever any row has got its first entry.
+  static unsigned long VersionOfOverlays();
 
  private:
   MUDataFileBlockPtr m_block;

@@ -6,13 +6,16 @@
 #include <limits>
 #include <map>
 #include <memory>
+#include <numeric>
 #include <random>
+#include <vector>
 
 #include "Tabulon/src/MUColumnNamePlusProperties.h"
 #include "Tabulon/src/MUKeyedSort.h"
 #include "Tabulon/src/MURowSort.h"
 #include "Tabulon/src/MUSingleRowDataPlusRowProperties.h"
 #include "Tabulon/src/MUSortFunctors.h"
+#include "Tabulon/src/MUTextSort.h"
 #include "tests/Tabulon/TableTestSupport.h"
 
 namespace {
@@ -335,7 +338,15 @@ TEST(SortFunctors, NotANumberTakesThePlaceOfNoNumber) {
 
 // ---- The sort against the passes that define it
 
-using Rows = std::deque<Row*>;
+using Rows = std::vector<Row*>;
+
+Rows Sorted(const Rows& rows, const wxString& column, bool reverse) {
+  Rows sorted;
+  for (const MUPlace place : SortedPlaces(rows.data(), rows.size(), column, reverse)) {
+    sorted.push_back(rows[place]);
+  }
+  return sorted;
+}
 
 void SortAscendingByPasses(Rows& rows, const wxString& column) {
   const auto middle =
@@ -380,17 +391,14 @@ TEST(SortProperty, RowsMadeByHandSortAsThePassesDo) {
     }
     for (const bool reverse : {false, true}) {
       Rows expected = rows;
-      Rows sorted = rows;
       if (reverse) {
         SortDescendingByPasses(expected, column);
       } else {
         SortAscendingByPasses(expected, column);
       }
-      SortRows(sorted.begin(), sorted.end(), column, reverse);
-      ASSERT_EQ(sorted, expected) << "reverse " << reverse;
+      ASSERT_EQ(Sorted(rows, column, reverse), expected) << "reverse " << reverse;
 
       expected = rows;
-      sorted = rows;
       if (reverse) {
         std::stable_sort(expected.begin(), expected.end(),
                          CustomComparatorByRowReactionTimeFunctorReverse(reactionTime));
@@ -398,8 +406,76 @@ TEST(SortProperty, RowsMadeByHandSortAsThePassesDo) {
         std::stable_sort(expected.begin(), expected.end(),
                          CustomComparatorByRowReactionTimeFunctor(reactionTime));
       }
-      SortRows(sorted.begin(), sorted.end(), reactionTime, reverse);
-      ASSERT_EQ(sorted, expected) << "reaction time, reverse " << reverse;
+      ASSERT_EQ(Sorted(rows, reactionTime, reverse), expected)
+          << "reaction time, reverse " << reverse;
+    }
+  }
+}
+
+// A text with or without keys, and how it orders by them.
+struct KeyedText {
+  std::string narrow;
+  std::wstring wide;
+  bool isWide;
+  bool hasKeys;
+
+  MUCellText View() const {
+    return isWide ? MUCellText(wide.data(), wide.size()) : MUCellText(narrow.data(), narrow.size());
+  }
+  double Key(std::size_t piece) const { return hasKeys ? View().SortKey(piece) : 0.0; }
+  bool Fits() const { return hasKeys && View().FitsInSortKeys(); }
+};
+
+bool OrdersBefore(const KeyedText& a, const KeyedText& b) {
+  for (std::size_t piece = 0; piece < MUCellText::SORT_PIECES; ++piece) {
+    if (a.Key(piece) != b.Key(piece)) return a.Key(piece) < b.Key(piece);
+  }
+  if (a.Fits() || b.Fits()) return a.Fits() && !b.Fits();
+  return a.View().Compare(b.View()) < 0;
+}
+
+TEST(TextSort, OrdersByKeysThenByWhatTheyCoverThenByText) {
+  for (unsigned seed = 1; seed < 400; ++seed) {
+    SCOPED_TRACE("seed " + std::to_string(seed));
+    std::mt19937 random(seed);
+    // What most texts begin with decides how far their differences are from their beginning.
+    const std::string start(seed % 5 * 9, 'p');
+    const char* const alphabet = seed % 3 == 0 ? "ab" : "abcdefgh XYZ019~";
+    const std::size_t letters = std::char_traits<char>::length(alphabet);
+    const bool someAreWide = seed % 4 == 0;
+    const bool someAreWithoutKeys = seed % 7 == 0;
+    const bool someHaveZeroBytes = seed % 6 == 0;
+    std::vector<KeyedText> texts(random() % 900 + 1);
+    for (KeyedText& text : texts) {
+      if (random() % 10 != 0) text.narrow = start;
+      const std::size_t length = random() % (seed % 2 == 0 ? 5 : 40);
+      for (std::size_t i = 0; i < length; ++i) {
+        text.narrow += someHaveZeroBytes && random() % 3 == 0 ? '\0' : alphabet[random() % letters];
+      }
+      text.wide.assign(text.narrow.begin(), text.narrow.end());
+      // The low byte of the second letter is that of the first.
+      if (!text.wide.empty() && random() % 2 == 0) text.wide.back() = L'\u0161';
+      text.isWide = someAreWide && random() % 3 == 0;
+      text.hasKeys = !someAreWithoutKeys || random() % 3 != 0;
+      if (!text.hasKeys) text.narrow.clear();
+    }
+    MUTextSort sort(texts.size());
+    for (const KeyedText& text : texts) {
+      if (text.hasKeys) {
+        sort.Add(text.View());
+      } else {
+        sort.AddWithoutKeys(text.View());
+      }
+    }
+    for (const bool descending : {false, true}) {
+      std::vector<MUPlace> expected(texts.size());
+      std::iota(expected.begin(), expected.end(), MUPlace{0});
+      std::stable_sort(expected.begin(), expected.end(), [&](MUPlace a, MUPlace b) {
+        return descending ? OrdersBefore(texts[b], texts[a]) : OrdersBefore(texts[a], texts[b]);
+      });
+      const auto places = sort.Sorted(descending);
+      ASSERT_EQ(std::vector<MUPlace>(places.begin(), places.end()), expected)
+          << "descending " << descending;
     }
   }
 }
@@ -408,17 +484,52 @@ TEST(KeyedSort, IsAStableSort) {
   for (unsigned seed = 1; seed < 200; ++seed) {
     SCOPED_TRACE("seed " + std::to_string(seed));
     std::mt19937_64 random(seed);
-    MUKeyedPlaces places(random() % 3000);
-    const std::uint64_t mask = random() & random();
-    for (std::size_t i = 0; i < places.size(); ++i) {
-      places[i] = {random() & mask, static_cast<std::uint32_t>(i)};
+    const unsigned bits = static_cast<unsigned>(random() % 64);
+    const std::uint64_t mask = random() & random() & ((std::uint64_t{1} << bits) - 1);
+    std::vector<std::uint64_t> keys(random() % 3000);
+    for (std::uint64_t& key : keys) key = random() & mask;
+    for (const bool descending : {false, true}) {
+      std::vector<MUPlace> expected(keys.size());
+      std::iota(expected.begin(), expected.end(), MUPlace{0});
+      std::stable_sort(expected.begin(), expected.end(), [&](MUPlace a, MUPlace b) {
+        return descending ? keys[a] > keys[b] : keys[a] < keys[b];
+      });
+      MUKeyedSort sort(keys.size(), bits, descending);
+      for (MUPlace place = 0; place < keys.size(); ++place) sort.Add(keys[place], place);
+      std::vector<MUPlace> sorted(keys.size());
+      sort.WriteSorted(sorted.data());
+      ASSERT_EQ(sorted, expected) << bits << " bits, descending " << descending;
     }
-    MUKeyedPlaces expected = places;
-    std::stable_sort(expected.begin(), expected.end(),
-                     [](const MUKeyedPlace& a, const MUKeyedPlace& b) { return a.key < b.key; });
-    MUKeyedPlaces scratch;
-    StableSortByKey(places.begin(), places.end(), scratch);
-    for (std::size_t i = 0; i < places.size(); ++i) ASSERT_EQ(places[i].place, expected[i].place);
+  }
+}
+
+TEST(KeyPacking, PackedKeysOrderAsTheWholeOnesDo) {
+  for (unsigned seed = 1; seed < 300; ++seed) {
+    SCOPED_TRACE("seed " + std::to_string(seed));
+    std::mt19937_64 random(seed);
+    MUKeyPacking<3> packing;
+    std::vector<MUKeyPacking<3>::Key> keys(random() % 40 + 2);
+    MUKeyPacking<3>::Key mask;
+    // From a few bits in which keys differ to far more than are kept.
+    for (std::uint64_t& word : mask) {
+      word = random();
+      for (unsigned i = 0; i < seed % 6; ++i) word &= random();
+    }
+    for (auto& key : keys) {
+      for (std::size_t word = 0; word < key.size(); ++word)
+        key[word] = (random() & mask[word]) ^ ~mask[word];
+      packing.Examine(key);
+    }
+    packing.Finish();
+    for (const auto& a : keys) {
+      ASSERT_EQ(packing.Pack(a) >> packing.Bits(), 0u);
+      for (const auto& b : keys) {
+        const bool less = packing.Pack(a) < packing.Pack(b);
+        const bool equal = packing.Pack(a) == packing.Pack(b) && packing.IsComplete();
+        ASSERT_TRUE(!less || a < b);
+        ASSERT_TRUE(!equal || a == b);
+      }
+    }
   }
 }
 

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <cstdio>
 #include <cstdlib>
 #include <memory>
 
@@ -170,6 +171,59 @@ TEST_F(PrinterTest, ReplacesValuesThatUtf8CannotHold) {
             std::string::npos)
       << report;
   EXPECT_NE(report.find("test002another\""), std::string::npos);
+}
+
+TEST_F(PrinterTest, KeepsLineEndsAndNulCharactersOfATextAsTheyAre) {
+  m_printer->AddFailingTestResult(wxT("a\r\nb"), wxT("\r"), wxT("\n\r"), wxString(L"x\0y", 3));
+  const std::string report = Report();
+  EXPECT_NE(report.find("\"test001a\r\nb\" status"), std::string::npos);
+  EXPECT_NE(report.find("<failure message=\"\r\" type=\"\">\n\n <![CDATA[\n\r\nx"),
+            std::string::npos);
+  EXPECT_NE(report.find(std::string("\nx") + '\0' + "y]]>\n\n</failure>\n</testcase>\n"),
+            std::string::npos);
+}
+
+// A report far larger than any one block of memory that it may be kept in, and so is a single text of it.
+TEST_F(PrinterTest, WritesALargeReportWholeAndInOrder) {
+  const size_t large = 200000;
+  std::string expected =
+      "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+      "<testsuites tests=\"6003\" failures=\"3\" disabled=\"0\" errors=\"0\" time=\"5996997\" "
+      "name=\"AllTests\">\n"
+      "    <testsuite name=\"DefaultInitialTestSuite_ConcreteFakeJUnitPrinter_pid_@PID@\" "
+      "tests=\"0\" failures=\"0\" disabled=\"0\" errors=\"0\" time=\"0\">\n"
+      "    </testsuite>\n";
+  int number = 0;
+  const auto start = [&number] {
+    char text[64];
+    std::snprintf(text, sizeof text, "        <testcase name=\"test%03d", ++number);
+    return std::string(text);
+  };
+  for (const std::string suite : {"one", "two", "three"}) {
+    m_printer->NewTestSuite(suite);
+    expected += "    <testsuite name=\"" + suite +
+                "_pid_@PID@\" tests=\"2001\" failures=\"1\" "
+                "disabled=\"0\" errors=\"0\" time=\"1998999\">\n";
+    for (int i = 0; i < 1000; ++i) {
+      m_printer->AddPassingTestResult(wxT("_before"));
+      expected += start() + "_before\" status=\"run\" time=\"999\" />\n";
+    }
+    m_printer->AddFailingTestResult(wxT("n"), wxT("s"), wxString(L'l', large),
+                                    wxString(L'\u4e2d', large));
+    expected += start() +
+                "n\" status=\"run\" time=\"999\" >\n        <failure message=\"s\" type=\"\">\n\n "
+                "<![CDATA[" +
+                std::string(large, 'l') + "\n";
+    for (size_t i = 0; i < large; ++i) expected += "\xE4\xB8\xAD";
+    expected += "]]>\n\n</failure>\n</testcase>\n";
+    for (int i = 0; i < 1000; ++i) {
+      m_printer->AddPassingTestResult(wxT("_after\u00e4"));
+      expected += start() + "_after\xC3\xA4\" status=\"run\" time=\"999\" />\n";
+    }
+    expected += "    </testsuite>\n";
+  }
+  expected += "</testsuites>\n";
+  EXPECT_TRUE(Report() == expected);  // too long to be shown
 }
 
 TEST_F(PrinterTest, TheSwitchForAHumanChangesNothing) {

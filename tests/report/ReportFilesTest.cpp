@@ -1,9 +1,11 @@
 // Which files the report writer makes, moves and leaves alone.
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <wx/log.h>
 
+#include <csignal>
 #include <cstdlib>
 #include <memory>
 
@@ -101,6 +103,22 @@ TEST_F(ReportFilesTest, NothingOfAMovedReportSurvivesANormalEnd) {
   }
 }
 
+TEST_F(ReportFilesTest, TheReportKeepsThePermissionsOfTheFileThatItReplaces) {
+  const auto permissions = [this] {
+    struct stat status = {};
+    EXPECT_EQ(stat(At(m_report).c_str(), &status), 0);
+    return status.st_mode & 0777;
+  };
+  const mode_t former = umask(027);
+  Made(true).reset();
+  umask(former);
+  EXPECT_EQ(permissions(), 0640u);
+  ASSERT_EQ(chmod(At(m_report).c_str(), 0604), 0);
+  Made(true).reset();
+  EXPECT_EQ(permissions(), 0604u);
+  EXPECT_EQ(Names(), (std::vector<std::string>{m_report, m_flag}));
+}
+
 TEST_F(ReportFilesTest, WithoutTheFolderTheReportIsLostAndTheProcessGoesOn) {
   Tests::ScratchFolder empty;
   const Tests::WorkingDirectory directory(empty.Path());
@@ -129,6 +147,32 @@ TEST_F(ReportFilesTest, AWorkingRunLogsNothing) {
   LogCounter log;
   Made(true).reset();
   EXPECT_EQ(log.count, 0);
+}
+
+TEST_F(ReportFilesTest, OfAReportThatDoesNotFitTheBeginningIsKeptAndTheLossLogged) {
+  const auto fill = [](ConcreteFakeJUnitPrinter& printer) {
+    for (int i = 0; i < 5000; ++i) printer.AddPassingTestResult(wxT("t"));
+  };
+  auto printer = Made(true);
+  fill(*printer);
+  printer.reset();
+  const std::string whole = Tests::ReadFile(At(m_report));
+
+  printer = Made(true);
+  fill(*printer);
+  LogCounter log;
+  rlimit former = {};
+  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &former), 0);
+  const rlimit small = {100000, former.rlim_max};
+  const auto onSignal = std::signal(SIGXFSZ, SIG_IGN);
+  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+  printer.reset();
+  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &former), 0);
+  std::signal(SIGXFSZ, onSignal);
+
+  EXPECT_TRUE(Tests::ReadFile(At(m_report)) == whole.substr(0, 100000));  // too long to be shown
+  EXPECT_GT(log.count, 0);
+  EXPECT_EQ(Names(), (std::vector<std::string>{m_report, m_flag}));
 }
 
 // It is the run before a human's eyes that keeps silent; an unattended one leaves a trace in the log.

@@ -1,0 +1,53 @@
+// The different texts of a column, numbered, and the number of every row.
+#ifndef TABULON_SRC_MUCOLUMNDICTIONARY_H
+#define TABULON_SRC_MUCOLUMNDICTIONARY_H
+
+#include <wx/string.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "Tabulon/src/MUCellText.h"
+#include "Tabulon/src/MUScratchArray.h"
+#include "Tabulon/src/MUTextKeeper.h"
+
+class MURowStore;
+
+// Tells of the rows as they were when it was made. A row without such a cell has the empty text. It keeps
+// what its texts are borrowed from, so that it may outlive the rows.
+class MUColumnDictionary {
+ public:
+  // Of a key without a row, and of a text that no row has.
+  static constexpr std::uint32_t NONE = static_cast<std::uint32_t>(-1);
+
+  MUColumnDictionary(const MURowStore& rows, const wxString& column);
+
+  // Numbers count from 0 in the order in which the texts come first in the order of the row keys.
+  std::size_t TextCount() const { return m_texts.size(); }
+  // number: below TextCount().
+  const MUCellText& Text(std::uint32_t number) const { return m_texts[number]; }
+  std::uint32_t NumberOfRow(unsigned long key) const {
+    return key < m_numbers.size() ? m_numbers[key] : NONE;
+  }
+  std::uint32_t NumberOfText(const MUCellText& text) const;
+  // Whether no row had entries of its own, which may be written at any time.
+  bool RowsArePlain() const { return m_rowsArePlain; }
+
+ private:
+  struct Slot {
+    std::uint32_t hash;
+    std::uint32_t number;  // NONE if the slot is free
+  };
+
+  std::size_t FindSlot(const MUCellText& text, std::uint32_t hash) const;
+  void MakeRoom();
+
+  MUScratchArray<std::uint32_t> m_numbers;  // by row key
+  MULargeVector<MUCellText> m_texts;        // by number
+  MUScratchArray<Slot> m_slots;             // a power of two of them, at most half of them in use
+  MUTextKeeper m_keeper;
+  bool m_rowsArePlain = true;
+};
+
+#endif

@@ -1,0 +1,65 @@
+// Sorts texts by their sort keys.
+#ifndef TABULON_SRC_MUTEXTSORT_H
+#define TABULON_SRC_MUTEXTSORT_H
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+#include "Tabulon/src/MUCellText.h"
+#include "Tabulon/src/MUKeyedSort.h"
+
+// Orders texts by their three sort keys; of texts with equal keys come those first which the keys cover
+// whole, and then the others by their full text. Texts that are equal in all this keep the order in which
+// they were added. The texts are borrowed.
+class MUTextSort {
+ public:
+  // count: how many texts will be added, below 2 to the power 32.
+  explicit MUTextSort(std::size_t count);
+
+  void Add(const MUCellText& text);
+  // A text whose row has no keys for it: they read as 0, and as if they did not cover it.
+  void AddWithoutKeys(const MUCellText& text);
+
+  // Whether the keys of any text cover it.
+  bool AnyFits() const { return m_unfitCount < m_count; }
+  // Whether all are stored with one byte for a character.
+  bool AllAreNarrow() const { return m_allNarrow; }
+
+  // The texts' places, counted from 0 as they were added, in order. descending: everything the other way
+  // round, but for texts that are equal.
+  MUScratchArray<MUPlace> Sorted(bool descending) const;
+
+ private:
+  // The keys' characters, eight a word, one byte each. The last word has characters 16 and 17, then a bit
+  // that is set if the keys do not cover the text, and then some more characters of such a text, as far as
+  // it is narrow.
+  using Words = MUKeyPacking<3>::Key;
+  using FurtherWords = std::array<std::uint64_t, 2>;
+
+  void Append(std::uint64_t first, const FurtherWords& further, const MUCellText& text);
+  Words WordsAt(MUPlace place) const {
+    if (m_further.size() == 0) return {m_firstWords[place], 0, 0};
+    const FurtherWords& further = m_further[place];
+    return {m_firstWords[place], further[0], further[1] & m_lastWordMask};
+  }
+  bool IsUnfit(MUPlace place) const;
+  void SortByWords(MUPlace* begin, MUPlace* end, bool descending) const;
+  template <typename KEY_OF>
+  void SortUnfitGroups(MUPlace* begin, MUPlace* end, KEY_OF keyOf, bool descending) const;
+  void SortByText(MUPlace* begin, MUPlace* end, bool descending) const;
+
+  std::size_t m_capacity;
+  std::size_t m_count = 0;
+  std::size_t m_unfitCount = 0;
+  bool m_allNarrow = true;
+  // Where wide texts stand among narrow ones, a byte for a character says too little beyond the keys.
+  std::uint64_t m_lastWordMask = ~std::uint64_t{0};
+  MUScratchArray<std::uint64_t> m_firstWords;
+  // Made with the first text that differs from a short one in them.
+  MUScratchArray<FurtherWords> m_further;
+  // Made with the first text that its keys do not cover; the others have no entry worth reading.
+  MUScratchArray<MUCellText> m_unfitTexts;
+};
+
+#endif
