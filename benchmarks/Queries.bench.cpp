@@ -1,5 +1,6 @@
 // Queries of the table of two hundred files. "first" is the first question after loading; "again" is the
-// same question once more after the cached answers, and nothing else, were dropped.
+// same question once more after the cached answers, and nothing else, were dropped; "sorted" is the first
+// question after a sort by many values, which leaves neighbours far apart in memory.
 #include <string>
 #include <vector>
 
@@ -33,6 +34,21 @@ const bool registered = [] {
                                                                           ONE_OF_FEW_VALUES, true));
   });
   const auto sort = [](Table& table) { table.SetSortColumn(FEW_VALUES, false); };
+  const auto sortFar = [](Table& table) { table.SetSortColumn(MANY_VALUES, false); };
+  RegisterOnFreshTable(
+      "query/sorted/distinct_few", [](Table& table) { Distinct(table, FEW_VALUES); }, sortFar);
+  RegisterOnFreshTable(
+      "query/sorted/distinct_many", [](Table& table) { Distinct(table, MANY_VALUES); }, sortFar);
+  RegisterOnFreshTable(
+      "query/sorted/where",
+      [](Table& table) {
+        benchmark::DoNotOptimize(table.GetAllFromCol_X_WhereField_Y_Matches_Z(
+            MANY_VALUES, FEW_VALUES, ONE_OF_FEW_VALUES, true));
+      },
+      sortFar);
+  RegisterOnFreshTable(
+      "query/sorted/read_column",
+      [](Table& table) { benchmark::DoNotOptimize(ReadColumn(table, MANY_VALUES)); }, sortFar);
   RegisterOnFreshTable(
       "query/first/read_column",
       [](Table& table) { benchmark::DoNotOptimize(ReadColumn(table, MANY_VALUES)); }, sort);

@@ -2,12 +2,13 @@
 
 #include <wx/textfile.h>
 
+#include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <deque>
 #include <iostream>
 
 #include "Tabulon/src/MUExperimentTextReaderMultiFile.h"
-#include "Tabulon/src/MUSingleRowDataPlusRowProperties.h"
 
 namespace Bench {
 namespace {
@@ -64,21 +65,14 @@ std::unique_ptr<Table> LoadNotified(const Files& files) {
 
 std::size_t ReadColumn(const Table& table, const wxString& column) {
   std::size_t length = 0;
-  const MUDataFileBlock* block = nullptr;
-  std::size_t position = MUDataFileBlock::NOT_FOUND;
-  const auto rows = static_cast<unsigned long>(table.GetNumberOfDataRows());
-  for (unsigned long index = 0; index < rows; ++index) {
-    const auto* const row =
-        table.GetRowByRowIndexAndVisibilityFilter(index, Table::ONLY_FULLY_SHOWN_ROWS);
-    if (row->HasOverlay() || row->Block() == nullptr) {
-      length += row->m_cells.ValueOrDefault(column).length();
-      continue;
-    }
-    if (row->Block() != block) {
-      block = row->Block();
-      position = block->PositionOf(column);
-    }
-    length += row->CellAt(position).Length();
+  std::array<MUCellText, 1024> texts;
+  const auto most = static_cast<int>(texts.size());
+  const int position = table.GetColumnPositionNumberFromText(column);
+  const int rows = table.GetNumberOfDataRows();
+  for (int row = 0; row < rows; row += most) {
+    const int count = std::min(most, rows - row);
+    table.GetDataColumnTexts(position, row, count, texts.data());
+    for (int i = 0; i < count; ++i) length += texts[static_cast<std::size_t>(i)].Length();
   }
   return length;
 }

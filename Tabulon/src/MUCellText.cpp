@@ -57,6 +57,15 @@ std::uint64_t MUCellText::SortBits(std::size_t piece) const {
   return bits;
 }
 
+MUWantedText::MUWantedText(const wxString& text) : m_view(text.wc_str(), text.length()) {
+  for (std::size_t i = 0; i < m_view.Length(); ++i) {
+    const wchar_t character = m_view[i];
+    if (static_cast<std::uint32_t>(character) > 127) return;
+    m_narrow += static_cast<char>(character);
+  }
+  m_view = MUCellText(m_narrow.data(), m_narrow.size());
+}
+
 double MUSortableNumericHash(const wxString& text) {
   const auto wide = text.wc_str();
   const wchar_t* characters = wide;

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 
 // A light, copyable view. It owns nothing: valid as long as the MUDataFileBlock it came from, that is
 // as long as one row of that file lives. A narrow cell holds one ASCII character per byte.
@@ -22,6 +23,9 @@ class MUCellText {
 
   std::size_t Length() const { return m_size >> 1; }
   bool IsEmpty() const { return Length() == 0; }
+
+  // Calls the text's beginning up into the cache.
+  void Prefetch() const { __builtin_prefetch(m_text); }
 
   // Null unless the text is stored in that width; not terminated.
   const char* Narrow() const { return IsWide() ? nullptr : static_cast<const char*>(m_text); }
@@ -89,6 +93,25 @@ class MUCellText {
 
   const void* m_text;
   std::size_t m_size;  // twice the length, and one more if the text is wide
+};
+
+// A text to compare many cells with.
+class MUWantedText {
+ public:
+  // The text must outlive this.
+  explicit MUWantedText(const wxString& text);
+  MUWantedText(const MUWantedText&) = delete;
+  MUWantedText& operator=(const MUWantedText&) = delete;
+
+  // As narrow as it can be.
+  const MUCellText& View() const { return m_view; }
+  bool Equals(const MUCellText& cell) const {
+    return cell.Length() == m_view.Length() && cell == m_view;
+  }
+
+ private:
+  std::string m_narrow;
+  MUCellText m_view;
 };
 
 struct MUCellTextHash {

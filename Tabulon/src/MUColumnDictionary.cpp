@@ -14,7 +14,9 @@ constexpr std::size_t FIRST_SLOTS = 64;
 constexpr std::size_t ROWS_AT_ONCE = 32;
 
 // The slots take the high bits, which depend on all of the text.
-std::uint32_t HashOf(const MUCellText& text) { return static_cast<std::uint32_t>(text.Hash() >> 32); }
+std::uint32_t HashOf(const MUCellText& text) {
+  return static_cast<std::uint32_t>(text.Hash() >> 32);
+}
 
 }  // namespace
 

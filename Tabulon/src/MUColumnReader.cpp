@@ -6,7 +6,9 @@ MUCellText MUColumnReader::TextOfRecord(const MUSingleRowDataPlusRowProperties& 
 }
 
 void MUColumnReader::LookUpIn(const MUDataFileBlock& block) {
+  const auto [place, isNew] = m_places.try_emplace(&block);
+  if (isNew) place->second = {block.PositionOf(m_name), block.FindHiddenCell(m_name)};
   m_block = &block;
-  m_position = block.PositionOf(m_name);
-  m_hiddenText = block.FindHiddenCell(m_name);
+  m_position = place->second.position;
+  m_hiddenText = place->second.hiddenText;
 }

@@ -5,14 +5,14 @@
 #include <wx/string.h>
 
 #include <cstddef>
+#include <unordered_map>
 
 #include "Tabulon/src/MUCellText.h"
 #include "Tabulon/src/MUDataFileBlock.h"
 #include "Tabulon/src/MUSingleRowDataPlusRowProperties.h"
 
-// Looks the column up once per file instead of once per row; rows of one file follow each other nearly
-// always. A hidden cell is read like any other. For the time of one walk over rows: none of them may be
-// deleted while the reader is in use.
+// Looks the column up once per file instead of once per row. A hidden cell is read like any other. For the
+// time of one walk over rows: none of them may be deleted while the reader is in use.
 class MUColumnReader {
  public:
   explicit MUColumnReader(const wxString& name) : m_name(name) {}
@@ -40,7 +40,14 @@ class MUColumnReader {
   MUCellText TextOfRecord(const MUSingleRowDataPlusRowProperties& row) const;
   void LookUpIn(const MUDataFileBlock& block);
 
+  struct Place {
+    std::size_t position;
+    const wxString* hiddenText;
+  };
+
   const wxString m_name;
+  std::unordered_map<const MUDataFileBlock*, Place> m_places;  // of the files that were read so far
+  // The last one of them.
   const MUDataFileBlock* m_block = nullptr;
   std::size_t m_position = MUDataFileBlock::NOT_FOUND;
   const wxString* m_hiddenText = nullptr;

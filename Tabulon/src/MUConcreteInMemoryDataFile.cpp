@@ -32,7 +32,7 @@ const std::size_t LARGEST_PIECE_OF_READING = 4096;
 wxString Trimmed(wxString text) { return text.Trim(true).Trim(false); }
 
 // False if the length cannot be had or a read fails.
-bool ReadAllBytes(wxFile* file, std::vector<char>* bytes) {
+bool ReadAllBytes(wxFile* file, MUPoolVector<char>* bytes) {
   const wxFileOffset length = file ? file->Length() : wxFileOffset(wxInvalidOffset);
   if (length == wxInvalidOffset) return false;
   bytes->resize(static_cast<std::size_t>(length));
@@ -102,7 +102,7 @@ bool TakeLines(const Char* text, const Char* textEnd, MUDataFileBlockBuilder* bu
   return allStored;
 }
 
-bool TakeLinesOfBytes(const std::vector<char>& bytes, MUDataFileLines* lines) {
+bool TakeLinesOfBytes(const MUPoolVector<char>& bytes, MUDataFileLines* lines) {
   using Builder = MUDataFileBlockBuilder;
   MUPlainTextMeasure plain;
   if (MUMeasurePlainText(bytes.data(), bytes.size(), &plain)) {
@@ -158,7 +158,7 @@ MUConcreteInMemoryDataFile::~MUConcreteInMemoryDataFile() {
 }
 
 void MUConcreteInMemoryDataFile::PopulateLinesCollection(wxFile* file) {
-  std::vector<char> bytes;
+  MUPoolVector<char> bytes;
   if (!ReadAllBytes(file, &bytes) || !TakeLinesOfBytes(bytes, &lines)) {
     wxLogFatalError(wxT("Failed to slurp into string."));
     // Should that return, the file counts as empty.

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "Tabulon/src/MUCellText.h"
+#include "Tabulon/src/MUPooledMemory.h"
 
 // Holds the cells of all data rows of one file as one run of characters with an offset per cell, the
 // names of the columns by position, and the hidden cells, which are the same on every row.
@@ -41,6 +42,13 @@ class MUDataFileBlock {
     const std::size_t length = *end - start;
     return m_isWide ? MUCellText(m_wideText.data() + offset, length)
                     : MUCellText(m_narrowText.data() + offset, length);
+  }
+  // What Cell reads, called up into the cache in two steps: the second one finds what the first one brought.
+  // The row must be one of the block's.
+  void PrefetchRow(std::size_t row) const { __builtin_prefetch(&m_rows[row]); }
+  void PrefetchCell(std::size_t row, std::size_t position) const {
+    if (position < CellCount(row))
+      __builtin_prefetch(&m_cellEnds[m_rows[row].firstCell + position]);
   }
   // Cells of the longest line.
   std::size_t LargestCellCount() const;
@@ -78,10 +86,10 @@ class MUDataFileBlock {
 
   mutable std::size_t m_references;
   bool m_isWide;
-  std::vector<char> m_narrowText;
-  std::vector<wchar_t> m_wideText;
-  std::vector<Row> m_rows;  // and one more at the end, where a next one would begin
-  std::vector<std::uint32_t>
+  MUPoolVector<char> m_narrowText;
+  MUPoolVector<wchar_t> m_wideText;
+  MUPoolVector<Row> m_rows;  // and one more at the end, where a next one would begin
+  MUPoolVector<std::uint32_t>
       m_cellEnds;  // from the row's start; one separator stands between cells
   std::vector<wxString> m_columnNames;
   std::vector<std::uint32_t> m_positionsByName;  // sorted by name, then by position

@@ -16,7 +16,7 @@ constexpr std::size_t LARGEST_OFFSET = std::numeric_limits<std::uint32_t>::max()
 constexpr std::size_t LONGEST_VISIBLE_FORM = 5;
 
 // Splits off up to count lines and answers where the next one begins.
-std::size_t TakeHeaderLines(const std::vector<char>& bytes, std::size_t count,
+std::size_t TakeHeaderLines(const MUPoolVector<char>& bytes, std::size_t count,
                             std::vector<wxString>* header) {
   std::size_t start = 0;
   while (header->size() < count && start < bytes.size()) {
@@ -60,7 +60,7 @@ MUDataFileBlockBuilder::MUDataFileBlockBuilder(Width width)
   m_block->m_isWide = width == Width::WIDE;
 }
 
-bool MUDataFileBlockBuilder::TakePlainBytes(std::vector<char>& bytes, std::size_t headerLines,
+bool MUDataFileBlockBuilder::TakePlainBytes(MUPoolVector<char>& bytes, std::size_t headerLines,
                                             MUDataFileLines* lines) {
   MUPlainTextMeasure measure;
   if (bytes.size() > LARGEST_OFFSET || !MUMeasurePlainText(bytes.data(), bytes.size(), &measure)) {
@@ -109,13 +109,13 @@ bool MUDataFileBlockBuilder::AppendRow(const wchar_t* begin, const wchar_t* end)
 MUDataFileBlockPtr MUDataFileBlockBuilder::Take() { return std::move(m_block); }
 
 template <typename Char>
-bool MUDataFileBlockBuilder::AppendRowTo(std::vector<Char>& text, const Char* begin,
+bool MUDataFileBlockBuilder::AppendRowTo(MUPoolVector<Char>& text, const Char* begin,
                                          const Char* end) {
   const std::size_t textStart = text.size();
   if (static_cast<std::size_t>(end - begin) > (LARGEST_OFFSET - textStart) / LONGEST_VISIBLE_FORM) {
     return false;
   }
-  std::vector<std::uint32_t>& ends = m_block->m_cellEnds;
+  MUPoolVector<std::uint32_t>& ends = m_block->m_cellEnds;
   if (begin != end) {
     // As MUForEachCell splits, but with the text copied in as long pieces as can be.
     while (end != begin && end[-1] == Char('\t')) --end;
@@ -138,7 +138,7 @@ bool MUDataFileBlockBuilder::AppendRowTo(std::vector<Char>& text, const Char* be
 
 // The cells but the last one have been recorded, those that are dropped from the line's end included.
 void MUDataFileBlockBuilder::EndPlainRow(std::size_t textStart, std::size_t textEnd) {
-  std::vector<std::uint32_t>& ends = m_block->m_cellEnds;
+  MUPoolVector<std::uint32_t>& ends = m_block->m_cellEnds;
   if (textEnd != textStart) ends.push_back(static_cast<std::uint32_t>(textEnd - textStart));
   while (ends.size() > m_firstCell + 1 && ends.back() == ends[ends.size() - 2] + 1) ends.pop_back();
   EndRow(textStart);

@@ -18,7 +18,7 @@ class MUDataFileBlockBuilder {
   // plain text (see MUMeasurePlainText). Otherwise, or if they are too many for the block's offsets,
   // answers false and leaves bytes and lines as they are. headerLines: how many of the first lines go
   // to lines->header, without their terminators.
-  static bool TakePlainBytes(std::vector<char>& bytes, std::size_t headerLines,
+  static bool TakePlainBytes(MUPoolVector<char>& bytes, std::size_t headerLines,
                              MUDataFileLines* lines);
 
   // Room for so much text, rows and cells; more will fit too.
@@ -35,7 +35,7 @@ class MUDataFileBlockBuilder {
 
  private:
   template <typename Char>
-  bool AppendRowTo(std::vector<Char>& text, const Char* begin, const Char* end);
+  bool AppendRowTo(MUPoolVector<Char>& text, const Char* begin, const Char* end);
   void EndPlainRow(std::size_t textStart, std::size_t textEnd);
   void EndRow(std::size_t textStart);
 

@@ -16,7 +16,7 @@ namespace {
 
 // All bytes of an ordinary file that is not empty. Anything else is left to the library, and so is
 // what it has to say about it.
-bool ReadOrdinaryFile(const wxString& path, std::vector<char>* bytes) {
+bool ReadOrdinaryFile(const wxString& path, MUPoolVector<char>* bytes) {
   const wxLogNull silence;
   wxFile file;
   // Opening a pipe could wait for ever.
@@ -46,7 +46,7 @@ bool MUDataTextFile::OnRead(const wxMBConv& conv) {
 }
 
 bool MUDataTextFile::TakeBytesOfPlainFile() {
-  std::vector<char> bytes;
+  MUPoolVector<char> bytes;
   return ReadOrdinaryFile(GetName(), &bytes) &&
          MUDataFileBlockBuilder::TakePlainBytes(bytes, m_headerLines, &m_lines);
 }

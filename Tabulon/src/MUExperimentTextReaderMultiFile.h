@@ -24,6 +24,7 @@
 #include "Tabulon/src/MUInterfaceFileObserver.h"
 #include "Tabulon/src/MUInterfaceMultiExperimentDataSource.h"
 #include "Tabulon/src/MURowStore.h"
+#include "Tabulon/src/MUScratchArray.h"
 #include "Tabulon/src/MUSelectedTexts.h"
 #include "Tabulon/src/TriStateTrueFalseUnknown.h"
 
@@ -86,6 +87,9 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
   // The same text without a copy, for who reads many cells. Borrowed until the next notification, or until
   // the row's cell is written or the row deleted.
   MUCellText GetDataCellText(int row, int column) const;
+  // The same of one column in rowCount rows from firstRow on, for who reads a window or a whole column: all
+  // rows' memory is fetched side by side. texts: room for rowCount of them; the caller's.
+  void GetDataColumnTexts(int column, int firstRow, int rowCount, MUCellText* texts) const;
   wxString GetColumnNameText(int column) const override;
   MUSingleRowDataPlusRowProperties* GetRowByRowIndexAndVisibilityFilter(
       unsigned long index, TARGETED_ROW_SEARCH_SET set) const override;
@@ -208,7 +212,7 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
   virtual bool CheckColumnForFlagBits(const wxString& name, unsigned int bits) const;  // life
 
  protected:
-  using RowKeys = std::vector<unsigned long>;
+  using RowKeys = MULargeVector<unsigned long>;
   using RowIndexList = std::list<unsigned long>;
 
   // For a derived viewer that hooks the steps. What queries write is mutable. A viewer that changes flags of
@@ -296,8 +300,12 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
     unsigned long m_nextKey = 0;             // rows from this key on are in no list yet
     const RowKeys* m_shownKeys = nullptr;    // the buffer that holds the shown ones
     RowKeys::size_type m_shownKeyCount = 0;  // how many it held
+    // How many of them the notification before had shown already: so many stand in both buffers.
+    RowKeys::size_type m_previousKeyCount = 0;
   };
   UnsortedOrder m_unsortedOrder;
+  // Whether any file's share of a column can be suppressed.
+  bool m_someSharesAreSuppressed = false;
   // Somebody outside holds records of rows and may change their flags at any time.
   mutable bool m_rowRecordsWereHandedOut = false;
 };

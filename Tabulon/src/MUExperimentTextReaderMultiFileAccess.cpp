@@ -1,5 +1,6 @@
 // The lists of row keys and plain access by row and column.
 #include <algorithm>
+#include <array>
 
 #include "Tabulon/src/MUColumnNamePlusProperties.h"
 #include "Tabulon/src/MUColumnReader.h"
@@ -15,8 +16,16 @@ std::size_t Place(int index) { return static_cast<std::size_t>(index); }
 
 void MUExperimentTextReaderMultiFile::ResetKeysIntoCurrentRowsAll() {
   if (UnsortedOrderOnlyGrew()) {
-    if (m_unsortedOrder.m_shownKeys != m_currentShownRowKeys) {
-      *m_currentShownRowKeys = *m_unsortedOrder.m_shownKeys;
+    const RowKeys& shownKeys = *m_unsortedOrder.m_shownKeys;
+    if (&shownKeys != m_currentShownRowKeys) {
+      // The buffer of the notification before the last has the beginning already.
+      RowKeys& keys = *m_currentShownRowKeys;
+      if (keys.size() != m_unsortedOrder.m_previousKeyCount || keys.size() > shownKeys.size())
+        keys.clear();
+      keys.insert(keys.end(),
+                  shownKeys.begin() + static_cast<RowKeys::difference_type>(keys.size()),
+                  shownKeys.end());
+      m_unsortedOrder.m_previousKeyCount = shownKeys.size();
     }
   } else {
     ForgetRowOrder();
@@ -67,6 +76,7 @@ void MUExperimentTextReaderMultiFile::EraseAllCachedStatefulOptimizedStoredData(
 
 void MUExperimentTextReaderMultiFile::ForgetRowOrder() {
   m_unsortedOrder.m_stands = false;
+  m_unsortedOrder.m_previousKeyCount = 0;
   m_currentShownRowKeys->clear();
   m_allRowKeys.clear();
   m_activeRowKeys.clear();
@@ -96,23 +106,59 @@ wxString MUExperimentTextReaderMultiFile::GetDataCellValue(int row, int column) 
 }
 
 MUCellText MUExperimentTextReaderMultiFile::GetDataCellText(int row, int column) const {
-  const std::vector<wxString>& names = *m_currentColumnNames;
-  const std::size_t place = Place(column);
-  const MUSingleRowDataPlusRowProperties* found = nullptr;
-  // A sort between two notifications may have left fewer keys than the frozen count says.
-  if (Place(row) < m_shownRowCount && place < m_shownColumnCount && place < names.size()) {
-    found = FindShownRow(row);
-  }
-  if (found == nullptr) return MUColumnReader::ViewOf(CELL_STRING_VALUE_WHEN_CELL_IS_UNDEFINED);
+  MUCellText text;
+  GetDataColumnTexts(column, row, 1, &text);
+  return text;
+}
 
-  if (found->Block() != nullptr && !found->HasOverlay()) {
-    const std::vector<std::size_t>& positions = m_cellPositions.In(*found->Block(), names);
-    if (place < positions.size() && positions[place] != MUCellPositions::HIDDEN) {
-      return found->CellAt(positions[place]);
+void MUExperimentTextReaderMultiFile::GetDataColumnTexts(int column, int firstRow, int rowCount,
+                                                         MUCellText* texts) const {
+  constexpr std::size_t ROWS_AT_ONCE = 32;
+  struct PlainCell {
+    const MUDataFileBlock* block;  // null for a row that has to be asked itself
+    std::size_t row;
+    std::size_t position;
+  };
+  std::array<const MUSingleRowDataPlusRowProperties*, ROWS_AT_ONCE> rows;
+  std::array<PlainCell, ROWS_AT_ONCE> cells;
+  const std::vector<wxString>& names = *m_currentColumnNames;
+  const RowKeys& keys = *m_currentShownRowKeys;
+  const std::size_t place = Place(column);
+  // A sort between two notifications may have left fewer keys than the frozen count says.
+  const std::size_t knownRows = place < m_shownColumnCount && place < names.size()
+                                    ? std::min<std::size_t>(m_shownRowCount, keys.size())
+                                    : 0;
+  const std::size_t total = rowCount > 0 ? static_cast<std::size_t>(rowCount) : 0;
+  for (std::size_t done = 0; done < total; done += ROWS_AT_ONCE) {
+    const std::size_t count = std::min(ROWS_AT_ONCE, total - done);
+    for (std::size_t i = 0; i < count; ++i) {
+      const std::size_t row = Place(firstRow) + done + i;
+      rows[i] = row < knownRows ? m_rows.find(keys[row]) : nullptr;
+      if (rows[i] != nullptr) __builtin_prefetch(&rows[i]->m_text);
+    }
+    for (std::size_t i = 0; i < count; ++i) {
+      cells[i].block = nullptr;
+      if (rows[i] == nullptr || rows[i]->Block() == nullptr || rows[i]->HasOverlay()) continue;
+      const std::vector<std::size_t>& positions = m_cellPositions.In(*rows[i]->Block(), names);
+      if (place >= positions.size() || positions[place] == MUCellPositions::HIDDEN) continue;
+      cells[i] = {rows[i]->Block(), rows[i]->m_text.RowInBlock(), positions[place]};
+      cells[i].block->PrefetchRow(cells[i].row);
+    }
+    for (std::size_t i = 0; i < count; ++i) {
+      if (cells[i].block != nullptr) cells[i].block->PrefetchCell(cells[i].row, cells[i].position);
+    }
+    for (std::size_t i = 0; i < count; ++i, ++texts) {
+      if (cells[i].block != nullptr) {
+        *texts = cells[i].block->Cell(cells[i].row, cells[i].position);
+      } else if (rows[i] == nullptr) {
+        *texts = MUColumnReader::ViewOf(CELL_STRING_VALUE_WHEN_CELL_IS_UNDEFINED);
+      } else {
+        const auto cell = rows[i]->m_cells.find(names[place]);
+        *texts =
+            cell == rows[i]->m_cells.end() ? MUCellText() : MUColumnReader::ViewOf(cell->second);
+      }
     }
   }
-  const auto cell = found->m_cells.find(names[place]);
-  return cell == found->m_cells.end() ? MUCellText() : MUColumnReader::ViewOf(cell->second);
 }
 
 wxString MUExperimentTextReaderMultiFile::GetColumnNameText(int column) const {

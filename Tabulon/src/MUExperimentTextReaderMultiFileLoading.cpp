@@ -81,7 +81,16 @@ void MUExperimentTextReaderMultiFile::MergeNewHeadingsWithOldHeadings(
 void MUExperimentTextReaderMultiFile::UnsuppressColumnsBasedOnMultipleFileNames(
     const std::deque<wxString>& fullNames) {
   const MUFileNames names(fullNames.begin(), fullNames.end());
-  for (MUColumnNamePlusProperties* column : m_columns) UnsuppressColumnForFiles(*column, names);
+  bool someAreSuppressed = false;
+  for (MUColumnNamePlusProperties* column : m_columns) {
+    // A column may have a share of each of thousands of files; they are looked through only where one of
+    // them can be suppressed.
+    if (m_someSharesAreSuppressed ||
+        (column->m_columnPropertyFlags & MU_COL_FLAG_SUPPRESSED_BY_FILE) != 0) {
+      someAreSuppressed = UnsuppressColumnForFiles(*column, names) || someAreSuppressed;
+    }
+  }
+  m_someSharesAreSuppressed = someAreSuppressed;
 }
 
 void MUExperimentTextReaderMultiFile::MaintainRunningListOfExperimentFiles(const wxString& fullName,

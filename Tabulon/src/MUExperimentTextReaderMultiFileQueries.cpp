@@ -4,8 +4,8 @@
 #include <memory>
 #include <unordered_set>
 
-#include "Tabulon/src/MUColumnNamePlusProperties.h"
 #include "Tabulon/src/MUColumnDictionary.h"
+#include "Tabulon/src/MUColumnNamePlusProperties.h"
 #include "Tabulon/src/MUColumnReader.h"
 #include "Tabulon/src/MUExperimentTextReaderMultiFile.h"
 #include "Tabulon/src/MUFlagTests.h"
@@ -32,7 +32,7 @@ const ANSWER& Remembered(std::map<Key, ANSWER>& cache, const Key& key, ASK ask) 
 // Calls action for the rows behind the keys, in their order. A row that has been deleted since the keys
 // were frozen is left out.
 template <typename ACTION>
-void ForEachRow(const std::vector<unsigned long>& keys, const MURowStore& rows, ACTION action) {
+void ForEachRow(const MULargeVector<unsigned long>& keys, const MURowStore& rows, ACTION action) {
   for (const unsigned long key : keys) {
     if (Row* row = rows.find(key)) action(row);
   }
@@ -51,7 +51,7 @@ std::deque<wxString> NamesOfColumns(const std::deque<MUColumnNamePlusProperties*
 template <typename TEST>
 std::list<unsigned long> IndicesOfRows(
     MUInterfaceMultiExperimentDataSource::TARGETED_ROW_SEARCH_SET set,
-    const std::vector<unsigned long>& activeKeys, const std::vector<unsigned long>& shownKeys,
+    const MULargeVector<unsigned long>& activeKeys, const MULargeVector<unsigned long>& shownKeys,
     const MURowStore& rows, TEST test) {
   std::list<unsigned long> indices;
   const auto copyIfTestHolds = [&test](auto inserter) {
@@ -320,10 +320,10 @@ MUSelectedTexts MUExperimentTextReaderMultiFile::DistinctTexts(const wxString& c
 template <typename ACTION>
 void MUExperimentTextReaderMultiFile::ForEachRowWhere(const wxString& column, const wxString& text,
                                                       const RowKeys& keys, ACTION action) const {
-  const MUCellText wanted = MUColumnReader::ViewOf(text);
+  const MUWantedText wanted(text);
   // One that is there answers faster; making one for a single question would take longer than the answer.
   if (const auto dictionary = m_dictionaries.Find(column, m_rows)) {
-    const std::uint32_t number = dictionary->NumberOfText(wanted);
+    const std::uint32_t number = dictionary->NumberOfText(wanted.View());
     if (number == MUColumnDictionary::NONE) return;
     for (const unsigned long key : keys) {
       if (dictionary->NumberOfRow(key) == number) action(*m_rows.find(key));
@@ -331,26 +331,40 @@ void MUExperimentTextReaderMultiFile::ForEachRowWhere(const wxString& column, co
     return;
   }
   MUColumnReader cells(column);
-  ForEachRow(keys, m_rows, [&](const Row* row) {
-    if (cells.TextOf(*row) == wanted) action(*row);
+  if (m_unsortedOrder.m_stands || keys.size() < m_rows.size() / 4) {
+    ForEachRow(keys, m_rows, [&](const Row* row) {
+      if (wanted.Equals(cells.TextOf(*row))) action(*row);
+    });
+    return;
+  }
+  // In a sorted table neighbours are far apart in memory: all rows are looked at as they lie there.
+  std::vector<bool> matches(m_rows.KeyLimit());
+  m_rows.ForEach([&](unsigned long key, const Row* row) {
+    if (wanted.Equals(cells.TextOf(*row))) matches[key] = true;
   });
+  for (const unsigned long key : keys) {
+    if (matches[key]) action(*m_rows.find(key));
+  }
 }
 
 std::vector<wxString> MUExperimentTextReaderMultiFile::GetAllFromCol_X_WhereField_Y_Matches_Z(
     const wxString& columnX, const wxString& fieldY, const wxString& valueZ, bool includeAllRows) {
   const Key key = MUQueryKeys::OneColumnWhere(columnX, fieldY, valueZ, includeAllRows);
-  return Remembered(m_cacheStringSelects, key, [&] {
-           const auto keeper = std::make_shared<MUTextKeeper>();
-           MUSelectedTexts selected;
-           MUColumnReader column(columnX);
-           ForEachRowWhere(fieldY, valueZ,
-                           *KeysOfSet(includeAllRows ? ALL_ROWS : ONLY_FULLY_SHOWN_ROWS),
-                           [&](const Row& row) {
-                             selected.texts.push_back(keeper->Keep(row, column.TextOf(row)));
-                           });
-           selected.keeper = keeper;
-           return selected;
-         }).ToTexts();
+  return Remembered(m_cacheStringSelects, key,
+                    [&] {
+                      const auto keeper = std::make_shared<MUTextKeeper>();
+                      MUSelectedTexts selected;
+                      MUColumnReader column(columnX);
+                      ForEachRowWhere(
+                          fieldY, valueZ,
+                          *KeysOfSet(includeAllRows ? ALL_ROWS : ONLY_FULLY_SHOWN_ROWS),
+                          [&](const Row& row) {
+                            selected.texts.push_back(keeper->Keep(row, column.TextOf(row)));
+                          });
+                      selected.keeper = keeper;
+                      return selected;
+                    })
+      .ToTexts();
 }
 
 const std::vector<std::map<wxString, wxString>*>*

@@ -25,13 +25,16 @@ wxString LeftTrimmed(const wxString& text) {
   return trimmed.Trim(false);
 }
 
-// The length of what both begin with, minus 1.
+// The length of what both begin with, minus 1. known: so many are known to be equal.
 template <typename LIST>
-int LastEqualPlace(const LIST& current, const LIST& previous) {
-  const auto shorter =
-      static_cast<typename LIST::difference_type>(std::min(current.size(), previous.size()));
-  const auto end = current.begin() + shorter;
-  const auto firstDifference = std::mismatch(current.begin(), end, previous.begin()).first;
+int LastEqualPlace(const LIST& current, const LIST& previous, std::size_t known = 0) {
+  using Distance = typename LIST::difference_type;
+  const std::size_t shorter = std::min(current.size(), previous.size());
+  const auto first = static_cast<Distance>(std::min(known, shorter));
+  const auto firstDifference =
+      std::mismatch(current.begin() + first, current.begin() + static_cast<Distance>(shorter),
+                    previous.begin() + first)
+          .first;
   return static_cast<int>(firstDifference - current.begin()) - 1;
 }
 
@@ -95,6 +98,7 @@ void MUExperimentTextReaderMultiFile::UnhideOneSingleColumnPerArbitraryUserReque
 
 void MUExperimentTextReaderMultiFile::SimultaneousColumnsSuppressAndUnsuppress(
     const std::deque<DichotomousFileRequest>& requests) {
+  m_someSharesAreSuppressed = true;
   const MUFileDecisions decisions = LastDecisions(requests);
   for (MUColumnNamePlusProperties* column : m_columns) {
     HideOrShowBasedOnMultipleFileRequests(*column, decisions);
@@ -117,6 +121,7 @@ void MUExperimentTextReaderMultiFile::SimultaneousRowsSuppressAndUnsuppress(
 
 void MUExperimentTextReaderMultiFile::SuppressColumnsBasedOnMultipleFileNames(
     const std::deque<wxString>& fullNames) {
+  m_someSharesAreSuppressed = true;
   const MUFileNames names(fullNames.begin(), fullNames.end());
   for (MUColumnNamePlusProperties* column : m_columns) SuppressColumnForFiles(*column, names);
 }
@@ -228,8 +233,9 @@ void MUExperimentTextReaderMultiFile::MoveColumnPosition(const wxString& moved,
 }
 
 void MUExperimentTextReaderMultiFile::GetOuterLimitsOfPreservedRange(int* row, int* column) const {
-  *row =
-      m_shownRowCount == 0 ? -1 : LastEqualPlace(*m_currentShownRowKeys, *m_previousShownRowKeys);
+  *row = m_shownRowCount == 0 ? -1
+                              : LastEqualPlace(*m_currentShownRowKeys, *m_previousShownRowKeys,
+                                               m_unsortedOrder.m_previousKeyCount);
   *column =
       m_shownColumnCount == 0 ? -1 : LastEqualPlace(*m_currentColumnNames, *m_previousColumnNames);
 }

@@ -14,12 +14,19 @@ bool AllSharesSuppressed(const MUColumnNamePlusProperties& column) {
 
 }  // namespace
 
-void UnsuppressColumnForFiles(MUColumnNamePlusProperties& column, const MUFileNames& fullNames) {
-  if (column.m_fileStatuses.empty()) return;
+bool UnsuppressColumnForFiles(MUColumnNamePlusProperties& column, const MUFileNames& fullNames) {
+  if (column.m_fileStatuses.empty()) return false;
+  bool someAreSuppressed = false;
   for (FileStatusStruct& status : column.m_fileStatuses) {
-    if (fullNames.count(status.m_fullFileName) != 0) status.m_suppressed = 0;
+    if (status.m_suppressed == 0) continue;
+    if (fullNames.count(status.m_fullFileName) != 0) {
+      status.m_suppressed = 0;
+    } else {
+      someAreSuppressed = true;
+    }
   }
   if (!AllSharesSuppressed(column)) column.m_columnPropertyFlags &= ~MU_COL_FLAG_SUPPRESSED_BY_FILE;
+  return someAreSuppressed;
 }
 
 void SuppressColumnForFiles(MUColumnNamePlusProperties& column, const MUFileNames& fullNames) {

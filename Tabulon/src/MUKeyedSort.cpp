@@ -81,26 +81,22 @@ MUKeyedSort::MUKeyedSort(std::size_t count, unsigned bits, bool descending)
       m_narrow(bits <= NARROW_BITS ? count : 0),
       m_wide(bits <= NARROW_BITS ? 0 : count) {}
 
-void MUKeyedSort::WriteSorted(MUPlace* out) {
+void MUKeyedSort::Sort() {
   if (m_count == 0) return;
-  if (m_bits <= NARROW_BITS) {
-    if (m_count < FEW_PLACES) {
-      std::stable_sort(
-          m_narrow.begin(), m_narrow.begin() + m_count,
-          [](std::uint64_t a, std::uint64_t b) { return (a >> NARROW_BITS) < (b >> NARROW_BITS); });
+  const auto narrowKey = [](std::uint64_t entry) { return entry >> NARROW_BITS; };
+  const auto wideKey = [](const Entry& entry) { return entry.key; };
+  if (m_count >= FEW_PLACES) {
+    if (IsNarrow()) {
+      SortByDigits(m_narrow, m_count, m_bits, narrowKey);
     } else {
-      SortByDigits(m_narrow, m_count, m_bits,
-                   [](std::uint64_t entry) { return entry >> NARROW_BITS; });
+      SortByDigits(m_wide, m_count, m_bits, wideKey);
     }
-    for (std::size_t i = 0; i < m_count; ++i) out[i] = static_cast<MUPlace>(m_narrow[i]);
+  } else if (IsNarrow()) {
+    std::stable_sort(m_narrow.begin(), m_narrow.begin() + m_count,
+                     [&](auto a, auto b) { return narrowKey(a) < narrowKey(b); });
   } else {
-    if (m_count < FEW_PLACES) {
-      std::stable_sort(m_wide.begin(), m_wide.begin() + m_count,
-                       [](const Entry& a, const Entry& b) { return a.key < b.key; });
-    } else {
-      SortByDigits(m_wide, m_count, m_bits, [](const Entry& entry) { return entry.key; });
-    }
-    for (std::size_t i = 0; i < m_count; ++i) out[i] = m_wide[i].place;
+    std::stable_sort(m_wide.begin(), m_wide.begin() + m_count,
+                     [&](const auto& a, const auto& b) { return wideKey(a) < wideKey(b); });
   }
 }
 

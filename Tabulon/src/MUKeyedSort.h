@@ -74,14 +74,29 @@ class MUKeyedSort {
   MUKeyedSort(std::size_t count, unsigned bits, bool descending);
   void Add(std::uint64_t key, MUPlace place) {
     key ^= m_flip;
-    if (m_bits <= NARROW_BITS) {
+    if (IsNarrow()) {
       m_narrow[m_count++] = key << NARROW_BITS | place;
     } else {
       m_wide[m_count++] = {key, place};
     }
   }
   // Writes as many places as were added.
-  void WriteSorted(MUPlace* out);
+  void WriteSorted(MUPlace* out) {
+    WriteSorted(out, [](MUPlace*, MUPlace*) {});
+  }
+  // Calls onEqual(begin, end) afterwards for every run of two or more written places with the same key; it
+  // may put them into another order.
+  template <typename ON_EQUAL>
+  void WriteSorted(MUPlace* out, ON_EQUAL onEqual) {
+    Sort();
+    std::size_t first = 0;
+    for (std::size_t i = 0; i < m_count; ++i) out[i] = PlaceAt(i);
+    for (std::size_t i = 1; i <= m_count; ++i) {
+      if (i < m_count && KeyAt(i) == KeyAt(first)) continue;
+      if (i - first > 1) onEqual(out + first, out + i);
+      first = i;
+    }
+  }
 
  private:
   // A key of few bits stands above its place in one word.
@@ -90,6 +105,15 @@ class MUKeyedSort {
     std::uint64_t key;
     MUPlace place;
   };
+
+  void Sort();
+  bool IsNarrow() const { return m_bits <= NARROW_BITS; }
+  std::uint64_t KeyAt(std::size_t index) const {
+    return IsNarrow() ? m_narrow[index] >> NARROW_BITS : m_wide[index].key;
+  }
+  MUPlace PlaceAt(std::size_t index) const {
+    return IsNarrow() ? static_cast<MUPlace>(m_narrow[index]) : m_wide[index].place;
+  }
 
   unsigned m_bits;
   std::uint64_t m_flip;

@@ -8,6 +8,8 @@
 #include <memory>
 #include <vector>
 
+#include "Tabulon/src/MUPooledMemory.h"
+
 struct MUSingleRowDataPlusRowProperties;
 
 // Answers like a map from key to row, in constant time: keys are dense and ascending, so they lead
@@ -80,6 +82,11 @@ class MURowStore {
  private:
   static constexpr std::size_t PAGE_SIZE = 512;
   struct Page {
+    static void* operator new(std::size_t bytes) { return MUAllocatePooled(bytes); }
+    static void operator delete(void* page, std::size_t bytes) noexcept {
+      MUFreePooled(page, bytes);
+    }
+
     std::array<Row*, PAGE_SIZE> rows{};
     std::size_t used = 0;
   };

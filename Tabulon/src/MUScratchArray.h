@@ -7,9 +7,8 @@
 #include <type_traits>
 #include <vector>
 
-// Memory of many bytes comes in the system's large pages where it has them: the first touch of a page is
-// what costs most, and a large one holds 512 small ones. Few bytes come from the heap. Throws
-// std::bad_alloc. Both sides must name the same number of bytes.
+// Many bytes come in large pages, few from the heap. Throws std::bad_alloc. Both sides must name the same
+// number of bytes.
 void* MUAllocateLarge(std::size_t bytes);
 void MUFreeLarge(void* memory, std::size_t bytes) noexcept;
 

@@ -4,6 +4,7 @@
 
 #include <wx/string.h>
 
+#include <cstddef>
 #include <memory>
 #include <vector>
 
@@ -11,13 +12,18 @@
 
 // Holds the texts as they stand in the files; whoever asks gets texts of his own.
 struct MUSelectedTexts {
+  static constexpr std::size_t TEXTS_AHEAD = 16;
+
   std::vector<MUCellText> texts;
   std::shared_ptr<const void> keeper;  // of what the texts are borrowed from
 
   std::vector<wxString> ToTexts() const {
     std::vector<wxString> copies;
     copies.reserve(texts.size());
-    for (const MUCellText& text : texts) copies.push_back(text.ToString());
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+      if (i + TEXTS_AHEAD < texts.size()) texts[i + TEXTS_AHEAD].Prefetch();
+      copies.push_back(texts[i].ToString());
+    }
     return copies;
   }
 };

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "Tabulon/src/MUPooledMemory.h"
 #include "Tabulon/src/MUPropertyFlags.h"
 #include "Tabulon/src/MURowMap.h"
 #include "Tabulon/src/MURowText.h"
@@ -27,6 +28,11 @@ struct MUSingleRowDataPlusRowProperties {
   MUSingleRowDataPlusRowProperties(const MUDataFileBlockPtr& block, std::size_t row,
                                    std::size_t columnCount)
       : m_text(block, row, columnCount) {}
+
+  // Rows of one file lie side by side.
+  static void* operator new(std::size_t bytes) { return MUAllocatePooled(bytes); }
+  static void* operator new(std::size_t, void* place) noexcept { return place; }
+  static void operator delete(void* row, std::size_t bytes) noexcept { MUFreePooled(row, bytes); }
 
   // Null for a row that was made by hand.
   const MUDataFileBlock* Block() const { return m_text.Block(); }

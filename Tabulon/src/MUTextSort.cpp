@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 namespace {
 
@@ -16,8 +17,8 @@ constexpr std::uint64_t UNFIT = 0x0000800000000000u;
 constexpr unsigned FURTHER_TEXT_SHIFT = 17;
 constexpr std::array<std::uint64_t, 2> FURTHER_WORDS_OF_SHORT_TEXT = {BLANKS,
                                                                       BLANKS& LAST_KEY_CHARACTERS};
-// Below this size a comparison sort is as fast as counting.
-constexpr std::ptrdiff_t FEW_PLACES = 64;
+// So many are sorted one by one.
+constexpr std::ptrdiff_t FEW_PLACES = 24;
 
 // The word of the text with blanks where the text has ended.
 std::uint64_t PaddedWordOf(const MUCellText& text, std::size_t first) {
@@ -32,18 +33,6 @@ std::size_t LengthOfCommonStart(const MUCellText& a, const MUCellText& b, std::s
   std::size_t length = 0;
   while (length < end && a[length] == b[length]) ++length;
   return length;
-}
-
-// Calls action(begin, end) for every run of two or more places with the same key.
-template <typename KEY_OF, typename ACTION>
-void ForEachGroup(MUPlace* begin, MUPlace* end, KEY_OF keyOf, ACTION action) {
-  while (begin != end) {
-    const auto key = keyOf(*begin);
-    MUPlace* next = begin + 1;
-    while (next != end && keyOf(*next) == key) ++next;
-    if (next - begin > 1) action(begin, next);
-    begin = next;
-  }
 }
 
 }  // namespace
@@ -100,37 +89,54 @@ bool MUTextSort::IsUnfit(MUPlace place) const {
 }
 
 void MUTextSort::SortByWords(MUPlace* begin, MUPlace* end, bool descending) const {
-  if (end - begin < FEW_PLACES) {
-    std::stable_sort(begin, end, [&](MUPlace a, MUPlace b) {
-      return descending ? WordsAt(b) < WordsAt(a) : WordsAt(a) < WordsAt(b);
-    });
-    SortUnfitGroups(
-        begin, end, [this](MUPlace place) { return WordsAt(place); }, descending);
+  if (end - begin <= FEW_PLACES) {
+    SortFewByWords(begin, end, descending);
     return;
   }
   MUKeyPacking<3> packing;
   for (const MUPlace* place = begin; place != end; ++place) packing.Examine(WordsAt(*place));
   packing.Finish();
-  const auto keyOf = [&](MUPlace place) { return packing.Pack(WordsAt(place)); };
   MUKeyedSort sort(static_cast<std::size_t>(end - begin), packing.Bits(), descending);
-  for (const MUPlace* place = begin; place != end; ++place) sort.Add(keyOf(*place), *place);
-  sort.WriteSorted(begin);
-  if (packing.IsComplete()) {
-    SortUnfitGroups(begin, end, keyOf, descending);
-  } else {
-    // Among those that are equal so far fewer bits differ.
-    ForEachGroup(begin, end, keyOf,
-                 [&](MUPlace* first, MUPlace* last) { SortByWords(first, last, descending); });
+  for (const MUPlace* place = begin; place != end; ++place) {
+    sort.Add(packing.Pack(WordsAt(*place)), *place);
   }
+  if (packing.IsComplete() && m_unfitCount == 0) {
+    sort.WriteSorted(begin);
+    return;
+  }
+  sort.WriteSorted(begin, [&](MUPlace* first, MUPlace* last) {
+    if (!packing.IsComplete()) {
+      SortByWords(first, last, descending);  // among these fewer bits differ
+    } else if (IsUnfit(*first)) {
+      SortByText(first, last, descending);
+    }
+  });
 }
 
-template <typename KEY_OF>
-void MUTextSort::SortUnfitGroups(MUPlace* begin, MUPlace* end, KEY_OF keyOf,
-                                 bool descending) const {
-  if (m_unfitCount == 0) return;
-  ForEachGroup(begin, end, keyOf, [&](MUPlace* first, MUPlace* last) {
-    if (IsUnfit(*first)) SortByText(first, last, descending);
-  });
+void MUTextSort::SortFewByWords(MUPlace* begin, MUPlace* end, bool descending) const {
+  struct Entry {
+    Words words;
+    MUPlace place;
+  };
+  std::array<Entry, FEW_PLACES> entries;
+  std::size_t count = 0;
+  for (const MUPlace* place = begin; place != end; ++place, ++count) {
+    const Entry entry = {WordsAt(*place), *place};
+    std::size_t to = count;
+    for (; to > 0; --to) {
+      const Words& before = entries[to - 1].words;
+      if (descending ? !(before < entry.words) : !(entry.words < before)) break;
+      entries[to] = entries[to - 1];
+    }
+    entries[to] = entry;
+  }
+  for (std::size_t i = 0; i < count; ++i) begin[i] = entries[i].place;
+  std::size_t first = 0;
+  for (std::size_t i = 1; i <= count; ++i) {
+    if (i < count && entries[i].words == entries[first].words) continue;
+    if (i - first > 1 && IsUnfit(begin[first])) SortByText(begin + first, begin + i, descending);
+    first = i;
+  }
 }
 
 void MUTextSort::SortByText(MUPlace* begin, MUPlace* end, bool descending) const {
@@ -138,7 +144,11 @@ void MUTextSort::SortByText(MUPlace* begin, MUPlace* end, bool descending) const
     const int order = m_unfitTexts[a].Compare(m_unfitTexts[b]);
     return descending ? order > 0 : order < 0;
   };
-  if (end - begin < FEW_PLACES || !m_allNarrow) {
+  if (end - begin == 2) {
+    if (compareTexts(begin[1], begin[0])) std::swap(begin[0], begin[1]);
+    return;
+  }
+  if (end - begin <= FEW_PLACES || !m_allNarrow) {
     std::stable_sort(begin, end, compareTexts);
     return;
   }
@@ -151,9 +161,9 @@ void MUTextSort::SortByText(MUPlace* begin, MUPlace* end, bool descending) const
     sameLength = sameLength && m_unfitTexts[*place].Length() == text.Length();
   }
   if (sameLength && common == text.Length()) return;
-  const auto keyOf = [&](MUPlace place) { return m_unfitTexts[place].Word(common); };
+  const auto wordOf = [&](MUPlace place) { return m_unfitTexts[place].Word(common); };
   MUKeyPacking<1> packing;
-  for (const MUPlace* place = begin; place != end; ++place) packing.Examine({keyOf(*place)});
+  for (const MUPlace* place = begin; place != end; ++place) packing.Examine({wordOf(*place)});
   packing.Finish();
   if (packing.Bits() == 0 || !packing.IsComplete()) {
     std::stable_sort(begin, end, compareTexts);  // zero bytes, which look like the end of a text
@@ -161,9 +171,8 @@ void MUTextSort::SortByText(MUPlace* begin, MUPlace* end, bool descending) const
   }
   MUKeyedSort sort(static_cast<std::size_t>(end - begin), packing.Bits(), descending);
   for (const MUPlace* place = begin; place != end; ++place) {
-    sort.Add(packing.Pack({keyOf(*place)}), *place);
+    sort.Add(packing.Pack({wordOf(*place)}), *place);
   }
-  sort.WriteSorted(begin);
-  ForEachGroup(begin, end, keyOf,
-               [&](MUPlace* first, MUPlace* last) { SortByText(first, last, descending); });
+  sort.WriteSorted(begin,
+                   [&](MUPlace* first, MUPlace* last) { SortByText(first, last, descending); });
 }

@@ -45,8 +45,7 @@ class MUTextSort {
   }
   bool IsUnfit(MUPlace place) const;
   void SortByWords(MUPlace* begin, MUPlace* end, bool descending) const;
-  template <typename KEY_OF>
-  void SortUnfitGroups(MUPlace* begin, MUPlace* end, KEY_OF keyOf, bool descending) const;
+  void SortFewByWords(MUPlace* begin, MUPlace* end, bool descending) const;
   void SortByText(MUPlace* begin, MUPlace* end, bool descending) const;
 
   std::size_t m_capacity;

@@ -130,7 +130,7 @@ TEST_F(TableBatches, RemovingTheLastFileEmptiesTheTable) {
   EXPECT_TRUE(table.m_emptySearchFinished);
   AddOrRemove({{pathB, true}});
   table.OnIdle();
-  EXPECT_EQ(table.m_allRowKeys, std::vector<unsigned long>({0}));
+  EXPECT_EQ(table.m_allRowKeys, ProbeTable::RowKeys({0}));
   EXPECT_EQ(table.Column(wxT("C")), Texts({"c3"}));
 }
 

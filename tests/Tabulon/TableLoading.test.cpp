@@ -170,7 +170,7 @@ TEST_F(TableLoading, KeysGrowOverAllFiles) {
   ASSERT_TRUE(table.Load(folder.WriteData("a.txt", {"A"}, {{"a"}, {"b"}})));
   ASSERT_TRUE(table.Load(folder.WriteData("b.txt", {"A"}, {{"c"}})));
   EXPECT_EQ(table.m_nextRowKey, 3u);
-  EXPECT_EQ(table.m_allRowKeys, std::vector<unsigned long>({0, 1, 2}));
+  EXPECT_EQ(table.m_allRowKeys, ProbeTable::RowKeys({0, 1, 2}));
 }
 
 TEST_F(TableLoading, ABadFileLeavesTheListOfFilesAndTheTable) {

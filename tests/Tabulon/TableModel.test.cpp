@@ -352,7 +352,7 @@ class Comparison {
     EXPECT_EQ(m_observer.refreshes, m_model.notifications);
   }
 
-  static PlainTable::Keys KeysOf(const std::vector<unsigned long>& keys) {
+  static PlainTable::Keys KeysOf(const ProbeTable::RowKeys& keys) {
     return {keys.begin(), keys.end()};
   }
   template <typename LIST>

@@ -10,7 +10,7 @@ namespace {
 using Tests::ProbeTable;
 using Tests::TemporaryFolder;
 using Texts = std::vector<std::string>;
-using Keys = std::vector<unsigned long>;
+using Keys = ProbeTable::RowKeys;
 
 class TableNotification : public testing::Test {
  protected:

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <limits>
 
 #include "Tabulon/src/MUColumnNamePlusProperties.h"
 #include "Tabulon/src/MUInterfaceRowTruthDecider.h"
@@ -60,8 +61,8 @@ class TableQueries : public testing::Test {
     table.SetRowFlag(1, true);
     table.SimultaneousFileRequestsSuppressAndUnsuppress({DichotomousFileRequest{b, false}});
     table.OnIdle();
-    ASSERT_EQ(*table.m_currentShownRowKeys, std::vector<unsigned long>({0, 1, 3, 5}));
-    ASSERT_EQ(table.m_activeRowKeys, std::vector<unsigned long>({0, 1, 2, 3, 5}));
+    ASSERT_EQ(*table.m_currentShownRowKeys, ProbeTable::RowKeys({0, 1, 3, 5}));
+    ASSERT_EQ(table.m_activeRowKeys, ProbeTable::RowKeys({0, 1, 2, 3, 5}));
   }
 
   Texts Distinct(const wxString& column, Set set, bool trim) {
@@ -587,6 +588,86 @@ TEST_F(TableQueries, AfterARedFlagOnlySearchesForItLookAgain) {
 TEST_F(TableQueries, CellsReadThroughAKeyShowTheRowAsItIs) {
   Change(0, wxT("A"), wxT("now"));
   EXPECT_EQ(table.Cell(0, 0), "now");
+}
+
+// ---- Many cells at once
+
+TEST_F(TableQueries, AColumnsTextsAreThoseOfItsCells) {
+  // A row with entries of its own, and a sort, so that neighbours come from different files.
+  table.m_rows.find(1)->m_cells[wxT("B")] = wxT("written");
+  table.SetSortColumn(wxT("A"), true);
+  table.OnIdle();
+  const int rows = table.GetNumberOfDataRows();
+  for (int column = -1; column <= table.GetNumberOfDataColumns(); ++column) {
+    for (int first = -2; first <= rows + 1; ++first) {
+      for (int count = 0; count <= rows + 3; ++count) {
+        std::vector<MUCellText> texts(static_cast<std::size_t>(count));
+        table.GetDataColumnTexts(column, first, count, texts.data());
+        for (int i = 0; i < count; ++i) {
+          ASSERT_EQ(Utf8(texts[static_cast<std::size_t>(i)].ToString()),
+                    table.Cell(first + i, column))
+              << column << ", " << first << " + " << i;
+        }
+      }
+    }
+  }
+}
+
+TEST_F(TableQueries, NoColumnsTextsAreReadForANegativeCountOrBeyondAllNumbers) {
+  MUCellText text("untouched", 9);
+  table.GetDataColumnTexts(0, 0, -5, &text);
+  EXPECT_EQ(Utf8(text.ToString()), "untouched");
+  std::vector<MUCellText> texts(3);
+  table.GetDataColumnTexts(0, std::numeric_limits<int>::max() - 1, 3, texts.data());
+  for (const MUCellText& beyond : texts) EXPECT_EQ(Utf8(beyond.ToString()), "?");
+}
+
+TEST_F(TableQueries, SearchesAnswerTheSameWithADictionaryAndWithout) {
+  const auto askAll = [this] {
+    std::vector<Texts> answers;
+    for (const bool all : {false, true}) {
+      for (const wxString text : {wxT("x"), wxT("y"), wxT("z"), wxT("nobody"), wxT("")}) {
+        table.EraseCachesOfQueries();
+        answers.push_back(Where(wxT("B"), wxT("A"), text, all));
+      }
+    }
+    return answers;
+  };
+  const std::vector<Texts> unsorted = askAll();
+  EXPECT_EQ(unsorted[0], Texts({"1", "4"}));
+  EXPECT_EQ(unsorted[5], Texts({"1", "3", "4", "5"}));
+  table.SetSortColumn(wxT("B"), true);
+  const std::vector<Texts> sorted = askAll();
+  EXPECT_EQ(sorted[0], Texts({"4", "1"}));
+  Distinct(wxT("A"), ALL, false);  // makes the dictionary
+  EXPECT_EQ(askAll(), sorted);
+  table.RevertAnyAndAllSortOptions();
+  EXPECT_EQ(askAll(), unsorted);
+}
+
+TEST_F(TableQueries, AnswersWithADictionarySeeRowsThatArriveGoAndAreWritten) {
+  EXPECT_EQ(Distinct(wxT("A"), ALL, false), Texts({"x", "y", "z"}));
+  ASSERT_TRUE(table.Load(folder.WriteData("d.txt", {"A", "B"}, {{"new", "9"}})));
+  EXPECT_EQ(Distinct(wxT("A"), ALL, false), Texts({"x", "y", "z", "new"}));
+  EXPECT_EQ(Where(wxT("B"), wxT("A"), wxT("new"), true), Texts({"9"}));
+  table.EraseCachesOfQueries();
+  table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("A"), wxT("y"));
+  EXPECT_EQ(Distinct(wxT("A"), ALL, false), Texts({"x", "z", "new"}));
+  EXPECT_EQ(Where(wxT("B"), wxT("A"), wxT("y"), true), Texts());
+  table.EraseCachesOfQueries();
+  table.m_rows.find(0)->m_cells[wxT("A")] = wxT("written");
+  EXPECT_EQ(Distinct(wxT("A"), ALL, false), Texts({"written", "x", "z", "new"}));
+  EXPECT_EQ(Where(wxT("B"), wxT("A"), wxT("written"), true), Texts({"1"}));
+}
+
+TEST_F(TableQueries, ACachedAnswerOutlivesItsRows) {
+  const Texts before = Where(wxT("B"), wxT("A"), wxT("x"), true);
+  const Texts distinct = Distinct(wxT("A"), ALL, false);
+  table.DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(
+      wxT("A"), {wxT("x"), wxT("y"), wxT("z")}, false);
+  ASSERT_TRUE(table.m_rows.empty());
+  EXPECT_EQ(Where(wxT("B"), wxT("A"), wxT("x"), true), before);
+  EXPECT_EQ(Distinct(wxT("A"), ALL, false), distinct);
 }
 
 }  // namespace

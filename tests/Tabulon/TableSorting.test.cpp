@@ -24,7 +24,7 @@ using Tests::ProbeTable;
 using Tests::RecordingStatusPrinter;
 using Tests::TemporaryFolder;
 using Texts = std::vector<std::string>;
-using Keys = std::vector<unsigned long>;
+using Keys = ProbeTable::RowKeys;
 using Row = MUSingleRowDataPlusRowProperties;
 
 class TableSorting : public testing::Test {

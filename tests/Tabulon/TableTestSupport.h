@@ -43,6 +43,8 @@ class ProbeTable : public MUExperimentTextReaderMultiFile {
   explicit ProbeTable(MUInterfaceDataFileInputErrorHandler* handler)
       : MUExperimentTextReaderMultiFile(handler) {}
 
+  using MUExperimentTextReaderMultiFile::RowKeys;
+
   using MUExperimentTextReaderMultiFile::m_activeRowKeys;
   using MUExperimentTextReaderMultiFile::m_allRowKeys;
   using MUExperimentTextReaderMultiFile::m_cacheColumnNames;

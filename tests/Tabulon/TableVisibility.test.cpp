@@ -14,7 +14,7 @@ using Tests::RecordingStatusPrinter;
 using Tests::TemporaryFolder;
 using Tests::Utf8;
 using Texts = std::vector<std::string>;
-using Keys = std::vector<unsigned long>;
+using Keys = ProbeTable::RowKeys;
 
 class TableVisibility : public testing::Test {
  protected:
