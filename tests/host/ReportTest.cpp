@@ -82,6 +82,12 @@ TEST_F(ReportTest, AMessageThatReadsAsFurtherTestsIsBlamedOnItsTest) {
                   ": the report is not as the plug-in counted it; broken by test test003Injecting" + A());
 }
 
+TEST_F(ReportTest, AnEntryWithoutANameIsBlamedOnTheTestBeforeIt) {
+  ExpectMalformed(ReportWith(3, 0, FirstResults() + "<testcase/>"),
+                  ": the report is not as the plug-in counted it; broken by test "
+                  "test002DataHookOutputTestingPlugin_PerformPostProcessing_was_called" + A());
+}
+
 TEST_F(ReportTest, CountsMustAgreeWithTheHead) {
   ExpectMalformed(ReportWith(4, 0, FirstResults() + SECOND_START),
                   ": the report's head counts 4 tests, 0 failing, its entries are 3 tests, 0 failing, of 2 "
