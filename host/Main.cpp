@@ -41,6 +41,7 @@ ExitStatus Run(const CommandLine& commandLine) {
       commandLine.plugin.empty() ? DefaultPluginLibrary() : fs::absolute(commandLine.plugin);
   const std::vector<fs::path> datafiles = ListDatafiles(commandLine.inputs);
   std::vector<std::vector<Ombrelia::StimAreaData>> areas;
+  areas.reserve(datafiles.size());
   for (const fs::path& datafile : datafiles) areas.push_back(ReadStimulusAreas(datafile));
   EnterWorkingDirectory(commandLine.workDir);
 

@@ -4,6 +4,7 @@
 #include <wx/stdpaths.h>
 
 #include <string>
+#include <system_error>
 
 #include "host/ExitStatus.h"
 #include "host/WideText.h"
@@ -19,6 +20,14 @@ namespace {
 std::string LastLoaderError() {
   const char* const text = dlerror();
   return text == nullptr ? "unknown error" : text;
+}
+
+std::filesystem::path ThisProgram() {
+  // wx would give the path as text of the locale, and nothing if it is none.
+  std::error_code error;
+  std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
+  if (error) program = Utf8OfText(wxStandardPaths::Get().GetExecutablePath());
+  return program;
 }
 
 }  // namespace
@@ -44,8 +53,7 @@ PluginLibrary::PluginLibrary(const std::filesystem::path& path)
 PluginLibrary::~PluginLibrary() { dlclose(m_handle); }
 
 std::filesystem::path DefaultPluginLibrary() {
-  const std::filesystem::path program = Utf8OfText(wxStandardPaths::Get().GetExecutablePath());
-  return program.parent_path().parent_path() / "lib" / OMBRELIA_PLUGIN_FILE_NAME;
+  return ThisProgram().parent_path().parent_path() / "lib" / OMBRELIA_PLUGIN_FILE_NAME;
 }
 
 }  // namespace OmbreliaHost

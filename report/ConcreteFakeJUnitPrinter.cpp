@@ -19,7 +19,7 @@ namespace {
 const int TIME_OF_EVERY_TEST = 999;
 
 // Few writes, and no block so large that the heap would ask the system for each anew.
-const std::size_t PIECE_SIZE = 64 * 1024;
+const std::size_t PIECE_SIZE = std::size_t{64} * 1024;
 const std::size_t ROOM_FOR_AN_ENTRY = 1024;  // a longer one makes its piece grow
 
 // Is this no character of Unicode? A data file in UTF-32 can bring such a value into a test's name, and

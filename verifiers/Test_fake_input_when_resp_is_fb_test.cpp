@@ -41,6 +41,7 @@ class Test_fake_input_when_resp_is_fb_test
     const int column = necessities.reader->GetColumnPositionNumberFromText(wxT("Event\nName"));
     const int rows = necessities.reader->GetNumberOfDataRows();
     std::vector<wxString> cells;
+    cells.reserve(static_cast<size_t>(rows));
     for (int row = 0; row < rows; ++row) {
       cells.push_back(necessities.reader->GetDataCellValue(row, column));
     }

@@ -33,8 +33,10 @@ class MUCellText {
 
   // The character at an index below Length().
   wchar_t operator[](std::size_t index) const {
+    // NOLINTBEGIN(clang-analyzer-core.NullDereference): only an empty text is null
     return IsWide() ? static_cast<const wchar_t*>(m_text)[index]
                     : static_cast<wchar_t>(static_cast<const unsigned char*>(m_text)[index]);
+    // NOLINTEND(clang-analyzer-core.NullDereference)
   }
 
   // The low eight bits of up to eight characters as one number, first character most significant; below

@@ -39,7 +39,7 @@ constexpr std::size_t ALIGNMENT = alignof(std::max_align_t);
 // The first chunks stay with small pages, of which no more are used than are needed.
 constexpr int CHUNKS_OF_SMALL_PAGES = 2;
 // A text of a file rather than a row: worth looking whether its place can be used again.
-constexpr std::size_t LONG_PIECE = 16 * 1024;
+constexpr std::size_t LONG_PIECE = std::size_t{16} * 1024;
 
 // Stands at the beginning of a chunk. Chunks begin at multiples of their size, so a piece finds its own.
 struct Chunk {
@@ -114,7 +114,7 @@ void* MUAllocatePooled(std::size_t bytes) {
 
 void MUFreePooled(void* memory, std::size_t bytes) noexcept {
   const auto address = reinterpret_cast<std::uintptr_t>(memory);
-  auto* const chunk = reinterpret_cast<Chunk*>(address / CHUNK_SIZE * CHUNK_SIZE);
+  auto* const chunk = reinterpret_cast<Chunk*>(static_cast<char*>(memory) - address % CHUNK_SIZE);
   // Nearly always there are other pieces, and no need to be alone.
   std::size_t pieces = chunk->pieces.load(std::memory_order_relaxed);
   while (pieces > 1 && bytes < LONG_PIECE) {

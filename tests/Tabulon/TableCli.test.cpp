@@ -240,6 +240,16 @@ TEST_F(TableCli, ShowsTheGoodFilesBesideABadOne) {
   EXPECT_EQ(none.out, "");
 }
 
+TEST_F(TableCli, ANameThatIsNoUtf8IsThatOfItsFile) {
+  const std::string name = "wrong \xE4.txt";
+  EXPECT_EQ(Complaint({"show", name}), "tabulon-cli: " + name + ": no such file\n");
+  WriteFile(folder / name, Tests::ReadFile(folder / "b.txt"));
+  for (const char* locale : {"LC_ALL=C", "LC_ALL=C.UTF-8"}) {
+    EXPECT_EQ(Output({"show", name, "--format", "tsv"}, {locale}),
+              "Event Name\tKey\tCode\nw\xC3\xA4it\tk\t7\n");
+  }
+}
+
 TEST_F(TableCli, AMissingFileIsNamedBeforeAnythingRuns) {
   EXPECT_EQ(Complaint({"show", "a.txt", "missing.txt"}),
             "tabulon-cli: missing.txt: no such file\n");

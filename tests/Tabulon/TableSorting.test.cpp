@@ -123,6 +123,13 @@ TEST_F(TableSorting, TheReactionTimeSortsAsANumber) {
   EXPECT_EQ(Sorted(true, wxT("Reaction\nTime")), Keys({0, 1, 5, 4, 2, 3}));
 }
 
+// A number and its negative one differ in all bits that they are sorted by: too many to be packed.
+TEST_F(TableSorting, ReactionTimesThatDifferInEveryBitSortAsNumbers) {
+  Load({"5", "-5", "7", "", "-7", "5"}, "Reaction\nTime");
+  EXPECT_EQ(Sorted(false, wxT("Reaction\nTime")), Keys({3, 4, 1, 0, 5, 2}));
+  EXPECT_EQ(Sorted(true, wxT("Reaction\nTime")), Keys({2, 0, 5, 1, 4, 3}));
+}
+
 TEST_F(TableSorting, AReactionTimeThatIsNotANumberLosesNoRow) {
   Texts texts;
   for (int i = 0; i < 400; ++i)

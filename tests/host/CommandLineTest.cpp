@@ -3,6 +3,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <filesystem>
+
 #include "tests/host/VerifyDatafiles.h"
 
 namespace Tests {
@@ -36,6 +38,27 @@ TEST_F(CommandLineTest, WrongUseIsStatusTwoAndRunsNothing) {
     EXPECT_NE(finished.err, "");
     EXPECT_EQ(finished.out, "");
     EXPECT_FALSE(AnythingRan());
+  }
+}
+
+// By default the plug-in is the one beside the program, wherever that stands.
+TEST_F(CommandLineTest, ThePluginIsFoundBelowAFolderWhoseNameIsNoUtf8) {
+  namespace fs = std::filesystem;
+  const fs::path folder = m_folder / "installed \xE4";
+  fs::create_directories(folder / "bin");
+  fs::create_directories(folder / "lib");
+  fs::copy(std::string(OMBRELIA_BIN_DIR) + "/verify-datafiles", folder / "bin");
+  for (const char* library : {OMBRELIA_PLUGIN_FILE, OMBRELIA_NO_PLUGIN}) {
+    fs::copy(library, folder / "lib");
+  }
+  File("a.txt");
+  ProcessSetup setup;
+  setup.workingDirectory = m_folder.Path();
+  for (const char* locale : {"LC_ALL=C", "LC_ALL=C.UTF-8"}) {
+    setup.environment = {locale};
+    const Finished finished = RunProgram({folder / "bin/verify-datafiles", "a.txt"}, setup);
+    EXPECT_EQ(finished.status, 1) << finished.err;
+    EXPECT_NE(finished.out.find("FAIL  a.txt: 1 passed, 1 failed\n"), std::string::npos) << finished.out;
   }
 }
 

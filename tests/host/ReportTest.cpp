@@ -82,6 +82,12 @@ TEST_F(ReportTest, AMessageThatReadsAsFurtherTestsIsBlamedOnItsTest) {
                   ": the report is not as the plug-in counted it; broken by test test003Injecting" + A());
 }
 
+TEST_F(ReportTest, AnEntryWithoutANameIsBlamedOnTheTestBeforeIt) {
+  ExpectMalformed(ReportWith(3, 0, FirstResults() + "<testcase/>"),
+                  ": the report is not as the plug-in counted it; broken by test "
+                  "test002DataHookOutputTestingPlugin_PerformPostProcessing_was_called" + A());
+}
+
 TEST_F(ReportTest, CountsMustAgreeWithTheHead) {
   ExpectMalformed(ReportWith(4, 0, FirstResults() + SECOND_START),
                   ": the report's head counts 4 tests, 0 failing, its entries are 3 tests, 0 failing, of 2 "
@@ -127,6 +133,52 @@ TEST_F(ReportTest, AFileNameCanBreakTheRealReport) {
                 "test after test004DataHookOutputTestingPlugin_PerformPostProcessing_was_called, among the "
                 "results of " + (m_folder / "x<y.txt") +
                 ":         <testcase name=\"test005locating_verifier_for_x<y\" status=\"run\" time=\"999\" >\n");
+}
+
+// With the real plug-in: this experiment's verifier quotes the cells of its file in a message.
+class QuotedCellTest : public ReportTest {
+ protected:
+  // The sample of a correct host with another text in place of its second event's name.
+  Finished VerifyWithEvent(const std::string& event) {
+    const std::string was = "feedback event a";
+    std::string content = ReadFile(std::string(OMBRELIA_SOURCE_DIR) + "/samples/datafiles/" + NAME);
+    const std::size_t cell = content.find(was);
+    EXPECT_NE(cell, std::string::npos);
+    if (cell != std::string::npos) content.replace(cell, was.size(), event);
+    return Verify({File(NAME, content)});
+  }
+  static constexpr const char* NAME = "fake_input_when_resp_is_fb_test.om5 1.txt";
+  static constexpr const char* TEST =
+      "test004Use the fake input plugin to trigger feedback events when appropriate.";
+};
+
+TEST_F(QuotedCellTest, ACellThatEndsTheCharacterDataIsStatusThree) {
+  const Finished finished = VerifyWithEvent("feed]]>back");
+  EXPECT_EQ(finished.status, 3);
+  EXPECT_EQ(finished.err, "verify-datafiles: " + ReportPath(finished) +
+                              ":16: the report is not well-formed XML (not well-formed (invalid token)); "
+                              "broken by test " + TEST + ", among the results of " + (m_folder / NAME) + "\n");
+  EXPECT_EQ(finished.out, "");
+}
+
+// The report is good XML, but not what the plug-in recorded.
+TEST_F(QuotedCellTest, ACellThatReadsAsAFurtherTestIsStatusThree) {
+  const Finished finished =
+      VerifyWithEvent("]]></failure></testcase><testcase name=\"x\"><failure message=\"\"><![CDATA[");
+  EXPECT_EQ(finished.status, 3);
+  EXPECT_EQ(finished.err, "verify-datafiles: " + ReportPath(finished) +
+                              ": the report is not as the plug-in counted it; broken by test " + TEST +
+                              ", among the results of " + (m_folder / NAME) + "\n");
+  EXPECT_EQ(finished.out, "");
+}
+
+TEST_F(QuotedCellTest, OtherMarkupInACellIsAnOrdinaryFailure) {
+  const Finished finished = VerifyWithEvent("<feed & \"back\">");
+  EXPECT_EQ(finished.status, 1);
+  EXPECT_EQ(finished.err, "");
+  EXPECT_NE(finished.out.find("non-fb-event1, should show one fb; <feed & \"back\">; non-fb-event2"),
+            std::string::npos)
+      << finished.out;
 }
 
 }  // namespace

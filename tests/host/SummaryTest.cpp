@@ -147,6 +147,30 @@ TEST_F(SummaryTest, ANameThatIsNoUtf8StillFindsItsFile) {
        "Event\tCumulative\tExpansion Time(ms): 23\nName\tTime\t\nevent 1\t812\t-\n");
   const Finished finished = Verify({name});
   EXPECT_EQ(finished.status, 0) << finished.out << finished.err;
+  // The program's own words name the file by its bytes.
+  EXPECT_NE(finished.out.find("ok    " + name + ": 7 passed, 0 failed\n"), std::string::npos)
+      << finished.out;
+}
+
+// The byte gets a character of private use in the report, whose text is UTF-8 and stays well-formed.
+TEST_F(SummaryTest, ANameThatIsNoUtf8MayFailLikeAnyOther) {
+  const std::string name = "wrong \xE4 name.om4 1.txt";
+  File(name);
+  const Finished finished = Verify({name}, {"LC_ALL=C"});
+  EXPECT_EQ(finished.status, 1);
+  EXPECT_EQ(finished.err, "");
+  EXPECT_EQ(finished.out,
+            "ok    (plug-in loaded): 1 passed, 0 failed\n"
+            "FAIL  wrong \xE4 name.om4 1.txt: 1 passed, 1 failed\n"
+            "        test003locating_verifier_for_wrong \xF4\x80\x83\xA4 name.om4 1\n"
+            "          subject:  no logic was found to test this datafile. one cause could be DUPLICATE NAMES of "
+            "datafiles\n"
+            "          location: Whichever/File/Focuses/On/Verifying/DataHookOutputTestingPlugin:162\n"
+            "          message:  we should have found something mapped by name. it should have registered via "
+            "DataHookOutputTestingPlugin::RegisterOneSingleVerifier\n"
+            "\n"
+            "Data files: 1; tests: 3, 2 passed, 1 failed\n"
+            "Report: " + ReportPath(finished) + "\n");
 }
 
 TEST_F(SummaryTest, AssertionsReachThePluginOnce) {
