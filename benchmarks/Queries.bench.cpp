@@ -1,6 +1,7 @@
 // Queries of the table of two hundred files. "first" is the first question after loading; "again" is the
 // same question once more after the cached answers, and nothing else, were dropped; "sorted" is the first
-// question after a sort by many values, which leaves neighbours far apart in memory.
+// question after a sort by many values, which leaves neighbours far apart in memory, and "after_its_sort"
+// after one by the column that is asked for.
 #include <string>
 #include <vector>
 
@@ -35,6 +36,8 @@ const bool registered = [] {
   });
   const auto sort = [](Table& table) { table.SetSortColumn(FEW_VALUES, false); };
   const auto sortFar = [](Table& table) { table.SetSortColumn(MANY_VALUES, false); };
+  RegisterOnFreshTable(
+      "query/after_its_sort/distinct_few", [](Table& table) { Distinct(table, FEW_VALUES); }, sort);
   RegisterOnFreshTable(
       "query/sorted/distinct_few", [](Table& table) { Distinct(table, FEW_VALUES); }, sortFar);
   RegisterOnFreshTable(

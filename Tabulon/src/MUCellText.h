@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string>
 
 // A light, copyable view. It owns nothing: valid as long as the MUDataFileBlock it came from, that is
@@ -43,24 +44,37 @@ class MUCellText {
   // them 0 where the text has ended. first: index of the first one, may be beyond the end.
   std::uint64_t Word(std::size_t first) const {
     const std::size_t length = Length() > first ? Length() - first : 0;
-    std::uint64_t word = 0;
-    if (!IsWide() && length >= WORD_LENGTH) {
-      const auto* const narrow = static_cast<const unsigned char*>(m_text) + first;
-      for (std::size_t i = 0; i < WORD_LENGTH; ++i) word = word << 8 | narrow[i];
-      return word;
-    }
     const std::size_t count = length < WORD_LENGTH ? length : WORD_LENGTH;
+    if (count == 0) return 0;
+    const unsigned unused = 8 * static_cast<unsigned>(WORD_LENGTH - count);
+    if (!IsWide() && Length() >= HALF_WORD) {
+      const auto* const narrow = static_cast<const unsigned char*>(m_text);
+      // A whole word that ends where the wanted characters do, or two overlapping halves.
+      if (Length() >= WORD_LENGTH) {
+        return LoadWord(narrow + first + count - WORD_LENGTH) << unused;
+      }
+      if (count >= HALF_WORD) {
+        return LoadHalfWord(narrow + first) << 32 | LoadHalfWord(narrow + first + count - HALF_WORD)
+                                                        << unused;
+      }
+    }
+    std::uint64_t word = 0;
     for (std::size_t i = 0; i < count; ++i) {
       word = word << 8 | (static_cast<std::uint64_t>((*this)[first + i]) & 0xFF);
     }
-    return count == 0 ? 0 : word << (8 * (WORD_LENGTH - count));
+    return word << unused;
   }
 
   // A text of its own.
   wxString ToString() const;
 
-  bool operator==(const MUCellText& other) const { return Compare(other) == 0; }
-  bool operator!=(const MUCellText& other) const { return Compare(other) != 0; }
+  bool operator==(const MUCellText& other) const {
+    if (Length() != other.Length()) return false;
+    if (IsWide() || other.IsWide()) return Compare(other) == 0;
+    return EqualBytes(static_cast<const char*>(m_text), static_cast<const char*>(other.m_text),
+                      Length());
+  }
+  bool operator!=(const MUCellText& other) const { return !(*this == other); }
 
   // Below, at or above 0, as wxString::compare orders the two texts.
   int Compare(const MUCellText& other) const;
@@ -89,6 +103,40 @@ class MUCellText {
 
  private:
   static constexpr std::size_t WIDE = 1;
+  static constexpr std::size_t HALF_WORD = 4;
+  static constexpr bool LOWEST_BYTE_IS_FIRST = __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__;
+  template <typename WORD>
+  static bool EqualWords(const char* a, const char* b) {
+    return std::memcmp(a, b, sizeof(WORD)) == 0;  // which compilers turn into one comparison
+  }
+  // Cells are short: a call would take longer than the comparison.
+  static bool EqualBytes(const char* a, const char* b, std::size_t count) {
+    if (count >= WORD_LENGTH) {
+      for (std::size_t i = 0; i + WORD_LENGTH < count; i += WORD_LENGTH) {
+        if (!EqualWords<std::uint64_t>(a + i, b + i)) return false;
+      }
+      return EqualWords<std::uint64_t>(a + count - WORD_LENGTH, b + count - WORD_LENGTH);
+    }
+    if (count >= HALF_WORD) {
+      return EqualWords<std::uint32_t>(a, b) &&
+             EqualWords<std::uint32_t>(a + count - HALF_WORD, b + count - HALF_WORD);
+    }
+    for (std::size_t i = 0; i < count; ++i) {
+      if (a[i] != b[i]) return false;
+    }
+    return true;
+  }
+  // The first byte is the most significant one.
+  static std::uint64_t LoadWord(const unsigned char* bytes) {
+    std::uint64_t word = 0;
+    std::memcpy(&word, bytes, sizeof word);
+    return LOWEST_BYTE_IS_FIRST ? __builtin_bswap64(word) : word;
+  }
+  static std::uint64_t LoadHalfWord(const unsigned char* bytes) {
+    std::uint32_t word = 0;
+    std::memcpy(&word, bytes, sizeof word);
+    return LOWEST_BYTE_IS_FIRST ? __builtin_bswap32(word) : word;
+  }
   bool IsWide() const { return (m_size & WIDE) != 0; }
 
   const void* m_text;

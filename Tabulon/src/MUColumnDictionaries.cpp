@@ -1,5 +1,7 @@
 #include "Tabulon/src/MUColumnDictionaries.h"
 
+#include <utility>
+
 #include "Tabulon/src/MUColumnDictionary.h"
 #include "Tabulon/src/MURowStore.h"
 #include "Tabulon/src/MURowText.h"
@@ -7,11 +9,22 @@
 MUColumnDictionaries::Pointer MUColumnDictionaries::Of(const wxString& column,
                                                        const MURowStore& rows) {
   if (Pointer known = Find(column, rows)) return known;
-  auto made = std::make_shared<MUColumnDictionary>(rows, column);
-  if (made->RowsArePlain()) {
-    if (m_entries.size() == MOST_ENTRIES) m_entries.pop_front();
-    m_entries.push_back({column, made});
+  return Kept(column, std::make_shared<MUColumnDictionary>(rows, column));
+}
+
+MUColumnDictionaries::Pointer MUColumnDictionaries::OfFewTexts(const wxString& column,
+                                                               const MURowStore& rows) {
+  if (const Pointer known = Find(column, rows)) {
+    return known->TextCount() <= FEW_TEXTS ? known : nullptr;
   }
+  auto made = std::make_shared<MUColumnDictionary>(rows, column, FEW_TEXTS);
+  return made->HasGivenUp() ? nullptr : Kept(column, std::move(made));
+}
+
+MUColumnDictionaries::Pointer MUColumnDictionaries::Kept(const wxString& column, Pointer made) {
+  if (!made->RowsArePlain()) return made;
+  if (m_entries.size() == MOST_ENTRIES) m_entries.pop_front();
+  m_entries.push_back({column, made});
   return made;
 }
 

@@ -19,6 +19,8 @@ class MUColumnDictionaries {
 
   // The one of the column; made if there is none.
   Pointer Of(const wxString& column, const MURowStore& rows);
+  // The same for a column of few different texts; null for another one.
+  Pointer OfFewTexts(const wxString& column, const MURowStore& rows);
   // Null if there is none.
   Pointer Find(const wxString& column, const MURowStore& rows);
 
@@ -28,7 +30,10 @@ class MUColumnDictionaries {
     Pointer dictionary;
   };
 
+  Pointer Kept(const wxString& column, Pointer made);
+
   static constexpr std::size_t MOST_ENTRIES = 8;
+  static constexpr std::size_t FEW_TEXTS = 4096;
   std::deque<Entry> m_entries;
   unsigned long m_versionOfRows = 0;
   unsigned long m_versionOfOverlays = 0;

@@ -9,7 +9,10 @@
 
 namespace {
 
-constexpr std::size_t FIRST_SLOTS = 64;
+// Few texts in so many slots are nearly all found at the first look.
+constexpr std::size_t FIRST_SLOTS = 1024;
+// So many slots are in the cache anyhow.
+constexpr std::size_t NEAR_SLOTS = 4096;
 // So many rows are read before their texts are searched for, that the slots are on their way meanwhile.
 constexpr std::size_t ROWS_AT_ONCE = 32;
 
@@ -20,47 +23,52 @@ std::uint32_t HashOf(const MUCellText& text) {
 
 }  // namespace
 
-MUColumnDictionary::MUColumnDictionary(const MURowStore& rows, const wxString& column)
-    : m_numbers(rows.KeyLimit()), m_slots(FIRST_SLOTS) {
+MUColumnDictionary::MUColumnDictionary(const MURowStore& rows, const wxString& column,
+                                       std::size_t mostTexts)
+    : m_numbers(rows.KeyLimit()), m_slots(FIRST_SLOTS), m_mostTexts(mostTexts) {
   std::fill(m_numbers.begin(), m_numbers.end(), NONE);
   std::fill(m_slots.begin(), m_slots.end(), Slot{0, NONE});
 
-  struct Cell {
-    unsigned long key;
-    const MUSingleRowDataPlusRowProperties* row;
-    MUCellText text;
-    std::uint32_t hash;
-  };
-  std::array<Cell, ROWS_AT_ONCE> cells;
-  std::size_t count = 0;
-  const auto number = [&] {
-    for (std::size_t i = 0; i < count; ++i) {
-      const Cell& cell = cells[i];
-      Slot* slot = &m_slots[FindSlot(cell.text, cell.hash)];
-      if (slot->number == NONE) {
-        if (2 * (m_texts.size() + 1) > m_slots.size()) {
-          MakeRoom();
-          slot = &m_slots[FindSlot(cell.text, cell.hash)];
-        }
-        *slot = {cell.hash, static_cast<std::uint32_t>(m_texts.size())};
-        m_texts.push_back(m_keeper.Keep(*cell.row, cell.text));
-      }
-      m_numbers[cell.key] = slot->number;
-    }
-    count = 0;
-  };
+  std::array<Cell, ROWS_AT_ONCE> waiting;
+  std::size_t waitingCount = 0;
   MUColumnReader reader(column);
   rows.ForEach([&](unsigned long key, const MUSingleRowDataPlusRowProperties* row) {
-    Cell& cell = cells[count];
-    cell.key = key;
-    cell.row = row;
-    cell.text = reader.TextOf(*row);
-    m_rowsArePlain = m_rowsArePlain && row->Block() != nullptr && !row->HasOverlay();
-    cell.hash = HashOf(cell.text);
+    if (HasGivenUp()) return;
+    MUCellText text;
+    std::size_t position = 0;
+    if (reader.FindPosition(*row, position)) {
+      text = row->CellAt(position);
+      m_everyRowHasTheCell = m_everyRowHasTheCell && row->HasSortKeysAt(position);
+    } else {
+      text = reader.TextOf(*row);
+      m_rowsArePlain = m_rowsArePlain && row->Block() != nullptr && !row->HasOverlay();
+      m_everyRowHasTheCell = false;
+    }
+    const Cell cell = {key, row, text, HashOf(text)};
+    if (m_slots.size() <= NEAR_SLOTS) {
+      Number(cell);
+      return;
+    }
     __builtin_prefetch(&m_slots[cell.hash & (m_slots.size() - 1)]);
-    if (++count == cells.size()) number();
+    waiting[waitingCount] = cell;
+    if (++waitingCount < waiting.size()) return;
+    for (const Cell& one : waiting) Number(one);
+    waitingCount = 0;
   });
-  number();
+  for (std::size_t i = 0; i < waitingCount; ++i) Number(waiting[i]);
+}
+
+void MUColumnDictionary::Number(const Cell& cell) {
+  Slot* slot = &m_slots[FindSlot(cell.text, cell.hash)];
+  if (slot->number == NONE) {
+    if (2 * (m_texts.size() + 1) > m_slots.size()) {
+      MakeRoom();
+      slot = &m_slots[FindSlot(cell.text, cell.hash)];
+    }
+    *slot = {cell.hash, static_cast<std::uint32_t>(m_texts.size())};
+    m_texts.push_back(m_keeper.Keep(*cell.row, cell.text));
+  }
+  m_numbers[cell.key] = slot->number;
 }
 
 std::uint32_t MUColumnDictionary::NumberOfText(const MUCellText& text) const {

@@ -13,6 +13,7 @@
 #include "Tabulon/src/MUTextKeeper.h"
 
 class MURowStore;
+struct MUSingleRowDataPlusRowProperties;
 
 // Tells of the rows as they were when it was made. A row without such a cell has the empty text. It keeps
 // what its texts are borrowed from, so that it may outlive the rows.
@@ -21,7 +22,9 @@ class MUColumnDictionary {
   // Of a key without a row, and of a text that no row has.
   static constexpr std::uint32_t NONE = static_cast<std::uint32_t>(-1);
 
-  MUColumnDictionary(const MURowStore& rows, const wxString& column);
+  // mostTexts: gives up, and is of no use, when the column has more different texts.
+  MUColumnDictionary(const MURowStore& rows, const wxString& column, std::size_t mostTexts = NONE);
+  bool HasGivenUp() const { return m_texts.size() > m_mostTexts; }
 
   // Numbers count from 0 in the order in which the texts come first in the order of the row keys.
   std::size_t TextCount() const { return m_texts.size(); }
@@ -33,6 +36,8 @@ class MUColumnDictionary {
   std::uint32_t NumberOfText(const MUCellText& text) const;
   // Whether no row had entries of its own, which may be written at any time.
   bool RowsArePlain() const { return m_rowsArePlain; }
+  // Whether the line of every row reaches to the column.
+  bool EveryRowHasTheCell() const { return m_everyRowHasTheCell; }
 
  private:
   struct Slot {
@@ -40,6 +45,14 @@ class MUColumnDictionary {
     std::uint32_t number;  // NONE if the slot is free
   };
 
+  struct Cell {
+    unsigned long key;
+    const MUSingleRowDataPlusRowProperties* row;
+    MUCellText text;
+    std::uint32_t hash;
+  };
+
+  void Number(const Cell& cell);
   std::size_t FindSlot(const MUCellText& text, std::uint32_t hash) const;
   void MakeRoom();
 
@@ -47,7 +60,9 @@ class MUColumnDictionary {
   MULargeVector<MUCellText> m_texts;        // by number
   MUScratchArray<Slot> m_slots;             // a power of two of them, at most half of them in use
   MUTextKeeper m_keeper;
+  std::size_t m_mostTexts;
   bool m_rowsArePlain = true;
+  bool m_everyRowHasTheCell = true;
 };
 
 #endif

@@ -300,6 +300,7 @@ MUSelectedTexts MUExperimentTextReaderMultiFile::DistinctTexts(const wxString& c
   const auto dictionary = m_dictionaries.Of(column, m_rows);
   MUSelectedTexts distinct;
   distinct.keeper = dictionary;
+  distinct.texts.reserve(std::min(dictionary->TextCount(), keys.size()));
   std::vector<bool> seen(dictionary->TextCount());
   std::unordered_set<MUCellText, MUCellTextHash> seenTrimmed;
   for (const unsigned long key : keys) {

@@ -1,4 +1,5 @@
 // The sorted order of the rows.
+#include <optional>
 #include <vector>
 
 #include "Tabulon/src/MUExperimentTextReaderMultiFile.h"
@@ -64,8 +65,16 @@ void MUExperimentTextReaderMultiFile::ResetKeysUsingSortSettings() {
       otherRows.push_back({key, row});
     }
   });
-  const MUScratchArray<MUPlace> places =
-      SortedPlaces(shownRows.begin(), shownCount, m_sortColumnName, m_sortReverse);
+  std::optional<MUScratchArray<MUPlace>> places;
+  // A line without any cell has sort keys of its own under the empty name, which no dictionary knows.
+  if (!m_sortColumnName.empty() && !SortsByReactionTime(m_sortColumnName)) {
+    if (const auto dictionary = m_dictionaries.OfFewTexts(m_sortColumnName, m_rows)) {
+      places = SortedPlaces(*dictionary, shownKeys.begin(), shownCount, m_sortReverse);
+    }
+  }
+  if (!places) {
+    places = SortedPlaces(shownRows.begin(), shownCount, m_sortColumnName, m_sortReverse);
+  }
 
   // One counter serves the shown rows in all three lists: they stand first in each.
   m_currentShownRowKeys->resize(shownCount);
@@ -73,8 +82,8 @@ void MUExperimentTextReaderMultiFile::ResetKeysUsingSortSettings() {
   m_activeRowKeys.reserve(m_rows.size());
   MUScratchArray<MUPlace> indexAtPlace(shownCount);
   for (std::size_t index = 0; index < shownCount; ++index) {
-    (*m_currentShownRowKeys)[index] = shownKeys[places[index]];
-    indexAtPlace[places[index]] = static_cast<MUPlace>(index);
+    (*m_currentShownRowKeys)[index] = shownKeys[(*places)[index]];
+    indexAtPlace[(*places)[index]] = static_cast<MUPlace>(index);
   }
   m_allRowKeys = *m_currentShownRowKeys;
   m_activeRowKeys = *m_currentShownRowKeys;

@@ -7,6 +7,7 @@
 #include <tuple>
 #include <vector>
 
+#include "Tabulon/src/MUColumnDictionary.h"
 #include "Tabulon/src/MUColumnReader.h"
 #include "Tabulon/src/MUInterfaceExperimentDataFileInputReader.h"
 #include "Tabulon/src/MUSortFunctors.h"
@@ -88,6 +89,14 @@ class RecordSort {
   std::vector<Record> m_records;
 };
 
+// Whether two texts that their keys cover are equal to a sort: blanks at their ends do not count.
+bool HaveEqualKeys(const MUCellText& a, const MUCellText& b) {
+  for (std::size_t piece = 0; piece < MUCellText::SORT_PIECES; ++piece) {
+    if (a.SortBits(piece) != b.SortBits(piece)) return false;
+  }
+  return a.FitsInSortKeys() && b.FitsInSortKeys();
+}
+
 // The rows' texts for a sort; none if a row's keys are not those of its text.
 std::optional<MUTextSort> TextsOf(const Row* const* rows, std::size_t count,
                                   const wxString& column) {
@@ -129,11 +138,43 @@ std::optional<MUTextSort> TextsOf(const Row* const* rows, std::size_t count,
 
 MUScratchArray<MUPlace> SortedPlaces(const MUSingleRowDataPlusRowProperties* const* rows,
                                      std::size_t count, const wxString& column, bool descending) {
-  if (column == Reader::GetStandardizedDataFileStringValue(Reader::RTIME_COLUMN_HEADING)) {
+  if (SortsByReactionTime(column)) {
     return SortedByReactionTime(rows, count, descending);
   }
   if (std::optional<MUTextSort> texts = TextsOf(rows, count, column)) {
     return texts->Sorted(descending);
   }
   return RecordSort(rows, count, column).Sorted(descending);
+}
+
+std::optional<MUScratchArray<MUPlace>> SortedPlaces(const MUColumnDictionary& dictionary,
+                                                    const unsigned long* keys, std::size_t count,
+                                                    bool descending) {
+  if (!dictionary.RowsArePlain() || !dictionary.EveryRowHasTheCell()) return std::nullopt;
+  const auto textCount = static_cast<std::uint32_t>(dictionary.TextCount());
+  MUTextSort texts(textCount);
+  for (std::uint32_t number = 0; number < textCount; ++number) texts.Add(dictionary.Text(number));
+  // Of wide texts it may be the full texts alone that decide, and that depends on which rows are sorted.
+  if (!texts.AllAreNarrow()) return std::nullopt;
+
+  const Places order = texts.Sorted(false);
+  std::vector<std::uint32_t> ranks(textCount);
+  std::uint32_t rank = 0;
+  for (std::size_t i = 1; i < order.size(); ++i) {
+    if (!HaveEqualKeys(dictionary.Text(order[i - 1]), dictionary.Text(order[i]))) ++rank;
+    ranks[order[i]] = rank;
+  }
+  unsigned bits = 0;
+  while (rank >> bits != 0) ++bits;
+  MUKeyedSort sort(count, bits, descending);
+  for (std::size_t i = 0; i < count; ++i) {
+    sort.Add(ranks[dictionary.NumberOfRow(keys[i])], static_cast<MUPlace>(i));
+  }
+  Places places(count);
+  sort.WriteSorted(places.begin());
+  return places;
+}
+
+bool SortsByReactionTime(const wxString& column) {
+  return column == Reader::GetStandardizedDataFileStringValue(Reader::RTIME_COLUMN_HEADING);
 }
