@@ -15,8 +15,10 @@ constexpr std::uint64_t BLANKS = 0x2020202020202020u;
 constexpr std::uint64_t LAST_KEY_CHARACTERS = 0xFFFF000000000000u;
 constexpr std::uint64_t UNFIT = 0x0000800000000000u;
 constexpr unsigned FURTHER_TEXT_SHIFT = 17;
-constexpr std::array<std::uint64_t, 2> FURTHER_WORDS_OF_SHORT_TEXT = {BLANKS,
-                                                                      BLANKS& LAST_KEY_CHARACTERS};
+constexpr std::uint64_t SECOND_WORD_OF_SHORT_TEXT = BLANKS;
+constexpr std::uint64_t LAST_WORD_OF_SHORT_TEXT = BLANKS & LAST_KEY_CHARACTERS;
+// So far ahead the words of sorted places are fetched, which lie anywhere.
+constexpr std::ptrdiff_t PLACES_AHEAD = 32;
 // So many are sorted one by one.
 constexpr std::ptrdiff_t FEW_PLACES = 24;
 
@@ -38,37 +40,41 @@ std::size_t LengthOfCommonStart(const MUCellText& a, const MUCellText& b, std::s
 }  // namespace
 
 MUTextSort::MUTextSort(std::size_t count)
-    : m_capacity(count), m_firstWords(count), m_further(0), m_unfitTexts(0) {}
+    : m_capacity(count), m_firstWords(count), m_words(0), m_unfitTexts(0) {}
 
 void MUTextSort::Add(const MUCellText& text) {
   m_allNarrow = m_allNarrow && text.Wide() == nullptr;
-  const std::uint64_t first = PaddedWordOf(text, 0);
-  if (text.Length() <= WORD_LENGTH) {
-    Append(first, FURTHER_WORDS_OF_SHORT_TEXT, text);
-    return;
+  Words words = {PaddedWordOf(text, 0), SECOND_WORD_OF_SHORT_TEXT, LAST_WORD_OF_SHORT_TEXT};
+  if (text.Length() > WORD_LENGTH) {
+    words[1] = PaddedWordOf(text, WORD_LENGTH);
+    words[2] = PaddedWordOf(text, 2 * WORD_LENGTH) & LAST_KEY_CHARACTERS;
+    if (!text.FitsInSortKeys()) {
+      words[2] |= UNFIT;
+      if (text.Narrow() != nullptr) words[2] |= text.Word(KEYS_LENGTH) >> FURTHER_TEXT_SHIFT;
+    }
   }
-  FurtherWords further = {PaddedWordOf(text, WORD_LENGTH),
-                          PaddedWordOf(text, 2 * WORD_LENGTH) & LAST_KEY_CHARACTERS};
-  if (!text.FitsInSortKeys()) {
-    further[1] |= UNFIT;
-    if (text.Narrow() != nullptr) further[1] |= text.Word(KEYS_LENGTH) >> FURTHER_TEXT_SHIFT;
-  }
-  Append(first, further, text);
+  Append(words, text);
 }
 
 void MUTextSort::AddWithoutKeys(const MUCellText& text) {
   m_allNarrow = m_allNarrow && text.Wide() == nullptr;
-  Append(0, {0, UNFIT}, text);
+  Append({0, 0, UNFIT}, text);
 }
 
-void MUTextSort::Append(std::uint64_t first, const FurtherWords& further, const MUCellText& text) {
-  m_firstWords[m_count] = first;
-  if (m_further.size() == 0 && further != FURTHER_WORDS_OF_SHORT_TEXT) {
-    m_further = MUScratchArray<FurtherWords>(m_capacity);
-    std::fill_n(m_further.begin(), m_count, FURTHER_WORDS_OF_SHORT_TEXT);
+void MUTextSort::Append(const Words& words, const MUCellText& text) {
+  const bool isShort = words[1] == SECOND_WORD_OF_SHORT_TEXT && words[2] == LAST_WORD_OF_SHORT_TEXT;
+  if (m_words.size() != 0) {
+    m_words[m_count] = words;
+  } else if (isShort) {
+    m_firstWords[m_count] = words[0];
+  } else {
+    m_words = MUScratchArray<Words>(m_capacity);
+    for (std::size_t i = 0; i < m_count; ++i) {
+      m_words[i] = {m_firstWords[i], SECOND_WORD_OF_SHORT_TEXT, LAST_WORD_OF_SHORT_TEXT};
+    }
+    m_words[m_count] = words;
   }
-  if (m_further.size() != 0) m_further[m_count] = further;
-  if ((further[1] & UNFIT) != 0) {
+  if ((words[2] & UNFIT) != 0) {
     if (m_unfitCount == 0) m_unfitTexts = MUScratchArray<MUCellText>(m_capacity);
     m_unfitTexts[m_count] = text;
     ++m_unfitCount;
@@ -85,7 +91,7 @@ MUScratchArray<MUPlace> MUTextSort::Sorted(bool descending) const {
 }
 
 bool MUTextSort::IsUnfit(MUPlace place) const {
-  return m_further.size() != 0 && (m_further[place][1] & UNFIT) != 0;
+  return m_words.size() != 0 && (m_words[place][2] & UNFIT) != 0;
 }
 
 void MUTextSort::SortByWords(MUPlace* begin, MUPlace* end, bool descending) const {
@@ -105,6 +111,11 @@ void MUTextSort::SortByWords(MUPlace* begin, MUPlace* end, bool descending) cons
     return;
   }
   sort.WriteSorted(begin, [&](MUPlace* first, MUPlace* last) {
+    if (end - last > PLACES_AHEAD) {
+      for (const MUPlace* place = first; place != last; ++place) {
+        __builtin_prefetch(&m_words[place[PLACES_AHEAD]]);
+      }
+    }
     if (!packing.IsComplete()) {
       SortByWords(first, last, descending);  // among these fewer bits differ
     } else if (IsUnfit(*first)) {

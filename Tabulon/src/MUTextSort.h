@@ -35,13 +35,12 @@ class MUTextSort {
   // that is set if the keys do not cover the text, and then some more characters of such a text, as far as
   // it is narrow.
   using Words = MUKeyPacking<3>::Key;
-  using FurtherWords = std::array<std::uint64_t, 2>;
 
-  void Append(std::uint64_t first, const FurtherWords& further, const MUCellText& text);
+  void Append(const Words& words, const MUCellText& text);
   Words WordsAt(MUPlace place) const {
-    if (m_further.size() == 0) return {m_firstWords[place], 0, 0};
-    const FurtherWords& further = m_further[place];
-    return {m_firstWords[place], further[0], further[1] & m_lastWordMask};
+    if (m_words.size() == 0) return {m_firstWords[place], 0, 0};
+    const Words& words = m_words[place];
+    return {words[0], words[1], words[2] & m_lastWordMask};
   }
   bool IsUnfit(MUPlace place) const;
   void SortByWords(MUPlace* begin, MUPlace* end, bool descending) const;
@@ -54,9 +53,9 @@ class MUTextSort {
   bool m_allNarrow = true;
   // Where wide texts stand among narrow ones, a byte for a character says too little beyond the keys.
   std::uint64_t m_lastWordMask = ~std::uint64_t{0};
+  // Either the first words of texts that are all short, or, from the first other one on, all their words.
   MUScratchArray<std::uint64_t> m_firstWords;
-  // Made with the first text that differs from a short one in them.
-  MUScratchArray<FurtherWords> m_further;
+  MUScratchArray<Words> m_words;
   // Made with the first text that its keys do not cover; the others have no entry worth reading.
   MUScratchArray<MUCellText> m_unfitTexts;
 };
