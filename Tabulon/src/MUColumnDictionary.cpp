@@ -1,7 +1,6 @@
 #include "Tabulon/src/MUColumnDictionary.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "Tabulon/src/MUColumnReader.h"
@@ -13,8 +12,6 @@ namespace {
 constexpr std::size_t FIRST_SLOTS = 1024;
 // So many slots are in the cache anyhow.
 constexpr std::size_t NEAR_SLOTS = 4096;
-// So many rows are read before their texts are searched for, that the slots are on their way meanwhile.
-constexpr std::size_t ROWS_AT_ONCE = 32;
 
 // The slots take the high bits, which depend on all of the text.
 std::uint32_t HashOf(const MUCellText& text) {
@@ -29,33 +26,45 @@ MUColumnDictionary::MUColumnDictionary(const MURowStore& rows, const wxString& c
   std::fill(m_numbers.begin(), m_numbers.end(), NONE);
   std::fill(m_slots.begin(), m_slots.end(), Slot{0, NONE});
 
-  std::array<Cell, ROWS_AT_ONCE> waiting;
-  std::size_t waitingCount = 0;
   MUColumnReader reader(column);
-  rows.ForEach([&](unsigned long key, const MUSingleRowDataPlusRowProperties* row) {
-    if (HasGivenUp()) return;
-    MUCellText text;
-    std::size_t position = 0;
-    if (reader.FindPosition(*row, position)) {
-      text = row->CellAt(position);
-      m_everyRowHasTheCell = m_everyRowHasTheCell && row->HasSortKeysAt(position);
+  for (const MURowStore::Run& run : rows.Runs()) {
+    const std::size_t position =
+        run.block == nullptr || run.block->FindHiddenCell(column) != nullptr
+            ? MUDataFileBlock::NOT_FOUND
+            : run.block->PositionOf(column);
+    if (position != MUDataFileBlock::NOT_FOUND) {
+      m_keeper.KeepAll(*run.block);
+      std::size_t line = run.firstRow;
+      for (unsigned long key = run.firstKey; key != run.endKey && !HasGivenUp(); ++key, ++line) {
+        m_everyRowHasTheCell = m_everyRowHasTheCell && position < run.block->CellCount(line);
+        Add(key, run.block->Cell(line, position));
+      }
     } else {
-      text = reader.TextOf(*row);
-      m_rowsArePlain = m_rowsArePlain && row->Block() != nullptr && !row->HasOverlay();
       m_everyRowHasTheCell = false;
+      m_rowsArePlain = m_rowsArePlain && run.block != nullptr;
+      for (unsigned long key = run.firstKey; key != run.endKey && !HasGivenUp(); ++key) {
+        const MUSingleRowDataPlusRowProperties& row = *rows.find(key);
+        Add(key, m_keeper.Keep(row, reader.TextOf(row)));
+      }
     }
-    const Cell cell = {key, row, text, HashOf(text)};
-    if (m_slots.size() <= NEAR_SLOTS) {
-      Number(cell);
-      return;
-    }
-    __builtin_prefetch(&m_slots[cell.hash & (m_slots.size() - 1)]);
-    waiting[waitingCount] = cell;
-    if (++waitingCount < waiting.size()) return;
-    for (const Cell& one : waiting) Number(one);
-    waitingCount = 0;
-  });
-  for (std::size_t i = 0; i < waitingCount; ++i) Number(waiting[i]);
+  }
+  NumberWaiting();
+}
+
+void MUColumnDictionary::Add(unsigned long key, const MUCellText& text) {
+  const Cell cell = {key, text, HashOf(text)};
+  if (m_slots.size() <= NEAR_SLOTS) {
+    Number(cell);
+    return;
+  }
+  __builtin_prefetch(&m_slots[cell.hash & (m_slots.size() - 1)]);
+  m_waiting[m_waitingCount] = cell;
+  if (++m_waitingCount == m_waiting.size()) NumberWaiting();
+}
+
+void MUColumnDictionary::NumberWaiting() {
+  for (std::size_t i = 0; i < m_waitingCount; ++i) Number(m_waiting[i]);
+  m_waitingCount = 0;
 }
 
 void MUColumnDictionary::Number(const Cell& cell) {
@@ -66,7 +75,7 @@ void MUColumnDictionary::Number(const Cell& cell) {
       slot = &m_slots[FindSlot(cell.text, cell.hash)];
     }
     *slot = {cell.hash, static_cast<std::uint32_t>(m_texts.size())};
-    m_texts.push_back(m_keeper.Keep(*cell.row, cell.text));
+    m_texts.push_back(cell.text);
   }
   m_numbers[cell.key] = slot->number;
 }

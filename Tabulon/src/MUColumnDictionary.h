@@ -4,6 +4,7 @@
 
 #include <wx/string.h>
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -13,7 +14,6 @@
 #include "Tabulon/src/MUTextKeeper.h"
 
 class MURowStore;
-struct MUSingleRowDataPlusRowProperties;
 
 // Tells of the rows as they were when it was made. A row without such a cell has the empty text. It keeps
 // what its texts are borrowed from, so that it may outlive the rows.
@@ -47,12 +47,13 @@ class MUColumnDictionary {
 
   struct Cell {
     unsigned long key;
-    const MUSingleRowDataPlusRowProperties* row;
     MUCellText text;
     std::uint32_t hash;
   };
 
+  void Add(unsigned long key, const MUCellText& text);
   void Number(const Cell& cell);
+  void NumberWaiting();
   std::size_t FindSlot(const MUCellText& text, std::uint32_t hash) const;
   void MakeRoom();
 
@@ -60,6 +61,8 @@ class MUColumnDictionary {
   MULargeVector<MUCellText> m_texts;        // by number
   MUScratchArray<Slot> m_slots;             // a power of two of them, at most half of them in use
   MUTextKeeper m_keeper;
+  std::array<Cell, 32> m_waiting;  // cells whose slots are being fetched
+  std::size_t m_waitingCount = 0;
   std::size_t m_mostTexts;
   bool m_rowsArePlain = true;
   bool m_everyRowHasTheCell = true;

@@ -1,6 +1,7 @@
 // The lists of row keys and plain access by row and column.
 #include <algorithm>
 #include <array>
+#include <optional>
 
 #include "Tabulon/src/MUColumnNamePlusProperties.h"
 #include "Tabulon/src/MUColumnReader.h"
@@ -11,6 +12,37 @@ namespace {
 
 // A negative index wraps to a number that is past every end.
 std::size_t Place(int index) { return static_cast<std::size_t>(index); }
+
+// Finds the run that holds a key. Keys that are asked for one after the other are often of the same one.
+class MURowRunFinder {
+ public:
+  using Runs = std::vector<MURowStore::Run>;
+
+  // runs: may be null for none.
+  explicit MURowRunFinder(const Runs* runs) : m_runs(runs != nullptr ? *runs : NO_RUNS) {}
+
+  // Null if there is none.
+  const MURowStore::Run* Find(unsigned long key) {
+    if (m_last == nullptr || !Holds(*m_last, key)) {
+      const auto found = std::upper_bound(
+          m_runs.begin(), m_runs.end(), key,
+          [](unsigned long wanted, const MURowStore::Run& run) { return wanted < run.endKey; });
+      m_last = found != m_runs.end() && Holds(*found, key) ? &*found : nullptr;
+    }
+    return m_last;
+  }
+
+ private:
+  static bool Holds(const MURowStore::Run& run, unsigned long key) {
+    return run.firstKey <= key && key < run.endKey;
+  }
+
+  static const Runs NO_RUNS;
+  const Runs& m_runs;
+  const MURowStore::Run* m_last = nullptr;
+};
+
+const MURowRunFinder::Runs MURowRunFinder::NO_RUNS;
 
 }  // namespace
 
@@ -113,13 +145,12 @@ MUCellText MUExperimentTextReaderMultiFile::GetDataCellText(int row, int column)
 
 void MUExperimentTextReaderMultiFile::GetDataColumnTexts(int column, int firstRow, int rowCount,
                                                          MUCellText* texts) const {
-  constexpr std::size_t ROWS_AT_ONCE = 32;
+  constexpr std::size_t ROWS_AT_ONCE = 64;
   struct PlainCell {
-    const MUDataFileBlock* block;  // null for a row that has to be asked itself
+    const MUDataFileBlock* block;  // null for a cell that is not read this way
     std::size_t row;
     std::size_t position;
   };
-  std::array<const MUSingleRowDataPlusRowProperties*, ROWS_AT_ONCE> rows;
   std::array<PlainCell, ROWS_AT_ONCE> cells;
   const std::vector<wxString>& names = *m_currentColumnNames;
   const RowKeys& keys = *m_currentShownRowKeys;
@@ -129,20 +160,26 @@ void MUExperimentTextReaderMultiFile::GetDataColumnTexts(int column, int firstRo
                                     ? std::min<std::size_t>(m_shownRowCount, keys.size())
                                     : 0;
   const std::size_t total = rowCount > 0 ? static_cast<std::size_t>(rowCount) : 0;
+  MURowRunFinder runs(m_rows.StandingRuns());
+  std::optional<MUColumnReader> reader;
+  const MUDataFileBlock* block = nullptr;  // the last one, and where the column is in it
+  std::size_t position = MUCellPositions::HIDDEN;
   for (std::size_t done = 0; done < total; done += ROWS_AT_ONCE) {
     const std::size_t count = std::min(ROWS_AT_ONCE, total - done);
     for (std::size_t i = 0; i < count; ++i) {
       const std::size_t row = Place(firstRow) + done + i;
-      rows[i] = row < knownRows ? m_rows.find(keys[row]) : nullptr;
-      if (rows[i] != nullptr) __builtin_prefetch(&rows[i]->m_text);
-    }
-    for (std::size_t i = 0; i < count; ++i) {
-      cells[i].block = nullptr;
-      if (rows[i] == nullptr || rows[i]->Block() == nullptr || rows[i]->HasOverlay()) continue;
-      const std::vector<std::size_t>& positions = m_cellPositions.In(*rows[i]->Block(), names);
-      if (place >= positions.size() || positions[place] == MUCellPositions::HIDDEN) continue;
-      cells[i] = {rows[i]->Block(), rows[i]->m_text.RowInBlock(), positions[place]};
-      cells[i].block->PrefetchRow(cells[i].row);
+      cells[i] = {nullptr, 0, 0};
+      if (row >= knownRows) continue;
+      const MURowStore::Run* const run = runs.Find(keys[row]);
+      if (run == nullptr || run->block == nullptr) continue;
+      if (run->block != block) {
+        block = run->block;
+        const std::vector<std::size_t>& positions = m_cellPositions.In(*block, names);
+        position = place < positions.size() ? positions[place] : MUCellPositions::HIDDEN;
+      }
+      if (position == MUCellPositions::HIDDEN) continue;
+      cells[i] = {block, run->firstRow + (keys[row] - run->firstKey), position};
+      block->PrefetchRow(cells[i].row);
     }
     for (std::size_t i = 0; i < count; ++i) {
       if (cells[i].block != nullptr) cells[i].block->PrefetchCell(cells[i].row, cells[i].position);
@@ -150,12 +187,15 @@ void MUExperimentTextReaderMultiFile::GetDataColumnTexts(int column, int firstRo
     for (std::size_t i = 0; i < count; ++i, ++texts) {
       if (cells[i].block != nullptr) {
         *texts = cells[i].block->Cell(cells[i].row, cells[i].position);
-      } else if (rows[i] == nullptr) {
+        continue;
+      }
+      const std::size_t index = Place(firstRow) + done + i;
+      const auto* const row = index < knownRows ? m_rows.find(keys[index]) : nullptr;
+      if (row == nullptr) {
         *texts = MUColumnReader::ViewOf(CELL_STRING_VALUE_WHEN_CELL_IS_UNDEFINED);
       } else {
-        const auto cell = rows[i]->m_cells.find(names[place]);
-        *texts =
-            cell == rows[i]->m_cells.end() ? MUCellText() : MUColumnReader::ViewOf(cell->second);
+        if (!reader) reader.emplace(names[place]);
+        *texts = reader->TextOf(*row);
       }
     }
   }

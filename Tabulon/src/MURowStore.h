@@ -10,6 +10,7 @@
 
 #include "Tabulon/src/MUPooledMemory.h"
 
+class MUDataFileBlock;
 struct MUSingleRowDataPlusRowProperties;
 
 // Answers like a map from key to row, in constant time: keys are dense and ascending, so they lead
@@ -22,6 +23,15 @@ class MURowStore {
   struct Entry {
     unsigned long first;
     Row* second;
+  };
+
+  // Rows with neighbouring keys that are nothing but neighbouring lines of one file: the keys from firstKey
+  // up to endKey, which is not one of them, the first of them on the line firstRow of the block.
+  struct Run {
+    unsigned long firstKey;
+    unsigned long endKey;
+    const MUDataFileBlock* block;  // null: each row has to be asked itself
+    std::size_t firstRow;
   };
 
   // Goes through the rows in key order. Erasing any row leaves it valid, inserting does not.
@@ -67,6 +77,12 @@ class MURowStore {
     }
   }
 
+  // The rows as runs, in key order. Borrowed until the rows change or one of them gets entries of its own;
+  // after that it takes a walk over all rows to make them anew.
+  const std::vector<Run>& Runs() const;
+  // Null if that walk would be necessary.
+  const std::vector<Run>* StandingRuns() const;
+
   // Null if no row has the key.
   Row* find(unsigned long key) const {
     if (key >= PlaceCount()) return nullptr;
@@ -92,12 +108,17 @@ class MURowStore {
   };
 
   std::size_t PlaceCount() const { return m_pages.size() * PAGE_SIZE; }
+  void AppendToRuns(unsigned long key, const Row* row) const;
+
   // The number of places if there is none.
   std::size_t FirstUsedPlaceFrom(std::size_t place) const;
 
   std::vector<std::unique_ptr<Page>> m_pages;
   std::size_t m_size = 0;
   unsigned long m_version = 0;
+  mutable std::vector<Run> m_runs;
+  mutable bool m_runsStand = true;
+  mutable unsigned long m_runsOverlayVersion = 0;
 };
 
 #endif

@@ -24,6 +24,7 @@ MURowText& MURowText::operator=(const MURowText& other) {
   std::swap(m_overlays, copy.m_overlays);
   std::swap(m_row, copy.m_row);
   std::swap(m_columnCount, copy.m_columnCount);
+  versionOfOverlays.fetch_add(1, std::memory_order_relaxed);
   return *this;
 }
 

@@ -37,7 +37,7 @@ class MURowText {
   // The entries of the row's maps that were asked for by reference or put in; null if none.
   const MURowOverlays* Overlays() const { return m_overlays; }
   MURowOverlays& MakeOverlays() const;
-  // Another number whenever any row has got its first entry.
+  // Another number whenever any row has got its first entry, or has become another one.
   static unsigned long VersionOfOverlays();
 
  private:

@@ -9,12 +9,13 @@
 #include <vector>
 
 #include "Tabulon/src/MUCellText.h"
+#include "Tabulon/src/MUScratchArray.h"
 
 // Holds the texts as they stand in the files; whoever asks gets texts of his own.
 struct MUSelectedTexts {
   static constexpr std::size_t TEXTS_AHEAD = 16;
 
-  std::vector<MUCellText> texts;
+  MULargeVector<MUCellText> texts;
   std::shared_ptr<const void> keeper;  // of what the texts are borrowed from
 
   std::vector<wxString> ToTexts() const {

@@ -8,9 +8,12 @@ MUCellText MUTextKeeper::Keep(const MUSingleRowDataPlusRowProperties& row, const
     m_ownTexts.push_back(text.ToString());
     return {m_ownTexts.back().wc_str(), m_ownTexts.back().length()};
   }
-  if (block != m_lastBlock) {
-    m_lastBlock = block;
-    if (m_known.insert(block).second) m_blocks.emplace_back(block);
-  }
+  KeepAll(*block);
   return text;
+}
+
+void MUTextKeeper::KeepAll(const MUDataFileBlock& block) {
+  if (&block == m_lastBlock) return;
+  m_lastBlock = &block;
+  if (m_known.insert(&block).second) m_blocks.emplace_back(&block);
 }

@@ -18,6 +18,8 @@ class MUTextKeeper {
  public:
   // text: of a cell of the row. The answer is the same text and valid as long as the keeper.
   MUCellText Keep(const MUSingleRowDataPlusRowProperties& row, const MUCellText& text);
+  // Keeps all texts of the block.
+  void KeepAll(const MUDataFileBlock& block);
 
  private:
   const MUDataFileBlock* m_lastBlock = nullptr;

@@ -207,6 +207,59 @@ TEST_F(ColumnDictionaries, AreKeptForAFewColumnsOnly) {
   EXPECT_NE(dictionaries.Find(wxT("B"), table.m_rows), nullptr);
 }
 
+// ---- Runs of rows
+
+class RowRuns : public ColumnDictionaries {
+ protected:
+  // Of each run its keys, and the line it begins with or "own".
+  std::string Runs() {
+    std::string text;
+    for (const MURowStore::Run& run : table.m_rows.Runs()) {
+      text += std::to_string(run.firstKey) + "-" + std::to_string(run.endKey) + " ";
+      text += run.block == nullptr ? "own; " : std::to_string(run.firstRow) + "; ";
+    }
+    return text;
+  }
+};
+
+TEST_F(RowRuns, AreTheLinesOfFilesAndSplitWhereRowsAreMissingOrWritten) {
+  EXPECT_EQ(Runs(), "");
+  Load("a.txt", {{"x", "1"}, {"y", "2"}, {"z", "3"}});
+  Load("b.txt", {{"x", "4"}, {"y", "5"}, {"z", "6"}});
+  ASSERT_NE(table.m_rows.StandingRuns(), nullptr);
+  EXPECT_EQ(Runs(), "0-3 0; 3-6 0; ");
+  EXPECT_NE(table.m_rows.Runs()[0].block, table.m_rows.Runs()[1].block);
+
+  table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("B"), wxT("2"));
+  EXPECT_EQ(table.m_rows.StandingRuns(), nullptr);
+  EXPECT_EQ(Runs(), "0-1 0; 2-3 2; 3-6 0; ");
+  ASSERT_NE(table.m_rows.StandingRuns(), nullptr);
+
+  table.m_rows.find(4)->m_cells[wxT("A")] = wxT("written");
+  EXPECT_EQ(table.m_rows.StandingRuns(), nullptr);
+  EXPECT_EQ(Runs(), "0-1 0; 2-3 2; 3-4 0; 4-5 own; 5-6 2; ");
+
+  Load("c.txt", {{"x", "7"}});
+  EXPECT_EQ(Runs(), "0-1 0; 2-3 2; 3-4 0; 4-5 own; 5-6 2; 6-7 0; ");
+}
+
+TEST_F(RowRuns, DoNotOutliveAnAssignmentToARow) {
+  Load("a.txt", {{"x", "1"}, {"y", "2"}});
+  EXPECT_EQ(Runs(), "0-2 0; ");
+  *table.m_rows.find(0) = *table.m_rows.find(1);
+  EXPECT_EQ(Runs(), "0-1 1; 1-2 1; ");
+}
+
+TEST_F(RowRuns, BeginAnewInATableThatWasEmptied) {
+  Load("a.txt", {{"x", "1"}});
+  table.m_rows.find(0)->m_cells[wxT("A")] = wxT("written");
+  table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("B"), wxT("1"));
+  table.Notify();
+  Load("b.txt", {{"x", "4"}, {"y", "5"}});
+  ASSERT_NE(table.m_rows.StandingRuns(), nullptr);
+  EXPECT_EQ(Runs(), "0-2 0; ");
+}
+
 TEST(WantedText, EqualsCellsOfBothWidths) {
   for (const wchar_t* text : {L"", L"a", L"condition_07", L"caf\u00E9", L"\u0161"}) {
     const wxString wide(text);
