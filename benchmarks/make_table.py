@@ -107,6 +107,13 @@ BOUNDS = [
     ("start of the plug-in and first report beyond wx, ms", lambda results: results.time("start-plugin"), 5),
     ("report of 100,000 results in one suite, ms", lambda results: results.time("Report/100000"), 100),
     ("report: time per result at 100,000 / at 10,000", ratio("Report/100000", "Report/10000", 10), 1.5),
+    ("distinct of few values after a sort by the column, which made its dictionary / DuckDB",
+     ratio("query/after_its_sort/distinct_few", "query/duckdb/distinct_few"), 1),
+    ("distinct of many values, asked again / DuckDB", ratio("query/again/distinct_many", "query/duckdb/distinct_many"), 3),
+    ("where, after a sort that leaves neighbours far apart / DuckDB",
+     ratio("query/sorted/where", "query/duckdb/where"), None),
+    ("read a column after a sort that leaves neighbours far apart / DuckDB",
+     ratio("query/sorted/read_column", "query/duckdb/read_column"), None),
     ("load 200 x 256 KiB, one batch, fresh process / pandas", ratio("load-batch", "load-pandas"), None),
 ]
 

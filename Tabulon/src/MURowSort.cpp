@@ -164,14 +164,16 @@ std::optional<MUScratchArray<MUPlace>> SortedPlaces(const MUColumnDictionary& di
     if (!HaveEqualKeys(dictionary.Text(order[i - 1]), dictionary.Text(order[i]))) ++rank;
     ranks[order[i]] = rank;
   }
-  unsigned bits = 0;
-  while (rank >> bits != 0) ++bits;
-  MUKeyedSort sort(count, bits, descending);
-  for (std::size_t i = 0; i < count; ++i) {
-    sort.Add(ranks[dictionary.NumberOfRow(keys[i])], static_cast<MUPlace>(i));
+  // Descending, the ranks count from the other end: ties must keep their order.
+  if (descending) {
+    for (std::uint32_t& own : ranks) own = rank - own;
   }
+  std::vector<MUPlace> nextOfRank(std::size_t{rank} + 2);
+  const auto rankOf = [&](std::size_t i) { return ranks[dictionary.NumberOfRow(keys[i])]; };
+  for (std::size_t i = 0; i < count; ++i) ++nextOfRank[rankOf(i) + 1];
+  std::partial_sum(nextOfRank.begin(), nextOfRank.end(), nextOfRank.begin());
   Places places(count);
-  sort.WriteSorted(places.begin());
+  for (std::size_t i = 0; i < count; ++i) places[nextOfRank[rankOf(i)]++] = static_cast<MUPlace>(i);
   return places;
 }
 

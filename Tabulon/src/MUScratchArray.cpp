@@ -6,8 +6,8 @@
 
 namespace {
 
-// From here on, half a large page or more is used.
-constexpr std::size_t FEWEST_BYTES = MU_LARGE_PAGE / 2;
+// From here on a large page is faster than the small ones, though a part of it is of no use.
+constexpr std::size_t FEWEST_BYTES = MU_LARGE_PAGE / 4;
 
 }  // namespace
 
