@@ -10,6 +10,8 @@ namespace {
 
 // Few texts in so many slots are nearly all found at the first look.
 constexpr std::size_t FIRST_SLOTS = 1024;
+// From so many on, memory is taken for as many as there can be.
+constexpr std::size_t MANY_TEXTS = 65536;
 // So many slots are in the cache anyhow.
 constexpr std::size_t NEAR_SLOTS = 4096;
 
@@ -22,7 +24,10 @@ std::uint32_t HashOf(const MUCellText& text) {
 
 MUColumnDictionary::MUColumnDictionary(const MURowStore& rows, const wxString& column,
                                        std::size_t mostTexts)
-    : m_numbers(rows.KeyLimit()), m_slots(FIRST_SLOTS), m_mostTexts(mostTexts) {
+    : m_rowCount(rows.size()),
+      m_numbers(rows.KeyLimit()),
+      m_slots(FIRST_SLOTS),
+      m_mostTexts(mostTexts) {
   std::fill(m_numbers.begin(), m_numbers.end(), NONE);
   std::fill(m_slots.begin(), m_slots.end(), Slot{0, NONE});
 
@@ -63,6 +68,16 @@ void MUColumnDictionary::Add(unsigned long key, const MUCellText& text) {
 }
 
 void MUColumnDictionary::NumberWaiting() {
+  // The text that each one will be compared with can lie anywhere, too.
+  std::array<std::uint32_t, WAITING_CELLS> candidates;
+  for (std::size_t i = 0; i < m_waitingCount; ++i) {
+    const Slot& slot = m_slots[m_waiting[i].hash & (m_slots.size() - 1)];
+    candidates[i] = slot.hash == m_waiting[i].hash ? slot.number : NONE;
+    if (candidates[i] != NONE) __builtin_prefetch(&m_texts[candidates[i]]);
+  }
+  for (std::size_t i = 0; i < m_waitingCount; ++i) {
+    if (candidates[i] != NONE) m_texts[candidates[i]].Prefetch();
+  }
   for (std::size_t i = 0; i < m_waitingCount; ++i) Number(m_waiting[i]);
   m_waitingCount = 0;
 }
@@ -75,6 +90,8 @@ void MUColumnDictionary::Number(const Cell& cell) {
       slot = &m_slots[FindSlot(cell.text, cell.hash)];
     }
     *slot = {cell.hash, static_cast<std::uint32_t>(m_texts.size())};
+    // Where there are many, there may be one for every row; fresh memory is dear, so it is taken once.
+    if (m_texts.size() == MANY_TEXTS) m_texts.reserve(std::max(m_rowCount, MANY_TEXTS + 1));
     m_texts.push_back(cell.text);
   }
   m_numbers[cell.key] = slot->number;
@@ -96,7 +113,9 @@ std::size_t MUColumnDictionary::FindSlot(const MUCellText& text, std::uint32_t h
 }
 
 void MUColumnDictionary::MakeRoom() {
-  MUScratchArray<Slot> slots(4 * m_slots.size());
+  std::size_t slotCount = 4 * m_slots.size();
+  while (m_texts.size() >= MANY_TEXTS && slotCount < 2 * m_rowCount) slotCount *= 2;
+  MUScratchArray<Slot> slots(slotCount);
   std::fill(slots.begin(), slots.end(), Slot{0, NONE});
   const std::size_t mask = slots.size() - 1;
   for (const Slot& slot : m_slots) {

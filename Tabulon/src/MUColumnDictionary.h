@@ -51,17 +51,20 @@ class MUColumnDictionary {
     std::uint32_t hash;
   };
 
+  static constexpr std::size_t WAITING_CELLS = 32;
+
   void Add(unsigned long key, const MUCellText& text);
   void Number(const Cell& cell);
   void NumberWaiting();
   std::size_t FindSlot(const MUCellText& text, std::uint32_t hash) const;
   void MakeRoom();
 
+  std::size_t m_rowCount;
   MUScratchArray<std::uint32_t> m_numbers;  // by row key
   MULargeVector<MUCellText> m_texts;        // by number
   MUScratchArray<Slot> m_slots;             // a power of two of them, at most half of them in use
   MUTextKeeper m_keeper;
-  std::array<Cell, 32> m_waiting;  // cells whose slots are being fetched
+  std::array<Cell, WAITING_CELLS> m_waiting;  // cells whose slots are being fetched
   std::size_t m_waitingCount = 0;
   std::size_t m_mostTexts;
   bool m_rowsArePlain = true;
