@@ -25,7 +25,8 @@ std::uint32_t HashOf(const MUCellText& text) {
 MUColumnDictionary::MUColumnDictionary(const MURowStore& rows, const wxString& column,
                                        std::size_t mostTexts)
     : m_rowCount(rows.size()),
-      m_numbers(rows.KeyLimit()),
+      m_firstKey(rows.Runs().empty() ? 0 : rows.Runs().front().firstKey),
+      m_numbers(rows.Runs().empty() ? 0 : rows.Runs().back().endKey - m_firstKey),
       m_slots(FIRST_SLOTS),
       m_mostTexts(mostTexts) {
   std::fill(m_numbers.begin(), m_numbers.end(), NONE);
@@ -94,7 +95,7 @@ void MUColumnDictionary::Number(const Cell& cell) {
     if (m_texts.size() == MANY_TEXTS) m_texts.reserve(std::max(m_rowCount, MANY_TEXTS + 1));
     m_texts.push_back(cell.text);
   }
-  m_numbers[cell.key] = slot->number;
+  m_numbers[cell.key - m_firstKey] = slot->number;
 }
 
 std::uint32_t MUColumnDictionary::NumberOfText(const MUCellText& text) const {

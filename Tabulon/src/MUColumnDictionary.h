@@ -31,7 +31,7 @@ class MUColumnDictionary {
   // number: below TextCount().
   const MUCellText& Text(std::uint32_t number) const { return m_texts[number]; }
   std::uint32_t NumberOfRow(unsigned long key) const {
-    return key < m_numbers.size() ? m_numbers[key] : NONE;
+    return key - m_firstKey < m_numbers.size() ? m_numbers[key - m_firstKey] : NONE;
   }
   std::uint32_t NumberOfText(const MUCellText& text) const;
   // Whether no row had entries of its own, which may be written at any time.
@@ -60,7 +60,8 @@ class MUColumnDictionary {
   void MakeRoom();
 
   std::size_t m_rowCount;
-  MUScratchArray<std::uint32_t> m_numbers;  // by row key
+  unsigned long m_firstKey;                 // of all rows; a key below it wraps beyond every other
+  MUScratchArray<std::uint32_t> m_numbers;  // by row key, from the first one on
   MULargeVector<MUCellText> m_texts;        // by number
   MUScratchArray<Slot> m_slots;             // a power of two of them, at most half of them in use
   MUTextKeeper m_keeper;

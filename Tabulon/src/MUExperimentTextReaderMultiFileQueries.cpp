@@ -344,7 +344,7 @@ void MUExperimentTextReaderMultiFile::ForEachRowWhere(const wxString& column, co
     if (wanted.Equals(cells.TextOf(*row))) matches[key] = true;
   });
   for (const unsigned long key : keys) {
-    if (matches[key]) action(*m_rows.find(key));
+    if (key < matches.size() && matches[key]) action(*m_rows.find(key));
   }
 }
 

@@ -155,6 +155,27 @@ TEST_F(ColumnDictionaries, NumberThousandsOfTextsOfAllLengths) {
   EXPECT_EQ(dictionary.TextCount(), different.size());
 }
 
+TEST_F(ColumnDictionaries, NumberRowsWhoseKeysBeginLate) {
+  Load("a.txt", {{"x", "1"}, {"y", "2"}});
+  Load("b.txt", {{"z", "3"}, {"x", "4"}});
+  table.DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(wxT("B"), {wxT("1"), wxT("2")},
+                                                                    true);
+  const MUColumnDictionary dictionary(table.m_rows, wxT("A"));
+  EXPECT_EQ(dictionary.TextCount(), 2u);
+  EXPECT_EQ(NumberedText(dictionary, 0), "no row");
+  EXPECT_EQ(NumberedText(dictionary, 1), "no row");
+  EXPECT_EQ(NumberedText(dictionary, 2), "z");
+  EXPECT_EQ(NumberedText(dictionary, 3), "x");
+  EXPECT_EQ(NumberedText(dictionary, 4), "no row");
+}
+
+TEST_F(ColumnDictionaries, OfATableWithoutRowsAreEmpty) {
+  const MUColumnDictionary dictionary(table.m_rows, wxT("A"));
+  EXPECT_EQ(dictionary.TextCount(), 0u);
+  EXPECT_EQ(NumberedText(dictionary, 0), "no row");
+  EXPECT_EQ(dictionary.NumberOfText(MUCellText("x", 1)), MUColumnDictionary::NONE);
+}
+
 TEST_F(ColumnDictionaries, OutliveTheRows) {
   Load("a.txt", {{"x", "1"}, {"y", "2"}});
   Load("b.txt", {{"z", "3"}});
