@@ -17,6 +17,8 @@
 
 namespace {
 
+constexpr std::size_t A_FEW_SHARES = 64;
+
 wxString MillisecondsText(unsigned long milliseconds) {
   return wxString::Format(wxGetTranslation(wxT(" %u milliseconds.")),
                           static_cast<unsigned>(milliseconds));
@@ -83,9 +85,9 @@ void MUExperimentTextReaderMultiFile::UnsuppressColumnsBasedOnMultipleFileNames(
   const MUFileNames names(fullNames.begin(), fullNames.end());
   bool someAreSuppressed = false;
   for (MUColumnNamePlusProperties* column : m_columns) {
-    // A column may have a share of each of thousands of files; they are looked through only where one of
-    // them can be suppressed.
-    if (m_someSharesAreSuppressed ||
+    // A column may have a share of each of thousands of files. So many are looked through only where one of
+    // them can be suppressed; a few cost nothing.
+    if (m_someSharesAreSuppressed || column->m_fileStatuses.size() <= A_FEW_SHARES ||
         (column->m_columnPropertyFlags & MU_COL_FLAG_SUPPRESSED_BY_FILE) != 0) {
       someAreSuppressed = UnsuppressColumnForFiles(*column, names) || someAreSuppressed;
     }

@@ -170,6 +170,37 @@ TEST_F(TableBatches, AColumnThatLostItsLiveFileStaysSuppressed) {
   EXPECT_EQ(table.m_columns.size(), 2u);
 }
 
+// More files than are looked through without need.
+TEST_F(TableBatches, AShareAmongManyIsLiveAgainAfterItsFileIs) {
+  ProbeTable many;
+  std::deque<wxString> paths;
+  for (int i = 0; i < 70; ++i) {
+    paths.push_back(folder.WriteData("many" + std::to_string(100 + i) + ".txt", {"A"}, {{"x"}}));
+    ASSERT_TRUE(many.Load(paths.back()));
+  }
+  const MUColumnNamePlusProperties& column = *many.m_columns.front();
+  ASSERT_EQ(column.m_fileStatuses.size(), 70u);
+  const auto isSuppressed = [&](std::size_t file) {
+    return std::next(column.m_fileStatuses.begin(), static_cast<std::ptrdiff_t>(file))
+               ->m_suppressed == 1;
+  };
+  for (int round = 0; round < 2; ++round) {
+    many.SuppressColumnsBasedOnMultipleFileNames({paths[3], paths[66]});
+    EXPECT_TRUE(isSuppressed(3));
+    EXPECT_TRUE(isSuppressed(66));
+    many.UnsuppressColumnsBasedOnMultipleFileNames({paths[66]});
+    EXPECT_TRUE(isSuppressed(3));
+    EXPECT_FALSE(isSuppressed(66));
+    many.UnsuppressColumnsBasedOnMultipleFileNames({paths[3]});
+    EXPECT_FALSE(isSuppressed(3));
+  }
+  many.SuppressColumnsBasedOnMultipleFileNames(paths);
+  EXPECT_EQ(column.m_columnPropertyFlags & 8u, 8u);
+  many.UnsuppressColumnsBasedOnMultipleFileNames({paths[0]});
+  EXPECT_EQ(column.m_columnPropertyFlags & 8u, 0u);
+  EXPECT_TRUE(isSuppressed(1));
+}
+
 // ---- Suppressing
 
 TEST_F(TableBatches, AnUnknownFileIsLoadedAndTheRequestDecides) {
