@@ -39,9 +39,9 @@ class EveryOtherRow : public MUInterfaceRowTruthDecider {
   int m_calls = 0;
 };
 
-class Session {
+class Viewer {
  public:
-  Session(FuzzedDataProvider& choices, std::vector<wxString> files)
+  Viewer(FuzzedDataProvider& choices, std::vector<wxString> files)
       : m_choices(choices), m_files(std::move(files)) {}
 
   void Run() {
@@ -81,7 +81,7 @@ class Session {
   Table m_table{nullptr};
 };
 
-void Session::Request() {
+void Viewer::Request() {
   const wxString column = Column();
   switch (m_choices.ConsumeIntegralInRange(0, 13)) {
     case 0:
@@ -123,7 +123,7 @@ void Session::Request() {
   }
 }
 
-void Session::Ask() {
+void Viewer::Ask() {
   const wxString column = Column();
   const wxString value = Cell(column);
   const bool all = m_choices.ConsumeBool();
@@ -141,7 +141,7 @@ void Session::Ask() {
   m_table.FindColumnInformationWherePropertyFlagIsAbsent(MU_NOT_FULLY_SHOWN_MASK);
 }
 
-void Session::RequireOneAnswer() {
+void Viewer::RequireOneAnswer() {
   const int rows = m_table.GetNumberOfDataRows();
   const int columns = m_table.GetNumberOfDataColumns();
   Require(m_table.FindCurrentRowIndicesWherePropertyFlagIsAbsent(MU_NOT_FULLY_SHOWN_MASK,
@@ -179,6 +179,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const Fuzz::ScratchFile secondFile("second", second, static_cast<std::size_t>(end - second));
   const std::size_t requests = std::min(size, MOST_BYTES_OF_REQUESTS);
   FuzzedDataProvider choices(end - requests, requests);
-  Session(choices, {firstFile.Path(), secondFile.Path()}).Run();
+  Viewer(choices, {firstFile.Path(), secondFile.Path()}).Run();
   return 0;
 }
