@@ -6,7 +6,7 @@
 #include <string>
 #include <utility>
 
-#include "Tabulon/src/MUExperimentTextReaderMultiFile.h"
+#include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
 #include "benchmarks/ChildBenchmark.h"
 #include "benchmarks/DataFileMaker.h"
 #include "benchmarks/ScratchFolder.h"

@@ -2,7 +2,7 @@
 
 #include <chrono>
 
-#include "Tabulon/src/MUExperimentTextReaderMultiFile.h"
+#include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
 #include "benchmarks/DataFileMaker.h"
 #include "benchmarks/ScratchFolder.h"
 

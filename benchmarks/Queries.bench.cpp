@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "Tabulon/src/MUExperimentTextReaderMultiFile.h"
+#include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
 #include "benchmarks/DataFileMaker.h"
 #include "benchmarks/ManyRows.h"
 

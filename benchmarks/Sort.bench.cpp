@@ -3,7 +3,7 @@
 // load order.
 #include <string>
 
-#include "Tabulon/src/MUExperimentTextReaderMultiFile.h"
+#include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
 #include "benchmarks/DataFileMaker.h"
 #include "benchmarks/ManyRows.h"
 

@@ -8,7 +8,7 @@
 #include <deque>
 #include <iostream>
 
-#include "Tabulon/src/MUExperimentTextReaderMultiFile.h"
+#include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
 
 namespace Bench {
 namespace {

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "Tabulon/src/MUExperimentTextReaderMultiFile.h"
+#include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
 #include "benchmarks/DataFileMaker.h"
 #include "benchmarks/ProcessMemory.h"
 #include "benchmarks/ReportWork.h"

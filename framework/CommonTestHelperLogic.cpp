@@ -5,7 +5,7 @@
 
 #include <cstdio>
 
-#include "Tabulon/src/MUExperimentTextReaderMultiFile.h"
+#include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
 #include "framework/HostNames.h"
 #include "report/FailureLocation.h"
 #include "report/FakeJUnitPrinter.h"

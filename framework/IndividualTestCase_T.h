@@ -7,7 +7,7 @@
 #include <boost/shared_ptr.hpp>
 #include <vector>
 
-#include "Tabulon/src/MUExperimentTextReaderMultiFile.h"
+#include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
 #include "framework/CommonTestHelperLogic.h"
 #include "framework/RunTimes.h"
 #include "framework/VerificationNecessities.h"

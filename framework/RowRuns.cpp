@@ -1,6 +1,6 @@
 #include "framework/RowRuns.h"
 
-#include "Tabulon/src/MUExperimentTextReaderMultiFile.h"
+#include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
 
 namespace Ombrelia {
 

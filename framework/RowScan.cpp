@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "Tabulon/src/MUExperimentTextReaderMultiFile.h"
+#include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
 
 namespace Ombrelia {
 

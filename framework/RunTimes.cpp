@@ -4,7 +4,7 @@
 #include <limits>
 #include <vector>
 
-#include "Tabulon/src/MUExperimentTextReaderMultiFile.h"
+#include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
 #include "framework/CellNumbers.h"
 #include "framework/CommonTestHelperLogic.h"
 #include "framework/HostNames.h"

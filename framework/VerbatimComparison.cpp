@@ -1,6 +1,6 @@
 #include "framework/VerbatimComparison.h"
 
-#include "Tabulon/src/MUExperimentTextReaderMultiFile.h"
+#include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
 #include "framework/CommonTestHelperLogic.h"
 #include "report/FakeJUnitPrinter.h"
 

@@ -7,12 +7,12 @@
 #include <iostream>
 #include <memory>
 
-#include "Tabulon/src/MUColumnNamePlusProperties.h"
-#include "Tabulon/src/MUDataFileInputReaderFactory.h"
-#include "Tabulon/src/MUInterfaceExperimentDataFileInputReader.h"
-#include "Tabulon/src/MUSingleRowDataPlusRowProperties.h"
+#include "Tabulon/src/reading/MUDataFileInputReaderFactory.h"
+#include "Tabulon/src/reading/MUInterfaceExperimentDataFileInputReader.h"
+#include "Tabulon/src/rows/MUColumnNamePlusProperties.h"
+#include "Tabulon/src/rows/MUSingleRowDataPlusRowProperties.h"
 #include "fuzz/ScratchFile.h"
-#include "tests/Tabulon/NaiveReader.h"
+#include "tests/Tabulon/reading/NaiveReader.h"
 
 namespace {
 

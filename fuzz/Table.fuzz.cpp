@@ -10,11 +10,11 @@
 #include <string>
 #include <vector>
 
-#include "Tabulon/src/MUExperimentTextReaderMultiFile.h"
-#include "Tabulon/src/MUInterfaceExperimentDataFileInputReader.h"
-#include "Tabulon/src/MUInterfaceRowTruthDecider.h"
-#include "Tabulon/src/MUPropertyFlags.h"
-#include "Tabulon/src/MUSingleRowDataPlusRowProperties.h"
+#include "Tabulon/src/queries/MUInterfaceRowTruthDecider.h"
+#include "Tabulon/src/reading/MUInterfaceExperimentDataFileInputReader.h"
+#include "Tabulon/src/rows/MUPropertyFlags.h"
+#include "Tabulon/src/rows/MUSingleRowDataPlusRowProperties.h"
+#include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
 #include "fuzz/ScratchFile.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "Tabulon/src/MUExperimentTextReaderMultiFile.h"
+#include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
 #include "framework/CheckReport.h"
 #include "framework/IndividualTestCase_T.h"
 

@@ -1,6 +1,6 @@
 // Finding a column by what a user types.
-#ifndef TABULON_CLI_COLUMNNAMES_H
-#define TABULON_CLI_COLUMNNAMES_H
+#ifndef OMBRELIA_TABULON_CLI_COLUMNNAMES_H
+#define OMBRELIA_TABULON_CLI_COLUMNNAMES_H
 
 #include <wx/string.h>
 

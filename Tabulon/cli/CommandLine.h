@@ -1,6 +1,6 @@
 // The program's arguments.
-#ifndef TABULON_CLI_COMMANDLINE_H
-#define TABULON_CLI_COMMANDLINE_H
+#ifndef OMBRELIA_TABULON_CLI_COMMANDLINE_H
+#define OMBRELIA_TABULON_CLI_COMMANDLINE_H
 
 #include <filesystem>
 #include <limits>

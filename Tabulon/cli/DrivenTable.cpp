@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "Tabulon/cli/Text.h"
-#include "Tabulon/src/MUColumnReader.h"
-#include "Tabulon/src/MUInterfaceRowTruthDecider.h"
+#include "Tabulon/src/queries/MUInterfaceRowTruthDecider.h"
+#include "Tabulon/src/rows/MUColumnReader.h"
 
 namespace TabulonCli {
 

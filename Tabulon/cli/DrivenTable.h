@@ -1,6 +1,6 @@
 // A table that is driven the way a viewer drives it, without the window.
-#ifndef TABULON_CLI_DRIVENTABLE_H
-#define TABULON_CLI_DRIVENTABLE_H
+#ifndef OMBRELIA_TABULON_CLI_DRIVENTABLE_H
+#define OMBRELIA_TABULON_CLI_DRIVENTABLE_H
 
 #include <filesystem>
 #include <vector>
@@ -8,8 +8,8 @@
 #include "Tabulon/cli/ColumnNames.h"
 #include "Tabulon/cli/CommandLine.h"
 #include "Tabulon/cli/InputReports.h"
-#include "Tabulon/src/MUExperimentTextReaderMultiFile.h"
-#include "Tabulon/src/MUInterfaceExperimentDataObserver.h"
+#include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
+#include "Tabulon/src/table/MUInterfaceExperimentDataObserver.h"
 
 namespace TabulonCli {
 

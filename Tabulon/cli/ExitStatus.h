@@ -1,6 +1,6 @@
 // How the program ends, and the error that carries an early end to main.
-#ifndef TABULON_CLI_EXITSTATUS_H
-#define TABULON_CLI_EXITSTATUS_H
+#ifndef OMBRELIA_TABULON_CLI_EXITSTATUS_H
+#define OMBRELIA_TABULON_CLI_EXITSTATUS_H
 
 #include <stdexcept>
 #include <string>

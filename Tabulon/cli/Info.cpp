@@ -9,10 +9,10 @@
 
 #include "Tabulon/cli/InputReports.h"
 #include "Tabulon/cli/Text.h"
-#include "Tabulon/src/MUColumnNamePlusProperties.h"
-#include "Tabulon/src/MUDataFileInputReaderFactory.h"
-#include "Tabulon/src/MUInterfaceExperimentDataFileInputReader.h"
-#include "Tabulon/src/MUSingleRowDataPlusRowProperties.h"
+#include "Tabulon/src/reading/MUDataFileInputReaderFactory.h"
+#include "Tabulon/src/reading/MUInterfaceExperimentDataFileInputReader.h"
+#include "Tabulon/src/rows/MUColumnNamePlusProperties.h"
+#include "Tabulon/src/rows/MUSingleRowDataPlusRowProperties.h"
 
 namespace fs = std::filesystem;
 

@@ -1,6 +1,6 @@
 // What single files are.
-#ifndef TABULON_CLI_INFO_H
-#define TABULON_CLI_INFO_H
+#ifndef OMBRELIA_TABULON_CLI_INFO_H
+#define OMBRELIA_TABULON_CLI_INFO_H
 
 #include <filesystem>
 #include <iosfwd>

@@ -1,11 +1,11 @@
 // Collects what readers say of files that are no data files.
-#ifndef TABULON_CLI_INPUTREPORTS_H
-#define TABULON_CLI_INPUTREPORTS_H
+#ifndef OMBRELIA_TABULON_CLI_INPUTREPORTS_H
+#define OMBRELIA_TABULON_CLI_INPUTREPORTS_H
 
 #include <list>
 #include <vector>
 
-#include "Tabulon/src/MUInterfaceDataFileInputErrorHandler.h"
+#include "Tabulon/src/reading/MUInterfaceDataFileInputErrorHandler.h"
 
 namespace TabulonCli {
 

@@ -1,6 +1,6 @@
 // The files that a run is about.
-#ifndef TABULON_CLI_INPUTS_H
-#define TABULON_CLI_INPUTS_H
+#ifndef OMBRELIA_TABULON_CLI_INPUTS_H
+#define OMBRELIA_TABULON_CLI_INPUTS_H
 
 #include <filesystem>
 #include <vector>

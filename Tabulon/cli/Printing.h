@@ -1,11 +1,11 @@
 // Writing the table, or a part of it, in one of three forms.
-#ifndef TABULON_CLI_PRINTING_H
-#define TABULON_CLI_PRINTING_H
+#ifndef OMBRELIA_TABULON_CLI_PRINTING_H
+#define OMBRELIA_TABULON_CLI_PRINTING_H
 
 #include <iosfwd>
 
 #include "Tabulon/cli/CommandLine.h"
-#include "Tabulon/src/MUExperimentTextReaderMultiFile.h"
+#include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
 
 namespace TabulonCli {
 

@@ -6,8 +6,8 @@
 #include <clocale>
 #include <cwchar>
 
-#include "Tabulon/src/MUColumnReader.h"
-#include "Tabulon/src/MUUtilitarianFunctions.h"
+#include "Tabulon/src/rows/MUColumnReader.h"
+#include "Tabulon/src/text/MUUtilitarianFunctions.h"
 
 namespace TabulonCli {
 

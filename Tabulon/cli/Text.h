@@ -1,7 +1,7 @@
 // Between the bytes of the console and of file names, and the texts of the table. All bytes are UTF-8,
 // whatever locale the program runs in.
-#ifndef TABULON_CLI_TEXT_H
-#define TABULON_CLI_TEXT_H
+#ifndef OMBRELIA_TABULON_CLI_TEXT_H
+#define OMBRELIA_TABULON_CLI_TEXT_H
 
 #include <wx/string.h>
 
@@ -9,7 +9,7 @@
 #include <filesystem>
 #include <string>
 
-#include "Tabulon/src/MUCellText.h"
+#include "Tabulon/src/text/MUCellText.h"
 
 namespace TabulonCli {
 

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "Tabulon/src/MUExperimentTextReaderMultiFile.h"
+#include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
 #include "framework/StimAreaTesting.h"
 #include "tests/support/DataFile.h"
 #include "tests/support/RecordingPrinter.h"

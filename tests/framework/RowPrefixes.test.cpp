@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <string>
 
-#include "Tabulon/src/MUExperimentTextReaderMultiFile.h"
+#include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
 #include "framework/CommonTestHelperLogic.h"
 #include "tests/support/RecordingPrinter.h"
 

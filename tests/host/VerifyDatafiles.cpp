@@ -1,5 +1,7 @@
 #include "tests/host/VerifyDatafiles.h"
 
+#include "tests/BuildPaths.h"
+
 namespace Tests {
 
 Finished VerifyDatafilesTest::Verify(const Arguments& arguments, const Arguments& environment) {
@@ -14,7 +16,8 @@ Finished VerifyDatafilesTest::Verify(const Arguments& arguments, const Arguments
   return RunProgram(command, setup);
 }
 
-Finished VerifyDatafilesTest::VerifyWithFake(const Arguments& arguments, const Arguments& environment) {
+Finished VerifyDatafilesTest::VerifyWithFake(const Arguments& arguments,
+                                             const Arguments& environment) {
   Arguments all = {"--plugin", OMBRELIA_FAKE_PLUGIN};
   all.insert(all.end(), arguments.begin(), arguments.end());
   Arguments variables = environment;
@@ -22,7 +25,8 @@ Finished VerifyDatafilesTest::VerifyWithFake(const Arguments& arguments, const A
   return Verify(all, variables);
 }
 
-Finished VerifyDatafilesTest::VerifyWithReport(const std::string& report, const Arguments& arguments) {
+Finished VerifyDatafilesTest::VerifyWithReport(const std::string& report,
+                                               const Arguments& arguments) {
   WriteFile(m_folder / "report-to-write", report);
   return VerifyWithFake(arguments, {"FAKE_REPORT=" + (m_folder / "report-to-write")});
 }
@@ -44,10 +48,11 @@ std::string Passing(const std::string& name) {
   return "        <testcase name=\"" + name + "\" status=\"run\" time=\"999\" />\n";
 }
 
-std::string Failing(const std::string& name, const std::string& subject, const std::string& location,
-                    const std::string& message) {
-  return "        <testcase name=\"" + name + "\" status=\"run\" time=\"999\" >\n        <failure message=\"" +
-         subject + "\" type=\"\">\n\n <![CDATA[" + location + "\n" + message +
+std::string Failing(const std::string& name, const std::string& subject,
+                    const std::string& location, const std::string& message) {
+  return "        <testcase name=\"" + name +
+         "\" status=\"run\" time=\"999\" >\n        <failure message=\"" + subject +
+         "\" type=\"\">\n\n <![CDATA[" + location + "\n" + message +
          "]]>\n\n</failure>\n</testcase>\n";
 }
 

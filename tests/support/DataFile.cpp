@@ -11,6 +11,7 @@
 #include "plugin/DataHookOutputTestingPluginImpl.h"
 #include "plugin/HostProbes.h"
 #include "plugin/Interface_SpecificIndividualTestVerifier.h"
+#include "tests/BuildPaths.h"
 #include "tests/support/RecordingPrinter.h"
 
 namespace Tests {

@@ -10,6 +10,7 @@
 #include <cstring>
 #include <filesystem>
 
+#include "tests/BuildPaths.h"
 #include "tests/support/Files.h"
 
 namespace Tests {
@@ -88,7 +89,8 @@ Finished RunProgram(const std::vector<std::string>& command, const ProcessSetup&
 
 int TakeHostName(const char* name) {
 #ifdef __linux__
-  if (unshare(CLONE_NEWUTS) != 0 && unshare(CLONE_NEWUSER | CLONE_NEWUTS) != 0) return NOT_PERMITTED;
+  if (unshare(CLONE_NEWUTS) != 0 && unshare(CLONE_NEWUSER | CLONE_NEWUTS) != 0)
+    return NOT_PERMITTED;
   return sethostname(name, std::strlen(name)) == 0 ? 0 : NOT_PERMITTED;
 #else
   static_cast<void>(name);

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "Tabulon/src/MUExperimentTextReaderMultiFile.h"
+#include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
 #include "framework/CommonTestHelperLogic.h"
 #include "tests/support/DataFile.h"
 #include "tests/support/Files.h"

@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "plugin/DataHookOutputTestingPluginImpl.h"
+#include "tests/BuildPaths.h"
 #include "tests/support/DataFile.h"
 
 namespace Tests {

@@ -16,6 +16,7 @@
 
 #include "plugin/DataHookOutputTestingPluginImpl.h"
 #include "plugin/Interface_SpecificIndividualTestVerifier.h"
+#include "tests/BuildPaths.h"
 #include "tests/support/Files.h"
 #include "tests/support/Process.h"
 

@@ -2,6 +2,7 @@
 
 #include "framework/IndividualTestCase_T.h"
 #include "plugin/DataHookOutputTestingPluginImpl.h"
+#include "tests/BuildPaths.h"
 #include "tests/support/DataFile.h"
 #include "tests/support/FrameFailures.h"
 #include "tests/support/RecordingPrinter.h"

@@ -1,0 +1,32 @@
+// The answer to a query for texts, as it is cached.
+#ifndef OMBRELIA_TABULON_SRC_QUERIES_MUSELECTEDTEXTS_H
+#define OMBRELIA_TABULON_SRC_QUERIES_MUSELECTEDTEXTS_H
+
+#include <wx/string.h>
+
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+#include "Tabulon/src/memory/MUScratchArray.h"
+#include "Tabulon/src/text/MUCellText.h"
+
+// Holds the texts as they stand in the files; whoever asks gets texts of his own.
+struct MUSelectedTexts {
+  static constexpr std::size_t TEXTS_AHEAD = 16;
+
+  MULargeVector<MUCellText> texts;
+  std::shared_ptr<const void> keeper;  // of what the texts are borrowed from
+
+  std::vector<wxString> ToTexts() const {
+    std::vector<wxString> copies;
+    copies.reserve(texts.size());
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+      if (i + TEXTS_AHEAD < texts.size()) texts[i + TEXTS_AHEAD].Prefetch();
+      copies.push_back(texts[i].ToString());
+    }
+    return copies;
+  }
+};
+
+#endif

@@ -1,0 +1,29 @@
+// Chooses the concrete reader of a data file.
+#ifndef OMBRELIA_TABULON_SRC_READING_MUDATAFILEINPUTREADERFACTORY_H
+#define OMBRELIA_TABULON_SRC_READING_MUDATAFILEINPUTREADERFACTORY_H
+
+class wxFile;
+class wxFileName;
+class MUInterfaceDataFileInputErrorHandler;
+class MUInterfaceExperimentDataFileInputReader;
+
+// Any other value acts as MU_INPUTFILE_TXT.
+enum MU_DATAFILE_INPUTFILE_TYPE : int {
+  MU_INPUTFILE_TXT = 0,  // opened by name
+  MU_INPUTFILE_TXT_HEADERLESS =
+      1,                           // opened by name; data rows only, with the fifteen known columns
+  MU_INPUTFILE_TXT_ALTERNATE = 2,  // same as MU_INPUTFILE_TXT
+  MU_INPUTFILE_IN_MEMORY = 3       // read through an open file
+};
+
+class MUDataFileInputReaderFactory {
+ public:
+  // A new reader, owned by the caller; never null. A bad file gives a reader whose
+  // ErrorStatusIsPresent is true. handler may be null; openFile is used for MU_INPUTFILE_IN_MEMORY
+  // only and must then be an open file, which is read in this call and keeps its position.
+  static MUInterfaceExperimentDataFileInputReader* GetExperimentDataFileInputReader(
+      const wxFileName& file, MU_DATAFILE_INPUTFILE_TYPE type,
+      MUInterfaceDataFileInputErrorHandler* handler, wxFile* openFile);
+};
+
+#endif

@@ -1,0 +1,43 @@
+// A log target that keeps the messages instead of showing them.
+#ifndef OMBRELIA_TABULON_SRC_READING_MUEASYREDIRECTMINIMALERRORLOG_H
+#define OMBRELIA_TABULON_SRC_READING_MUEASYREDIRECTMINIMALERRORLOG_H
+
+#include <wx/log.h>
+#include <wx/string.h>
+
+#include <list>
+
+class MUEasyRedirectMinimalErrorLog : public wxLog {
+ public:
+  MUEasyRedirectMinimalErrorLog() : m_wasCollected(false) {}
+
+  // The messages logged since the last collection, in order, without time or level.
+  const std::list<wxString>& CollectMessages();
+
+ protected:
+  // The library calls this for every message; it no longer calls DoLogString by itself.
+  void DoLogRecord(wxLogLevel level, const wxString& message, const wxLogRecordInfo& info) override;
+  // time: seconds since 1970, not kept.
+  virtual void DoLogString(const wchar_t* message, long time);
+#if WXWIN_COMPATIBILITY_2_8
+  using wxLog::DoLogString;
+#endif
+
+ private:
+  std::list<wxString> m_messages;
+  bool m_wasCollected;  // the next message begins a new list
+};
+
+// Makes a log the active target of this thread as long as it lives, and then puts the former one back.
+class MUActiveLogTarget {
+ public:
+  explicit MUActiveLogTarget(wxLog* target);
+  ~MUActiveLogTarget();
+  MUActiveLogTarget(const MUActiveLogTarget&) = delete;
+  MUActiveLogTarget& operator=(const MUActiveLogTarget&) = delete;
+
+ private:
+  wxLog* m_former;
+};
+
+#endif

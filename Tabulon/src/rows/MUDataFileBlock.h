@@ -1,0 +1,112 @@
+// The text of one data file, stored once for all its rows.
+#ifndef OMBRELIA_TABULON_SRC_ROWS_MUDATAFILEBLOCK_H
+#define OMBRELIA_TABULON_SRC_ROWS_MUDATAFILEBLOCK_H
+
+#include <wx/string.h>
+
+#include <boost/smart_ptr/intrusive_ptr.hpp>
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+#include "Tabulon/src/memory/MUPooledMemory.h"
+#include "Tabulon/src/text/MUCellText.h"
+
+// Holds the cells of all data rows of one file as one run of characters with an offset per cell, the
+// names of the columns by position, and the hidden cells, which are the same on every row.
+//
+// Rows and the reader share it by reference count; it goes with the last of them. The count is not
+// atomic: a block and its rows belong to one thread. Rows and positions count from 0, data rows only.
+class MUDataFileBlock {
+ public:
+  using HiddenCell = std::pair<wxString, wxString>;
+  static constexpr std::size_t NOT_FOUND = static_cast<std::size_t>(-1);
+
+  MUDataFileBlock();
+  MUDataFileBlock(const MUDataFileBlock&) = delete;
+  MUDataFileBlock& operator=(const MUDataFileBlock&) = delete;
+
+  std::size_t RowCount() const { return m_rows.size() - 1; }
+  // Number of cells that the row's line holds; 0 for an unknown row.
+  std::size_t CellCount(std::size_t row) const {
+    return row < RowCount() ? m_rows[row + 1].firstCell - m_rows[row].firstCell : 0;
+  }
+  // The cell's text; an empty one for an unknown row and beyond the row's last cell.
+  MUCellText Cell(std::size_t row, std::size_t position) const {
+    if (position >= CellCount(row)) return MUCellText();
+    const Row& place = m_rows[row];
+    const std::size_t cell = place.firstCell + position;
+    const std::size_t start = position == 0 ? 0 : CellEnd(cell - 1) + 1;
+    const std::size_t offset = place.textStart + start;
+    const std::size_t length = CellEnd(cell) - start;
+    return m_isWide ? MUCellText(m_wideText.data() + offset, length)
+                    : MUCellText(m_narrowText.data() + offset, length);
+  }
+  // What Cell reads, called up into the cache in two steps: the second one finds what the first one brought.
+  // The row must be one of the block's.
+  void PrefetchRow(std::size_t row) const { __builtin_prefetch(&m_rows[row]); }
+  void PrefetchCell(std::size_t row, std::size_t position) const {
+    if (position >= CellCount(row)) return;
+    const std::size_t cell = m_rows[row].firstCell + position;
+    if (m_longCellEnds.empty()) {
+      __builtin_prefetch(&m_shortCellEnds[cell]);
+    } else {
+      __builtin_prefetch(&m_longCellEnds[cell]);
+    }
+  }
+  // Cells of the longest line.
+  std::size_t LargestCellCount() const;
+
+  std::size_t ColumnCount() const { return m_columnNames.size(); }
+  // The position must be below ColumnCount(). The reference holds until a column is appended.
+  const wxString& ColumnName(std::size_t position) const { return m_columnNames[position]; }
+  // Position of the first column of exactly that name, or NOT_FOUND. Positions never change.
+  std::size_t PositionOf(const wxString& name) const;
+  // Reading rows may append columns, for cells beyond the last heading.
+  void AppendColumnName(const wxString& name);
+  void AppendColumnNames(const std::vector<wxString>& names);
+
+  // The cells that every row has and no column stands for; in the order of insertion.
+  const std::vector<HiddenCell>& HiddenCells() const { return m_hiddenCells; }
+  void SetHiddenCells(std::vector<HiddenCell> cells) { m_hiddenCells = std::move(cells); }
+  // The text of the hidden cell of that name, borrowed from the block, or null.
+  const wxString* FindHiddenCell(const wxString& name) const;
+
+ private:
+  friend class MUDataFileBlockBuilder;
+  friend void intrusive_ptr_add_ref(const MUDataFileBlock* block) { ++block->m_references; }
+  friend void intrusive_ptr_release(const MUDataFileBlock* block) {
+    if (--block->m_references == 0) delete block;
+  }
+
+  ~MUDataFileBlock() = default;
+
+  std::size_t CellEnd(std::size_t cell) const {
+    return m_longCellEnds.empty() ? m_shortCellEnds[cell] : m_longCellEnds[cell];
+  }
+
+  // Where a row's text begins and which cell is its first; its last one is the one
+  // before the next row's first.
+  struct Row {
+    std::uint32_t textStart;
+    std::uint32_t firstCell;
+  };
+
+  mutable std::size_t m_references;
+  bool m_isWide;
+  MUPoolVector<char> m_narrowText;
+  MUPoolVector<wchar_t> m_wideText;
+  MUPoolVector<Row> m_rows;  // and one more at the end, where a next one would begin
+  // Where each cell ends, from its row's start; one separator stands between cells. They are short unless
+  // a row is longer than they can tell.
+  MUPoolVector<std::uint16_t> m_shortCellEnds;
+  MUPoolVector<std::uint32_t> m_longCellEnds;
+  std::vector<wxString> m_columnNames;
+  std::vector<std::uint32_t> m_positionsByName;  // sorted by name, then by position
+  std::vector<HiddenCell> m_hiddenCells;
+};
+
+using MUDataFileBlockPtr = boost::intrusive_ptr<MUDataFileBlock>;
+
+#endif

@@ -1,0 +1,197 @@
+#include "Tabulon/src/rows/MUDataFileBlockBuilder.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <limits>
+#include <utility>
+
+#include "Tabulon/src/text/MUCellSplitting.h"
+#include "Tabulon/src/text/MUPlainTextScan.h"
+
+namespace {
+
+// "0x1B 0x5b" for two characters is the longest visible form there is, per character.
+constexpr std::size_t LONGEST_VISIBLE_FORM = 5;
+
+// Splits off up to count lines and answers where the next one begins.
+std::size_t TakeHeaderLines(const MUPoolVector<char>& bytes, std::size_t count,
+                            std::vector<wxString>* header) {
+  std::size_t start = 0;
+  while (header->size() < count && start < bytes.size()) {
+    const char* begin = bytes.data() + start;
+    const char* feed = static_cast<const char*>(std::memchr(begin, '\n', bytes.size() - start));
+    const char* end = feed ? feed : bytes.data() + bytes.size();
+    start = feed ? static_cast<std::size_t>(feed + 1 - bytes.data()) : bytes.size();
+    if (feed && end != begin && end[-1] == '\r') --end;
+    header->push_back(MUCellText(begin, static_cast<std::size_t>(end - begin)).ToString());
+  }
+  return start;
+}
+
+template <typename Out, typename Char>
+void AppendAs(MUPoolVector<Out>& text, const Char* begin, const Char* end) {
+  const std::size_t size = text.size();
+  text.resize(size + static_cast<std::size_t>(end - begin));
+  std::transform(begin, end, text.data() + size,
+                 [](Char character) { return static_cast<Out>(character); });
+}
+
+// Calls take(at) for every control character, tabs included.
+template <typename Take>
+void ForEachControlCharacter(const wchar_t* begin, const wchar_t* end, const Take& take) {
+  for (; begin != end; ++begin) {
+    if (MUIsControlCharacter(*begin)) take(begin);
+  }
+}
+
+template <typename Take>
+void ForEachControlCharacter(const char* begin, const char* end, const Take& take) {
+  while (begin != end) {
+    const std::size_t count = std::min(static_cast<std::size_t>(end - begin), MU_SCAN_WIDTH);
+    const MUByteMasks masks =
+        count == MU_SCAN_WIDTH ? MUExamineBytes(begin) : MUExamineBytesOneByOne(begin, count);
+    std::uint32_t found = masks.tabs | masks.lineFeeds | masks.carriageReturns | masks.notPlain;
+    for (; found != 0; found &= found - 1) {
+      const char* at = begin + __builtin_ctz(found);
+      if (MUIsControlCharacter(*at)) take(at);  // not a zero byte, which stays
+    }
+    begin += count;
+  }
+}
+
+}  // namespace
+
+MUDataFileBlockBuilder::MUDataFileBlockBuilder(Width width) : m_block(new MUDataFileBlock) {
+  m_block->m_isWide = width == Width::WIDE;
+}
+
+bool MUDataFileBlockBuilder::TakePlainBytes(MUPoolVector<char>& bytes, std::size_t headerLines,
+                                            MUDataFileLines* lines) {
+  MUPlainTextMeasure measure;
+  if (bytes.size() > LARGEST_OFFSET || !MUMeasurePlainText(bytes.data(), bytes.size(), &measure)) {
+    return false;
+  }
+  lines->header.clear();
+  const std::size_t start = TakeHeaderLines(bytes, headerLines, &lines->header);
+  lines->block =
+      TakeNarrowLines(bytes, start, measure.lineFeeds + 1, measure.tabs + measure.lineFeeds + 1);
+  return true;
+}
+
+MUDataFileBlockPtr MUDataFileBlockBuilder::TakeNarrowLines(MUPoolVector<char>& bytes,
+                                                           std::size_t first, std::size_t lineCount,
+                                                           std::size_t mostCells) {
+  MUDataFileBlockBuilder builder(Width::NARROW);
+  MUDataFileBlock& block = *builder.m_block;
+  block.m_rows.reserve(lineCount + 1);
+  block.m_narrowText = std::move(bytes);
+  if (!builder.AppendPlainRows(first, mostCells, block.m_shortCellEnds)) {
+    MUPoolVector<std::uint16_t>().swap(block.m_shortCellEnds);
+    block.m_rows.resize(1);
+    builder.AppendPlainRows(first, mostCells, block.m_longCellEnds);
+  }
+  return builder.Take();
+}
+
+template <typename END>
+bool MUDataFileBlockBuilder::AppendPlainRows(std::size_t start, std::size_t mostCells,
+                                             MUPoolVector<END>& ends) {
+  const char* const text = m_block->m_narrowText.data();
+  const std::size_t length = m_block->m_narrowText.size();
+  ends.resize(mostCells);
+  END* end = ends.data();
+  END* firstEnd = end;
+  std::size_t rowStart = start;
+  std::size_t longestRow = 0;
+  const auto endRow = [&](std::size_t rowEnd) {
+    if (rowEnd != rowStart) *end++ = static_cast<END>(rowEnd - rowStart);
+    // The empty cells at a line's end are none.
+    while (end - firstEnd > 1 && static_cast<END>(end[-2] + 1) == end[-1]) --end;
+    longestRow = std::max(longestRow, rowEnd - rowStart);
+    EndRow(rowStart, static_cast<std::size_t>(end - ends.data()));
+    firstEnd = end;
+  };
+  MUForEachDelimiter(text, rowStart, length, [&](std::size_t position) {
+    if (text[position] == '\t') {
+      *end++ = static_cast<END>(position - rowStart);
+      return;
+    }
+    const bool isDosLineEnd = position > rowStart && text[position - 1] == '\r';
+    endRow(isDosLineEnd ? position - 1 : position);
+    rowStart = position + 1;
+  });
+  if (rowStart < length) endRow(length);
+  ends.resize(static_cast<std::size_t>(end - ends.data()));
+  return longestRow <= std::numeric_limits<END>::max();
+}
+
+void MUDataFileBlockBuilder::Reserve(std::size_t characters, std::size_t rows, std::size_t cells) {
+  if (m_block->m_isWide)
+    m_block->m_wideText.reserve(characters);
+  else
+    m_block->m_narrowText.reserve(characters);
+  m_block->m_rows.reserve(rows + 1);
+  m_block->m_shortCellEnds.reserve(cells);
+}
+
+bool MUDataFileBlockBuilder::AppendRow(const char* begin, const char* end) {
+  return AppendRowTo(m_block->m_narrowText, begin, end);
+}
+
+bool MUDataFileBlockBuilder::AppendRow(const wchar_t* begin, const wchar_t* end) {
+  return m_block->m_isWide ? AppendRowTo(m_block->m_wideText, begin, end)
+                           : AppendRowTo(m_block->m_narrowText, begin, end);
+}
+
+MUDataFileBlockPtr MUDataFileBlockBuilder::Take() { return std::move(m_block); }
+
+template <typename Out, typename Char>
+bool MUDataFileBlockBuilder::AppendRowTo(MUPoolVector<Out>& text, const Char* begin,
+                                         const Char* end) {
+  const std::size_t textStart = text.size();
+  if (static_cast<std::size_t>(end - begin) > (LARGEST_OFFSET - textStart) / LONGEST_VISIBLE_FORM) {
+    return false;
+  }
+  m_rowEnds.clear();
+  if (begin != end) {
+    // As MUForEachCell splits, but with the text copied in as long pieces as can be.
+    while (end != begin && end[-1] == Char('\t')) --end;
+    const Char* piece = begin;
+    ForEachControlCharacter(begin, end, [&](const Char* at) {
+      if (*at == Char('\t')) {
+        const std::size_t length = text.size() - textStart + static_cast<std::size_t>(at - piece);
+        m_rowEnds.push_back(static_cast<std::uint32_t>(length));
+      } else {
+        AppendAs(text, piece, at);
+        piece = MUAppendVisibleForm(at, end, text);
+      }
+    });
+    AppendAs(text, piece, end);
+    m_rowEnds.push_back(static_cast<std::uint32_t>(text.size() - textStart));
+  }
+  AppendRowEnds();
+  EndRow(textStart, m_block->m_shortCellEnds.size() + m_block->m_longCellEnds.size());
+  return true;
+}
+
+void MUDataFileBlockBuilder::AppendRowEnds() {
+  auto& shortEnds = m_block->m_shortCellEnds;
+  auto& longEnds = m_block->m_longCellEnds;
+  if (m_rowEnds.empty()) return;
+  const bool isLong = m_rowEnds.back() > std::numeric_limits<std::uint16_t>::max();
+  if (longEnds.empty() && !isLong) {
+    for (const std::uint32_t end : m_rowEnds) shortEnds.push_back(static_cast<std::uint16_t>(end));
+    return;
+  }
+  if (longEnds.empty()) {
+    longEnds.assign(shortEnds.begin(), shortEnds.end());
+    MUPoolVector<std::uint16_t>().swap(shortEnds);
+  }
+  longEnds.insert(longEnds.end(), m_rowEnds.begin(), m_rowEnds.end());
+}
+
+void MUDataFileBlockBuilder::EndRow(std::size_t textStart, std::size_t cellCount) {
+  m_block->m_rows.back().textStart = static_cast<std::uint32_t>(textStart);
+  m_block->m_rows.push_back({0, static_cast<std::uint32_t>(cellCount)});
+}

@@ -1,0 +1,63 @@
+// Sorts texts by their sort keys.
+#ifndef OMBRELIA_TABULON_SRC_SORTING_MUTEXTSORT_H
+#define OMBRELIA_TABULON_SRC_SORTING_MUTEXTSORT_H
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+#include "Tabulon/src/sorting/MUKeyedSort.h"
+#include "Tabulon/src/text/MUCellText.h"
+
+// Orders texts by their three sort keys; of texts with equal keys come those first which the keys cover
+// whole, and then the others by their full text. Texts that are equal in all this keep the order in which
+// they were added. The texts are borrowed.
+class MUTextSort {
+ public:
+  // count: how many texts will be added, below 2 to the power 32.
+  explicit MUTextSort(std::size_t count);
+
+  void Add(const MUCellText& text);
+  // A text whose row has no keys for it: they read as 0, and as if they did not cover it.
+  void AddWithoutKeys(const MUCellText& text);
+
+  // Whether the keys of any text cover it.
+  bool AnyFits() const { return m_unfitCount < m_count; }
+  // Whether all are stored with one byte for a character.
+  bool AllAreNarrow() const { return m_allNarrow; }
+
+  // The texts' places, counted from 0 as they were added, in order. descending: everything the other way
+  // round, but for texts that are equal.
+  MUScratchArray<MUPlace> Sorted(bool descending) const;
+
+ private:
+  // The keys' characters, eight a word, one byte each. The last word has characters 16 and 17, then a bit
+  // that is set if the keys do not cover the text, and then some more characters of such a text, as far as
+  // it is narrow.
+  using Words = MUKeyPacking<3>::Key;
+
+  void Append(const Words& words, const MUCellText& text);
+  Words WordsAt(MUPlace place) const {
+    if (m_words.size() == 0) return {m_firstWords[place], 0, 0};
+    const Words& words = m_words[place];
+    return {words[0], words[1], words[2] & m_lastWordMask};
+  }
+  bool IsUnfit(MUPlace place) const;
+  void SortByWords(MUPlace* begin, MUPlace* end, bool descending) const;
+  void SortFewByWords(MUPlace* begin, MUPlace* end, bool descending) const;
+  void SortByText(MUPlace* begin, MUPlace* end, bool descending) const;
+
+  std::size_t m_capacity;
+  std::size_t m_count = 0;
+  std::size_t m_unfitCount = 0;
+  bool m_allNarrow = true;
+  // Where wide texts stand among narrow ones, a byte for a character says too little beyond the keys.
+  std::uint64_t m_lastWordMask = ~std::uint64_t{0};
+  // Either the first words of texts that are all short, or, from the first other one on, all their words.
+  MUScratchArray<std::uint64_t> m_firstWords;
+  MUScratchArray<Words> m_words;
+  // Made with the first text that its keys do not cover; the others have no entry worth reading.
+  MUScratchArray<MUCellText> m_unfitTexts;
+};
+
+#endif

@@ -1,0 +1,22 @@
+#include "Tabulon/src/table/MUCellPositions.h"
+
+void MUCellPositions::LookUp(const MUDataFileBlock& block, const std::vector<wxString>& names) {
+  const auto [place, isNew] = m_entries.try_emplace(&block);
+  Entry& entry = place->second;
+  if (isNew) {
+    entry.block = &block;
+    entry.positions.reserve(names.size());
+    for (const wxString& name : names) {
+      entry.positions.push_back(block.FindHiddenCell(name) != nullptr ? HIDDEN
+                                                                      : block.PositionOf(name));
+    }
+  }
+  m_lastBlock = &block;
+  m_lastPositions = &entry.positions;
+}
+
+void MUCellPositions::Clear() {
+  m_entries.clear();
+  m_lastBlock = nullptr;
+  m_lastPositions = nullptr;
+}

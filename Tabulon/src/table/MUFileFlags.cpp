@@ -1,0 +1,74 @@
+#include "Tabulon/src/table/MUFileFlags.h"
+
+#include <algorithm>
+
+#include "Tabulon/src/rows/MUColumnNamePlusProperties.h"
+#include "Tabulon/src/rows/MUPropertyFlags.h"
+
+namespace {
+
+bool AllSharesSuppressed(const MUColumnNamePlusProperties& column) {
+  return std::all_of(column.m_fileStatuses.begin(), column.m_fileStatuses.end(),
+                     [](const FileStatusStruct& status) { return status.m_suppressed == 1; });
+}
+
+}  // namespace
+
+bool UnsuppressColumnForFiles(MUColumnNamePlusProperties& column, const MUFileNames& fullNames) {
+  if (column.m_fileStatuses.empty()) return false;
+  bool someAreSuppressed = false;
+  for (FileStatusStruct& status : column.m_fileStatuses) {
+    if (status.m_suppressed == 0) continue;
+    if (fullNames.count(status.m_fullFileName) != 0) {
+      status.m_suppressed = 0;
+    } else {
+      someAreSuppressed = true;
+    }
+  }
+  if (!AllSharesSuppressed(column)) column.m_columnPropertyFlags &= ~MU_COL_FLAG_SUPPRESSED_BY_FILE;
+  return someAreSuppressed;
+}
+
+void SuppressColumnForFiles(MUColumnNamePlusProperties& column, const MUFileNames& fullNames) {
+  for (FileStatusStruct& status : column.m_fileStatuses) {
+    if (fullNames.count(status.m_fullFileName) != 0) status.m_suppressed = 1;
+  }
+  // True also where there is no share at all.
+  if (AllSharesSuppressed(column)) column.m_columnPropertyFlags |= MU_COL_FLAG_SUPPRESSED_BY_FILE;
+}
+
+MUFileDecisions LastDecisions(const std::deque<DichotomousFileRequest>& requests) {
+  MUFileDecisions decisions;
+  for (const DichotomousFileRequest& request : requests) {
+    decisions[request.m_fullFileName] = request.m_wanted;
+  }
+  return decisions;
+}
+
+void HideOrShowBasedOnMultipleFileRequests(MUColumnNamePlusProperties& column,
+                                           const MUFileDecisions& decisions) {
+  for (FileStatusStruct& status : column.m_fileStatuses) {
+    const auto decision = decisions.find(status.m_fullFileName);
+    if (decision != decisions.end()) status.m_suppressed = decision->second ? 0 : 1;
+  }
+  if (AllSharesSuppressed(column)) {
+    column.m_columnPropertyFlags |= MU_COL_FLAG_SUPPRESSED_BY_FILE;
+  } else {
+    column.m_columnPropertyFlags &= ~MU_COL_FLAG_SUPPRESSED_BY_FILE;
+  }
+}
+
+const DichotomousFileRequest* FirstRequestFor(const wxString& fullName,
+                                              const std::deque<DichotomousFileRequest>& requests) {
+  for (const DichotomousFileRequest& request : requests) {
+    if (request.m_fullFileName == fullName) return &request;
+  }
+  return nullptr;
+}
+
+unsigned ApplyEnMasseShowOrHideUsingDichotomousFileRequest(unsigned rowFlags,
+                                                           const DichotomousFileRequest* request) {
+  if (request == nullptr) return rowFlags;
+  return request->m_wanted ? rowFlags & ~MU_ROW_FLAG_SUPPRESSED_BY_FILE
+                           : rowFlags | MU_ROW_FLAG_SUPPRESSED_BY_FILE;
+}

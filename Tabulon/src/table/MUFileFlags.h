@@ -1,0 +1,39 @@
+// What the state of files makes of the flags of columns and rows. File names are full paths, compared
+// exactly.
+#ifndef OMBRELIA_TABULON_SRC_TABLE_MUFILEFLAGS_H
+#define OMBRELIA_TABULON_SRC_TABLE_MUFILEFLAGS_H
+
+#include <wx/hashmap.h>
+#include <wx/string.h>
+
+#include <deque>
+#include <unordered_map>
+#include <unordered_set>
+
+#include "Tabulon/src/table/DichotomousFileRequest.h"
+
+struct MUColumnNamePlusProperties;
+
+using MUFileNames = std::unordered_set<wxString, wxStringHash>;
+using MUFileDecisions = std::unordered_map<wxString, bool, wxStringHash>;
+
+// The column's share of the named files is live again. A column that then has a live share is no longer
+// suppressed; one without any file is left alone. Whether other shares of it are still suppressed.
+bool UnsuppressColumnForFiles(MUColumnNamePlusProperties& column, const MUFileNames& fullNames);
+// The opposite; a column without any file counts as suppressed.
+void SuppressColumnForFiles(MUColumnNamePlusProperties& column, const MUFileNames& fullNames);
+
+// What each named file is wanted to be. Of two requests for one file the last decides.
+MUFileDecisions LastDecisions(const std::deque<DichotomousFileRequest>& requests);
+// The column is suppressed if all of its files are, or if it has none, and only then.
+void HideOrShowBasedOnMultipleFileRequests(MUColumnNamePlusProperties& column,
+                                           const MUFileDecisions& decisions);
+
+// For rows the first request for their file decides, unlike for columns. Borrowed; null if there is none.
+const DichotomousFileRequest* FirstRequestFor(const wxString& fullName,
+                                              const std::deque<DichotomousFileRequest>& requests);
+// The flags that a row has after that request.
+unsigned ApplyEnMasseShowOrHideUsingDichotomousFileRequest(unsigned rowFlags,
+                                                           const DichotomousFileRequest* request);
+
+#endif

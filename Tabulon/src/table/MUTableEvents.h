@@ -1,0 +1,12 @@
+// The event types of the table. They are exported by the plug-in, so that a viewer can bind to them.
+#ifndef OMBRELIA_TABULON_SRC_TABLE_MUTABLEEVENTS_H
+#define OMBRELIA_TABULON_SRC_TABLE_MUTABLEEVENTS_H
+
+#include <wx/event.h>
+
+// Goes to the application object when a row's red flag may have changed.
+extern __attribute__((visibility("default"))) wxEventType wxEVT_FLAGGED_ROW_COUNT_CHANGED;
+// Comes to the table itself after a notification, and to every observer as the request to repaint.
+extern __attribute__((visibility("default"))) wxEventType wxEVT_COMMAND_REFRESH_REQUEST;
+
+#endif

@@ -1,0 +1,10 @@
+// A cell's text without the blanks around it.
+#ifndef OMBRELIA_TABULON_SRC_TEXT_MUTRIMMEDTEXT_H
+#define OMBRELIA_TABULON_SRC_TEXT_MUTRIMMEDTEXT_H
+
+#include "Tabulon/src/text/MUCellText.h"
+
+// What wxString::Trim would leave after trimming both sides, as a part of the same borrowed text.
+MUCellText TrimmedText(const MUCellText& text);
+
+#endif

@@ -1,0 +1,62 @@
+// Free functions that the readers and the table share.
+#ifndef OMBRELIA_TABULON_SRC_TEXT_MUUTILITARIANFUNCTIONS_H
+#define OMBRELIA_TABULON_SRC_TEXT_MUUTILITARIANFUNCTIONS_H
+
+#include <wx/datetime.h>
+#include <wx/string.h>
+
+#include <list>
+#include <map>
+
+class wxFileName;
+
+namespace MUUtilitarianFunctions {
+
+// "first" to "tenth", translated when the library loads.
+extern const wxString MUUTIL_WRITTEN_ORDINAL_NUMBER_TEXT[10];
+
+// The timers of TimeMeProductionRelease that run. Not locked.
+extern std::map<wxString, wxDateTime> theMUUtilitarianFunctionsLookupMap;
+
+// The name, changed so that it can stand beside the existing ones: unchanged if none equals it without
+// regard to case, else with number signs appended, the first count that is free above the smallest
+// count in use. Linear in the list; for many names see MUUniqueNameIndex.
+wxString GetUniqueNameToInsertForGivenListContents(const wxString& name,
+                                                   const std::list<wxString>& existing);
+
+// Runs fixed cases; asserts in builds that keep assertions and always returns true.
+bool TestFunction_GetUniqueNameToInsertForGivenListContents();
+
+// Makes non-printing characters visible, in place: an escape before '@' to '_' becomes "0x1B 0x5b"
+// (for '['), 1 to 31 the caret form such as "^J", 127 "^?", and 128 to 159 "0x80" to "0x9f".
+void TranslateControlChars(wxString& text);
+
+// "first" to "ninth" for 1 to 9; for any other number its decimal digits.
+wxString GetWrittenOrdinalTextForInteger(unsigned int number);
+
+// The directory's path with volume and final separator, if the full path of name is an existing
+// directory; otherwise that of the current working directory.
+wxString GetFullDirPathWithFinalSeparator(const wxFileName& name);
+
+// True if a comes before b by wxString::compare.
+bool StringLessFunction(const wxString& a, const wxString& b);
+
+// The low 16 bits, or all 32, as ones and zeros, most significant first, in groups of four.
+wxString GetBitString16Bits(unsigned int value);
+wxString GetBitString32Bits(unsigned int value);
+
+// Developer tools; they do nothing in production.
+void DebugMessageWithMilliseconds(const wxString& message);
+void TimeMeDebug(bool start, wxString key, unsigned long* elapsed);
+
+// A stopwatch per key. start true: starts it, unless it runs. start false: ends it and gives the
+// elapsed milliseconds, all ones if it was not running. elapsed is not touched by a start.
+void TimeMeProductionRelease(bool start, wxString key, unsigned long* elapsed);
+
+// True if the list is in ascending order.
+bool VerifyThatSTDListOfIntIsSorted(const std::list<int>& values);
+bool VerifyThatSTDListOfULongIsSorted(const std::list<unsigned long>& values);
+
+}  // namespace MUUtilitarianFunctions
+
+#endif

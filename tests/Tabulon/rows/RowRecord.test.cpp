@@ -1,0 +1,256 @@
+// Rows as records: their maps against real maps, copies, and rows made by hand.
+#include <gtest/gtest.h>
+#include <wx/tokenzr.h>
+
+#include <map>
+#include <random>
+
+#include "Tabulon/src/text/MUCellSplitting.h"
+#include "Tabulon/src/text/MUPlainTextScan.h"
+#include "tests/Tabulon/reading/ReaderBench.h"
+
+using namespace ReaderBench;
+
+namespace {
+
+std::unique_ptr<Row> RowOf(const std::string& line) {
+  return std::move(AllRows(*StreamWithoutHeader(line + "\n")).at(0));
+}
+
+template <typename MAP>
+auto Copied(const MAP& map) {
+  std::map<wxString, typename MAP::mapped_type> copy;
+  for (const auto& entry : map) copy.insert(entry);
+  return copy;
+}
+
+TEST(RowRecord, IsAPlainRecordWhenMadeByHand) {
+  Row row;
+  EXPECT_EQ(nullptr, row.Block());
+  EXPECT_TRUE(row.m_cells.empty());
+  EXPECT_EQ(0u, row.m_hash01.size());
+  EXPECT_EQ(0u, row.m_cells.count(wxT("a")));
+  EXPECT_EQ(row.m_cells.end(), row.m_cells.find(wxT("a")));
+  EXPECT_FALSE(row.HasOverlay());
+  EXPECT_EQ(row.m_cells.end(), row.m_cells.begin());
+  row.m_cells[wxT("b")] = wxT("2");
+  row.m_cells[wxT("a")] = wxT("1");
+  row.m_hash01[wxT("a")] = 5.0;
+  row.m_textFitsInHash[wxT("a")] = true;
+  EXPECT_TRUE(row.HasOverlay());
+  EXPECT_EQ((std::map<wxString, wxString>{{wxT("a"), wxT("1")}, {wxT("b"), wxT("2")}}),
+            Copied(row.m_cells));
+  EXPECT_EQ(5.0, row.m_hash01[wxT("a")]);
+  EXPECT_EQ(0.0, row.m_hash02[wxT("a")]);
+  EXPECT_TRUE(row.CellAt(0).IsEmpty());
+  EXPECT_EQ(-999999.0, row.m_reactionTime);
+}
+
+TEST(RowRecord, IsSmall) { EXPECT_LE(sizeof(Row), 88u); }
+
+TEST(RowRecord, ReadingByValueLeavesNoTrace) {
+  const auto row = RowOf("a\tb");
+  EXPECT_EQ(wxT("a"), row->m_cells.ValueOrDefault(wxT("Participant\nGroup")));
+  EXPECT_EQ(wxString(), row->m_cells.ValueOrDefault(wxT("no such")));
+  EXPECT_EQ(0.0, row->m_hash01.ValueOrDefault(wxT("no such")));
+  EXPECT_FALSE(row->m_textFitsInHash.ValueOrDefault(wxT("no such")));
+  EXPECT_EQ(20u, row->m_cells.size());
+  EXPECT_FALSE(row->HasOverlay());
+}
+
+TEST(RowRecord, KeepsReferencesValidWhileOtherEntriesComeAndGo) {
+  const auto row = RowOf("a\tb\tc");
+  wxString& first = row->m_cells[wxT("Participant\nGroup")];
+  const auto second = row->m_cells.find(wxT("Participant\nName"));
+  for (int i = 0; i < 100; ++i) row->m_cells[wxString::Format(wxT("new %d"), i)];
+  for (const auto& entry : row->m_cells) EXPECT_EQ(1u, row->m_cells.count(entry.first));
+  row->m_cells.erase(wxT("new 50"));
+  EXPECT_EQ(wxT("a"), first);
+  EXPECT_EQ(wxT("b"), second->second);
+  first = wxT("changed");
+  EXPECT_EQ(wxT("changed"), row->m_cells.ValueOrDefault(wxT("Participant\nGroup")));
+  EXPECT_EQ(&first, &row->m_cells[wxT("Participant\nGroup")]);
+}
+
+TEST(RowRecord, CopiesAreIndependent) {
+  const auto row = RowOf("a\tb");
+  row->m_cells[wxT("Participant\nGroup")] = wxT("changed");
+  row->m_rowKey = 7;
+  Row copy(*row);
+  Row assigned;
+  assigned = *row;
+  row->m_cells[wxT("Participant\nGroup")] = wxT("changed again");
+  row->m_cells[wxT("new")] = wxT("x");
+  for (Row* one : {&copy, &assigned}) {
+    EXPECT_EQ(wxT("changed"), one->m_cells[wxT("Participant\nGroup")]);
+    EXPECT_EQ(wxT("b"), one->m_cells[wxT("Participant\nName")]);
+    EXPECT_EQ(0u, one->m_cells.count(wxT("new")));
+    EXPECT_EQ(7u, one->m_rowKey);
+  }
+  Row& self = copy;
+  copy = self;
+  EXPECT_EQ(wxT("changed"), copy.m_cells[wxT("Participant\nGroup")]);
+}
+
+// One step on a map and on the model; both must answer alike.
+template <typename MAP, typename MODEL, typename VALUE>
+void Step(MAP& map, MODEL& model, const wxString& key, unsigned int what, const VALUE& value) {
+  switch (what) {
+    case 0:
+      ASSERT_EQ(model[key], map[key]);
+      break;
+    case 1:
+      model[key] = value;
+      map[key] = value;
+      break;
+    case 2: {
+      const auto expected = model.insert({key, value});
+      const auto actual = map.insert({key, value});
+      ASSERT_EQ(expected.second, actual.second);
+      ASSERT_EQ(expected.first->second, actual.first->second);
+      break;
+    }
+    case 3:
+      ASSERT_EQ(model.erase(key), map.erase(key));
+      break;
+    case 4: {
+      const auto expected = model.find(key);
+      const auto actual = map.find(key);
+      ASSERT_EQ(expected == model.end(), actual == map.end());
+      if (expected == model.end()) break;
+      ASSERT_EQ(expected->second, actual->second);
+      ASSERT_EQ(std::next(expected) == model.end(), std::next(actual) == map.end());
+      if (expected != model.begin()) {
+        ASSERT_EQ(std::prev(expected)->first, std::prev(actual)->first);
+      }
+      break;
+    }
+    case 5:
+      ASSERT_EQ(model.size(), map.size());
+      break;
+    case 6:
+      ASSERT_EQ(model, Copied(map));
+      ASSERT_EQ(model.rbegin()->first, std::prev(map.end())->first);
+      break;
+    case 7:
+      ASSERT_EQ(model.count(key), map.count(key));
+      break;
+    case 8: {
+      const auto found = model.find(key);
+      ASSERT_EQ(found == model.end() ? VALUE() : found->second, map.ValueOrDefault(key));
+      break;
+    }
+    default:
+      break;
+  }
+}
+
+TEST(RowMaps, BehaveAsMapsUnderAnyOperations) {
+  for (unsigned int seed = 1; seed <= 300; ++seed) {
+    SCOPED_TRACE(seed);
+    std::mt19937 random(seed);
+    const std::string lines[] = {"a\tb\tc\td", "", "\t\t",
+                                 "1\t\t\t\t\t\t\t\t\t17\tlong enough to need more keys"};
+    const auto pristine = RowOf(lines[seed % 4]);
+    const Row copy(*pristine);
+    const auto row = RowOf(lines[seed % 4]);
+    auto cells = Copied(copy.m_cells);
+    auto hash = Copied(copy.m_hash02);
+    auto fits = Copied(copy.m_textFitsInHash);
+    const wxString keys[] = {wxT("Participant\nGroup"),
+                             wxT("Reaction\nTime"),
+                             wxT("FFFFF1"),
+                             wxT(""),
+                             wxT("new"),
+                             wxT("Key")};
+    for (int step = 0; step < 25; ++step) {
+      const wxString& key = keys[random() % 6];
+      const unsigned int what = static_cast<unsigned int>(random() % 9);
+      const int number = static_cast<int>(random() % 9);
+      ASSERT_NO_FATAL_FAILURE(
+          Step(row->m_cells, cells, key, what, wxString::Format(wxT("v%d"), number)));
+      ASSERT_NO_FATAL_FAILURE(
+          Step(row->m_hash02, hash, key, hash.empty() && what == 6 ? 5 : what, double(number)));
+      ASSERT_NO_FATAL_FAILURE(Step(row->m_textFitsInHash, fits, key,
+                                   fits.empty() && what == 6 ? 5 : what, number % 2 == 0));
+      if (step == 20 && seed % 3 == 0) {
+        row->m_cells.clear();
+        cells.clear();
+        ASSERT_TRUE(row->m_cells.empty());
+        cells[wxT("x")] = row->m_cells[wxT("x")];
+      }
+    }
+  }
+}
+
+TEST(CellSplitting, IsThatOfTheTokenizer) {
+  for (unsigned int seed = 1; seed <= 3000; ++seed) {
+    std::mt19937 random(seed);
+    std::wstring line;
+    for (auto length = random() % 9; length > 0; --length) line += L"\t\tab"[random() % 4];
+    std::vector<wxString> expected;
+    wxStringTokenizer tokens(line, wxT("\t"), wxTOKEN_RET_EMPTY);
+    while (tokens.HasMoreTokens()) expected.push_back(tokens.GetNextToken());
+    std::vector<wxString> actual;
+    MUForEachCell(line.data(), line.data() + line.size(),
+                  [&](const wchar_t* begin, const wchar_t* end) {
+                    actual.emplace_back(begin, static_cast<std::size_t>(end - begin));
+                  });
+    ASSERT_EQ(expected, actual) << "seed " << seed;
+  }
+}
+
+TEST(PlainTextScan, FindsDelimitersAndCountsThemAtAnyPlace) {
+  for (unsigned int seed = 1; seed <= 2000; ++seed) {
+    std::mt19937 random(seed);
+    std::string text;
+    for (auto length = random() % 70; length > 0; --length) {
+      const auto kind = random() % 12;
+      text += kind == 0 ? "\t" : kind == 1 ? "\n" : kind == 2 ? "\r\n" : "z";
+    }
+    std::vector<std::size_t> expected;
+    MUPlainTextMeasure counted = {0, 0};
+    for (std::size_t i = 0; i < text.size(); ++i) {
+      if (text[i] == '\t') ++counted.tabs;
+      if (text[i] == '\n') ++counted.lineFeeds;
+      if (text[i] == '\t' || text[i] == '\n') expected.push_back(i);
+    }
+    MUPlainTextMeasure measure = {9999, 9999};
+    ASSERT_TRUE(MUMeasurePlainText(text.data(), text.size(), &measure)) << "seed " << seed;
+    ASSERT_EQ(counted.tabs, measure.tabs);
+    ASSERT_EQ(counted.lineFeeds, measure.lineFeeds);
+    std::vector<std::size_t> found;
+    MUForEachDelimiter(text.data(), 0, text.size(), [&](std::size_t at) { found.push_back(at); });
+    ASSERT_EQ(expected, found) << "seed " << seed;
+    if (text.empty()) continue;
+    // One byte that is not plain, anywhere, and the text is not.
+    const char odd[] = {'\0', '\x01', '\x1f', '\x7f', '\x80', '\xff', '\r'};
+    std::string spoiled = text;
+    const std::size_t at = random() % text.size();
+    spoiled[at] = odd[random() % sizeof odd];
+    const bool stillPlain = spoiled[at] == '\r' && at + 1 < text.size() && text[at + 1] == '\n';
+    ASSERT_EQ(stillPlain && !(at > 0 && spoiled[at - 1] == '\r'),
+              MUMeasurePlainText(spoiled.data(), spoiled.size(), &measure))
+        << "seed " << seed;
+  }
+}
+
+TEST(PlainTextScan, SeesTheSameInSixteenBytesAsOneByOne) {
+  for (int byte = 0; byte < 256; ++byte) {
+    for (std::size_t place = 0; place < MU_SCAN_WIDTH; ++place) {
+      char bytes[MU_SCAN_WIDTH];
+      std::fill(std::begin(bytes), std::end(bytes), 'x');
+      bytes[place] = static_cast<char>(byte);
+      const MUByteMasks fast = MUExamineBytes(bytes);
+      const MUByteMasks slow = MUExamineBytesOneByOne(bytes, MU_SCAN_WIDTH);
+      ASSERT_EQ(slow.tabs, fast.tabs);
+      ASSERT_EQ(slow.lineFeeds, fast.lineFeeds);
+      ASSERT_EQ(slow.carriageReturns, fast.carriageReturns);
+      ASSERT_EQ(slow.notPlain, fast.notPlain);
+      const bool plain = byte == 9 || byte == 10 || byte == 13 || (byte >= 32 && byte <= 126);
+      ASSERT_EQ(plain ? 0u : 1u << place, fast.notPlain);
+    }
+  }
+}
+
+}  // namespace

@@ -1,0 +1,297 @@
+// Where the table's memory comes from, and the texts that it keeps beyond their rows.
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <memory>
+#include <random>
+#include <set>
+#include <thread>
+
+#include "Tabulon/src/memory/MUPooledMemory.h"
+#include "Tabulon/src/memory/MUScratchArray.h"
+#include "Tabulon/src/queries/MUColumnDictionaries.h"
+#include "Tabulon/src/queries/MUColumnDictionary.h"
+#include "Tabulon/src/rows/MUSingleRowDataPlusRowProperties.h"
+#include "Tabulon/src/rows/MUTextKeeper.h"
+#include "tests/Tabulon/table/TableTestSupport.h"
+
+namespace {
+
+using Tests::ProbeTable;
+using Tests::TemporaryFolder;
+using Tests::Utf8;
+using Texts = std::vector<std::string>;
+
+struct Piece {
+  unsigned char* memory;
+  std::size_t size;
+  unsigned char mark;
+};
+
+Piece NewPiece(std::size_t size, unsigned char mark) {
+  const Piece piece = {static_cast<unsigned char*>(MUAllocatePooled(size)), size, mark};
+  std::memset(piece.memory, mark, size);
+  return piece;
+}
+
+// Whether nobody else has written there.
+bool IsIntact(const Piece& piece) {
+  return std::all_of(piece.memory, piece.memory + piece.size,
+                     [&](unsigned char byte) { return byte == piece.mark; });
+}
+
+TEST(PooledMemory, PiecesOfAllSizesAreApartAndAligned) {
+  std::mt19937 random(20261121);
+  const std::size_t sizes[] = {0, 1, 16, 80, 4104, 20000, 262144, 3000000, 4194240, 9000000};
+  std::vector<Piece> pieces;
+  for (int step = 0; step < 3000; ++step) {
+    if (pieces.size() < 20 || random() % 2 == 0) {
+      // Long ones are rare.
+      const std::size_t size = sizes[random() % (random() % 50 == 0 ? 10 : 6)];
+      pieces.push_back(NewPiece(size, static_cast<unsigned char>(random())));
+      ASSERT_EQ(reinterpret_cast<std::uintptr_t>(pieces.back().memory) % alignof(std::max_align_t),
+                0u);
+    } else {
+      const std::size_t index = random() % pieces.size();
+      ASSERT_TRUE(IsIntact(pieces[index]));
+      MUFreePooled(pieces[index].memory, pieces[index].size);
+      pieces.erase(pieces.begin() + static_cast<std::ptrdiff_t>(index));
+    }
+  }
+  for (const Piece& piece : pieces) {
+    ASSERT_TRUE(IsIntact(piece));
+    MUFreePooled(piece.memory, piece.size);
+  }
+}
+
+TEST(PooledMemory, AnotherThreadMayFree) {
+  for (int round = 0; round < 20; ++round) {
+    std::vector<Piece> pieces;
+    for (int i = 0; i < 1000; ++i) pieces.push_back(NewPiece(80, 1));
+    std::thread other([&] {
+      for (std::size_t i = 0; i < pieces.size(); i += 2) MUFreePooled(pieces[i].memory, 80);
+    });
+    for (std::size_t i = 1; i < pieces.size(); i += 2) MUFreePooled(pieces[i].memory, 80);
+    std::vector<Piece> own;
+    for (int i = 0; i < 100; ++i) own.push_back(NewPiece(80, 2));
+    other.join();
+    for (const Piece& piece : own) {
+      EXPECT_TRUE(IsIntact(piece));
+      MUFreePooled(piece.memory, piece.size);
+    }
+  }
+}
+
+TEST(PooledMemory, TooManyBytesAreRefused) {
+  EXPECT_THROW(MUAllocatePooled(static_cast<std::size_t>(-1)), std::bad_alloc);
+  MUPoolVector<std::uint64_t> vector;
+  EXPECT_THROW(vector.reserve(vector.max_size() + 1), std::length_error);
+}
+
+TEST(ScratchArray, HoldsWhatIsWrittenAndMoves) {
+  for (const std::size_t size : {std::size_t{0}, std::size_t{5}, std::size_t{1} << 20}) {
+    MUScratchArray<std::uint32_t> items(size);
+    ASSERT_EQ(items.size(), size);
+    for (std::size_t i = 0; i < size; ++i) items[i] = static_cast<std::uint32_t>(i);
+    MUScratchArray<std::uint32_t> moved = std::move(items);
+    ASSERT_EQ(moved.size(), size);
+    for (std::size_t i = 0; i < size; ++i) ASSERT_EQ(moved[i], i);
+  }
+  MULargeVector<std::uint64_t> vector;
+  for (std::uint64_t i = 0; i < 500000; ++i) vector.push_back(i);
+  for (std::uint64_t i = 0; i < 500000; ++i) ASSERT_EQ(vector[i], i);
+}
+
+// ---- Dictionaries
+
+class ColumnDictionaries : public testing::Test {
+ protected:
+  void Load(const std::string& name, const Tests::Cells& rows) {
+    ASSERT_TRUE(table.Load(folder.WriteData(name, {"A", "B"}, rows)));
+  }
+  std::string NumberedText(const MUColumnDictionary& dictionary, unsigned long key) {
+    const std::uint32_t number = dictionary.NumberOfRow(key);
+    if (number == MUColumnDictionary::NONE) return "no row";
+    return Utf8(dictionary.Text(number).ToString());
+  }
+
+  TemporaryFolder folder;
+  ProbeTable table;
+  MUColumnDictionaries dictionaries;
+};
+
+TEST_F(ColumnDictionaries, NumberTextsInTheOrderOfTheirFirstRows) {
+  Load("a.txt", {{"y", "1"}, {"x", "2"}, {"y", "3"}, {"", "4"}});
+  const MUColumnDictionary dictionary(table.m_rows, wxT("A"));
+  ASSERT_EQ(dictionary.TextCount(), 3u);
+  EXPECT_EQ(NumberedText(dictionary, 0), "y");
+  EXPECT_EQ(NumberedText(dictionary, 1), "x");
+  EXPECT_EQ(dictionary.NumberOfRow(2), dictionary.NumberOfRow(0));
+  EXPECT_EQ(dictionary.NumberOfRow(0), 0u);
+  EXPECT_EQ(NumberedText(dictionary, 3), "");
+  EXPECT_EQ(NumberedText(dictionary, 4), "no row");
+  EXPECT_EQ(NumberedText(dictionary, 4000000000u), "no row");
+  EXPECT_EQ(dictionary.NumberOfText(MUCellText("x", 1)), 1u);
+  EXPECT_EQ(dictionary.NumberOfText(MUCellText(L"x", 1)), 1u);
+  EXPECT_EQ(dictionary.NumberOfText(MUCellText("z", 1)), MUColumnDictionary::NONE);
+  EXPECT_TRUE(dictionary.RowsArePlain());
+}
+
+TEST_F(ColumnDictionaries, NumberThousandsOfTextsOfAllLengths) {
+  std::mt19937 random(7);
+  Tests::Cells rows;
+  for (int i = 0; i < 9000; ++i) {
+    // Alike at both ends, so that a look at a part of them is not enough.
+    rows.push_back(
+        {"same start" + std::string(random() % 40, 'm') + std::to_string(random() % 900), "b"});
+  }
+  Load("a.txt", rows);
+  const MUColumnDictionary dictionary(table.m_rows, wxT("A"));
+  std::set<std::string> different;
+  for (unsigned long key = 0; key < rows.size(); ++key) {
+    ASSERT_EQ(NumberedText(dictionary, key), rows[key][0]);
+    different.insert(rows[key][0]);
+  }
+  EXPECT_EQ(dictionary.TextCount(), different.size());
+}
+
+TEST_F(ColumnDictionaries, NumberRowsWhoseKeysBeginLate) {
+  Load("a.txt", {{"x", "1"}, {"y", "2"}});
+  Load("b.txt", {{"z", "3"}, {"x", "4"}});
+  table.DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(wxT("B"), {wxT("1"), wxT("2")},
+                                                                    true);
+  const MUColumnDictionary dictionary(table.m_rows, wxT("A"));
+  EXPECT_EQ(dictionary.TextCount(), 2u);
+  EXPECT_EQ(NumberedText(dictionary, 0), "no row");
+  EXPECT_EQ(NumberedText(dictionary, 1), "no row");
+  EXPECT_EQ(NumberedText(dictionary, 2), "z");
+  EXPECT_EQ(NumberedText(dictionary, 3), "x");
+  EXPECT_EQ(NumberedText(dictionary, 4), "no row");
+}
+
+TEST_F(ColumnDictionaries, OfATableWithoutRowsAreEmpty) {
+  const MUColumnDictionary dictionary(table.m_rows, wxT("A"));
+  EXPECT_EQ(dictionary.TextCount(), 0u);
+  EXPECT_EQ(NumberedText(dictionary, 0), "no row");
+  EXPECT_EQ(dictionary.NumberOfText(MUCellText("x", 1)), MUColumnDictionary::NONE);
+}
+
+TEST_F(ColumnDictionaries, OutliveTheRows) {
+  Load("a.txt", {{"x", "1"}, {"y", "2"}});
+  Load("b.txt", {{"z", "3"}});
+  table.m_rows.find(1)->m_cells[wxT("A")] = wxT("written");
+  const MUColumnDictionary dictionary(table.m_rows, wxT("A"));
+  EXPECT_FALSE(dictionary.RowsArePlain());
+  table.DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(
+      wxT("B"), {wxT("1"), wxT("2"), wxT("3")}, true);
+  ASSERT_TRUE(table.m_rows.empty());
+  EXPECT_EQ(NumberedText(dictionary, 0), "x");
+  EXPECT_EQ(NumberedText(dictionary, 1), "written");
+  EXPECT_EQ(NumberedText(dictionary, 2), "z");
+}
+
+TEST_F(ColumnDictionaries, AreKeptUntilTheRowsChange) {
+  Load("a.txt", {{"x", "1"}, {"y", "2"}});
+  EXPECT_EQ(dictionaries.Find(wxT("A"), table.m_rows), nullptr);
+  const auto first = dictionaries.Of(wxT("A"), table.m_rows);
+  EXPECT_EQ(dictionaries.Of(wxT("A"), table.m_rows), first);
+  EXPECT_EQ(dictionaries.Find(wxT("A"), table.m_rows), first);
+  EXPECT_EQ(dictionaries.Find(wxT("B"), table.m_rows), nullptr);
+
+  Load("b.txt", {{"z", "3"}});
+  EXPECT_EQ(dictionaries.Find(wxT("A"), table.m_rows), nullptr);
+  EXPECT_EQ(dictionaries.Of(wxT("A"), table.m_rows)->TextCount(), 3u);
+
+  table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("A"), wxT("z"));
+  EXPECT_EQ(dictionaries.Find(wxT("A"), table.m_rows), nullptr);
+  EXPECT_EQ(dictionaries.Of(wxT("A"), table.m_rows)->TextCount(), 2u);
+}
+
+TEST_F(ColumnDictionaries, AreNotKeptForRowsThatCanBeWritten) {
+  Load("a.txt", {{"x", "1"}, {"y", "2"}});
+  dictionaries.Of(wxT("A"), table.m_rows);
+  wxString& cell = table.m_rows.find(0)->m_cells[wxT("A")];
+  EXPECT_EQ(dictionaries.Find(wxT("A"), table.m_rows), nullptr);
+  cell = wxT("first");
+  EXPECT_EQ(NumberedText(*dictionaries.Of(wxT("A"), table.m_rows), 0), "first");
+  cell = wxT("second");
+  EXPECT_EQ(NumberedText(*dictionaries.Of(wxT("A"), table.m_rows), 0), "second");
+}
+
+TEST_F(ColumnDictionaries, AreKeptForAFewColumnsOnly) {
+  Load("a.txt", {{"x", "1"}});
+  dictionaries.Of(wxT("A"), table.m_rows);
+  for (int i = 0; i < 7; ++i) dictionaries.Of(wxString::Format(wxT("%d"), i), table.m_rows);
+  EXPECT_NE(dictionaries.Find(wxT("A"), table.m_rows), nullptr);
+  dictionaries.Of(wxT("B"), table.m_rows);
+  EXPECT_EQ(dictionaries.Find(wxT("A"), table.m_rows), nullptr);
+  EXPECT_NE(dictionaries.Find(wxT("B"), table.m_rows), nullptr);
+}
+
+// ---- Runs of rows
+
+class RowRuns : public ColumnDictionaries {
+ protected:
+  // Of each run its keys, and the line it begins with or "own".
+  std::string Runs() {
+    std::string text;
+    for (const MURowStore::Run& run : table.m_rows.Runs()) {
+      text += std::to_string(run.firstKey) + "-" + std::to_string(run.endKey) + " ";
+      text += run.block == nullptr ? "own; " : std::to_string(run.firstRow) + "; ";
+    }
+    return text;
+  }
+};
+
+TEST_F(RowRuns, AreTheLinesOfFilesAndSplitWhereRowsAreMissingOrWritten) {
+  EXPECT_EQ(Runs(), "");
+  Load("a.txt", {{"x", "1"}, {"y", "2"}, {"z", "3"}});
+  Load("b.txt", {{"x", "4"}, {"y", "5"}, {"z", "6"}});
+  ASSERT_NE(table.m_rows.StandingRuns(), nullptr);
+  EXPECT_EQ(Runs(), "0-3 0; 3-6 0; ");
+  EXPECT_NE(table.m_rows.Runs()[0].block, table.m_rows.Runs()[1].block);
+
+  table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("B"), wxT("2"));
+  EXPECT_EQ(table.m_rows.StandingRuns(), nullptr);
+  EXPECT_EQ(Runs(), "0-1 0; 2-3 2; 3-6 0; ");
+  ASSERT_NE(table.m_rows.StandingRuns(), nullptr);
+
+  table.m_rows.find(4)->m_cells[wxT("A")] = wxT("written");
+  EXPECT_EQ(table.m_rows.StandingRuns(), nullptr);
+  EXPECT_EQ(Runs(), "0-1 0; 2-3 2; 3-4 0; 4-5 own; 5-6 2; ");
+
+  Load("c.txt", {{"x", "7"}});
+  EXPECT_EQ(Runs(), "0-1 0; 2-3 2; 3-4 0; 4-5 own; 5-6 2; 6-7 0; ");
+}
+
+TEST_F(RowRuns, DoNotOutliveAnAssignmentToARow) {
+  Load("a.txt", {{"x", "1"}, {"y", "2"}});
+  EXPECT_EQ(Runs(), "0-2 0; ");
+  *table.m_rows.find(0) = *table.m_rows.find(1);
+  EXPECT_EQ(Runs(), "0-1 1; 1-2 1; ");
+}
+
+TEST_F(RowRuns, BeginAnewInATableThatWasEmptied) {
+  Load("a.txt", {{"x", "1"}});
+  table.m_rows.find(0)->m_cells[wxT("A")] = wxT("written");
+  table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("B"), wxT("1"));
+  table.Notify();
+  Load("b.txt", {{"x", "4"}, {"y", "5"}});
+  ASSERT_NE(table.m_rows.StandingRuns(), nullptr);
+  EXPECT_EQ(Runs(), "0-2 0; ");
+}
+
+TEST(WantedText, EqualsCellsOfBothWidths) {
+  for (const wchar_t* text : {L"", L"a", L"condition_07", L"caf\u00E9", L"\u0161"}) {
+    const wxString wide(text);
+    const MUWantedText wanted(wide);
+    EXPECT_TRUE(wanted.Equals(MUCellText(text, wide.length())));
+    EXPECT_FALSE(wanted.Equals(MUCellText(L"condition_08", 12)));
+    EXPECT_FALSE(wanted.Equals(MUCellText("condition_0", 11)));
+  }
+  EXPECT_TRUE(MUWantedText(wxT("condition_07")).Equals(MUCellText("condition_07", 12)));
+  EXPECT_FALSE(MUWantedText(wxT("\u0161")).Equals(MUCellText("a", 1)));
+  EXPECT_TRUE(MUWantedText(wxString()).Equals(MUCellText()));
+}
+
+}  // namespace

@@ -1,0 +1,676 @@
+// Searches and selections: their answers, and what of them is cached until when.
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <limits>
+
+#include "Tabulon/src/queries/MUInterfaceRowTruthDecider.h"
+#include "Tabulon/src/queries/MUQueryKeys.h"
+#include "Tabulon/src/rows/MUColumnNamePlusProperties.h"
+#include "Tabulon/src/rows/MUSingleRowDataPlusRowProperties.h"
+#include "tests/Tabulon/table/TableTestSupport.h"
+
+namespace {
+
+using Tests::ProbeTable;
+using Tests::TemporaryFolder;
+using Tests::Utf8;
+using Texts = std::vector<std::string>;
+using Indices = std::list<unsigned long>;
+using Row = MUSingleRowDataPlusRowProperties;
+using Set = ProbeTable::TARGETED_ROW_SEARCH_SET;
+
+constexpr Set SHOWN = ProbeTable::ONLY_FULLY_SHOWN_ROWS;
+constexpr Set ALL = ProbeTable::ALL_ROWS;
+constexpr Set ACTIVE = ProbeTable::ACTIVE_SHOWN_AND_ACTIVE_SEMIHIDDEN;
+
+class Decider : public MUInterfaceRowTruthDecider {
+ public:
+  explicit Decider(const wxString& wanted, bool cached = true)
+      : identity(wxT("A is ") + wanted), m_wanted(wanted), m_cached(cached) {}
+
+  int DecideRow(Row* row) override {
+    ++decisions;
+    return row->m_cells.ValueOrDefault(wxT("A")) == m_wanted ? answerForMatch : 0;
+  }
+  bool ResultMayBeCached() override { return m_cached; }
+  wxString GetIdentityString() override { return identity; }
+
+  wxString identity;
+  int answerForMatch = 1;
+  int decisions = 0;
+
+ private:
+  wxString m_wanted;
+  bool m_cached;
+};
+
+// Rows 0 to 5; row 2 is semi-hidden, row 4 suppressed (its file is), row 1 red-flagged.
+class TableQueries : public testing::Test {
+ protected:
+  void SetUp() override {
+    const wxString a =
+        folder.WriteData("a.txt", {"A", "B", "T\n(Trial Variable)"},
+                         {{"x", "1", " p"}, {"y", "2", "p "}, {"x", "3", "q"}, {"x", "4", "p"}});
+    const wxString b = folder.WriteData("b.txt", {"A", "B"}, {{"x", "5"}});
+    const wxString c = folder.WriteData("c.txt", {"A", "B"}, {{"z", "1"}});
+    ASSERT_TRUE(table.Load(a));
+    ASSERT_TRUE(table.Load(b));
+    ASSERT_TRUE(table.Load(c));
+    table.HideOneSingleRowPerArbitraryUserRequest(2);
+    table.SetRowFlag(1, true);
+    table.SimultaneousFileRequestsSuppressAndUnsuppress({DichotomousFileRequest{b, false}});
+    table.OnIdle();
+    ASSERT_EQ(*table.m_currentShownRowKeys, ProbeTable::RowKeys({0, 1, 3, 5}));
+    ASSERT_EQ(table.m_activeRowKeys, ProbeTable::RowKeys({0, 1, 2, 3, 5}));
+  }
+
+  Texts Distinct(const wxString& column, Set set, bool trim) {
+    std::vector<wxString> values = {wxT("must go")};
+    table.SelectDistinctPerColumn(column, values, set, trim);
+    return Utf8(values);
+  }
+  Texts Where(const wxString& x, const wxString& y, const wxString& z, bool all) {
+    return Utf8(table.GetAllFromCol_X_WhereField_Y_Matches_Z(x, y, z, all));
+  }
+  // Gives the row a text that a query sees if it looks again.
+  void Change(unsigned long key, const wxString& column, const wxString& text) {
+    table.m_rows.find(key)->m_cells[column] = text;
+  }
+
+  TemporaryFolder folder;
+  ProbeTable table;
+};
+
+// ---- By flags
+
+TEST_F(TableQueries, RowsByFlagAreIndicesInTheirSet) {
+  EXPECT_EQ(table.FindCurrentRowIndicesByPropertyFlag(32, ACTIVE), Indices({2}));
+  EXPECT_EQ(table.FindCurrentRowIndicesByPropertyFlag(32, ALL), Indices({2}));
+  EXPECT_EQ(table.FindCurrentRowIndicesByPropertyFlag(32, SHOWN), Indices());
+  EXPECT_EQ(table.FindCurrentRowIndicesByPropertyFlag(8, ALL), Indices({4}));
+  EXPECT_EQ(table.FindCurrentRowIndicesByPropertyFlag(8, ACTIVE), Indices());
+  EXPECT_EQ(table.FindCurrentRowIndicesByPropertyFlag(64, SHOWN), Indices({1}));
+  EXPECT_EQ(table.FindCurrentRowIndicesByPropertyFlag(0, SHOWN), Indices({0, 1, 2, 3}));
+  EXPECT_EQ(table.FindCurrentRowIndicesByPropertyFlag(96, ALL), Indices());
+}
+
+TEST_F(TableQueries, RowsByAbsentFlagAreIndicesInTheirSet) {
+  EXPECT_EQ(table.FindCurrentRowIndicesWherePropertyFlagIsAbsent(64, SHOWN), Indices({0, 2, 3}));
+  EXPECT_EQ(table.FindCurrentRowIndicesWherePropertyFlagIsAbsent(32, ACTIVE),
+            Indices({0, 1, 3, 4}));
+  EXPECT_EQ(table.FindCurrentRowIndicesWherePropertyFlagIsAbsent(60, ALL), Indices({0, 1, 3, 5}));
+  EXPECT_EQ(table.FindCurrentRowIndicesWherePropertyFlagIsAbsent(0, ALL),
+            Indices({0, 1, 2, 3, 4, 5}));
+}
+
+TEST_F(TableQueries, AnyOtherSetMeansAllRowsInKeyOrder) {
+  table.SetSortColumn(wxT("B"), true);
+  // Shown rows 3, 1, 0, 5 and then 2, 4; the walk is in key order.
+  EXPECT_EQ(table.FindCurrentRowIndicesByPropertyFlag(0, ALL), Indices({2, 1, 4, 0, 5, 3}));
+  EXPECT_EQ(table.FindCurrentRowIndicesByPropertyFlag(0, ProbeTable::CALLER_GIVEN_ROWS),
+            Indices({2, 1, 4, 0, 5, 3}));
+}
+
+TEST_F(TableQueries, RowsByBothFlagsAreIndicesAmongAllRows) {
+  EXPECT_EQ(table.FindCurrentRowIndicesHavingFlagsX_andAbsentFlagsY(0, 60), Indices({0, 1, 3, 5}));
+  EXPECT_EQ(table.FindCurrentRowIndicesHavingFlagsX_andAbsentFlagsY(64, 32), Indices({1}));
+  EXPECT_EQ(table.FindCurrentRowIndicesHavingFlagsX_andAbsentFlagsY(64, 64), Indices());
+}
+
+TEST_F(TableQueries, ADeletedRowIsSkippedAndCountsItsPlace) {
+  table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("A"), wxT("y"));
+  EXPECT_EQ(table.FindCurrentRowIndicesHavingFlagsX_andAbsentFlagsY(0, 60), Indices({0, 3, 5}));
+  EXPECT_EQ(table.FindCurrentRowIndicesByPropertyFlag(0, SHOWN), Indices({0, 2, 3}));
+  EXPECT_EQ(Distinct(wxT("A"), SHOWN, false), Texts({"x", "z"}));
+  EXPECT_EQ(Where(wxT("B"), wxT("A"), wxT("x"), true), Texts({"1", "3", "4", "5"}));
+  Decider decider(wxT("x"));
+  EXPECT_EQ(*table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true),
+            Indices({0, 2, 3, 4}));
+  EXPECT_EQ(table
+                .GetAllFromMultiCols_X_WhereField_Y_Matches_Z(
+                    {wxT("A")}, wxT(""), ProbeTable::SPECIAL_CODE_TO_REQUEST_MATCH_ALL_ROWS, true)
+                ->size(),
+            5u);
+}
+
+TEST_F(TableQueries, ColumnNamesByFlags) {
+  const std::string trial = "T\n(Trial Variable)";
+  EXPECT_EQ(Utf8(table.FindColumnNamesByPropertyFlag(1)), Texts({trial}));
+  EXPECT_EQ(Utf8(table.FindColumnNamesByPropertyFlag(0)), Texts({"A", "B", trial}));
+  EXPECT_EQ(Utf8(table.FindColumnNamesWherePropertyFlagIsAbsent(1)), Texts({"A", "B"}));
+  EXPECT_EQ(Utf8(table.FindColumnNamesHavingFlagsX_andAbsentFlagsY(0, 1)), Texts({"A", "B"}));
+  EXPECT_EQ(Utf8(table.FindColumnNamesHavingFlagsX_andAbsentFlagsY(1, 32)), Texts({trial}));
+  EXPECT_EQ(Utf8(table.FindColumnNamesHavingFlagsX_andAbsentFlagsY(1, 1)), Texts());
+}
+
+TEST_F(TableQueries, ColumnInformationIsNeverCached) {
+  table.HideOneSingleColumnPerArbitraryUserRequest(wxT("B"));
+  auto columns = table.FindColumnInformationWherePropertyFlagIsAbsent(1);
+  ASSERT_EQ(columns.size(), 2u);
+  EXPECT_EQ(columns.front().m_columnName, wxT("A"));
+  EXPECT_FALSE(columns.front().m_hidden);
+  EXPECT_EQ(columns.back().m_columnName, wxT("B"));
+  EXPECT_TRUE(columns.back().m_hidden);
+  table.UnhideOneSingleColumnPerArbitraryUserRequest(wxT("B"));
+  EXPECT_FALSE(table.FindColumnInformationWherePropertyFlagIsAbsent(1).back().m_hidden);
+  table.m_columns[0]->m_columnPropertyFlags |= 16;
+  EXPECT_TRUE(table.FindColumnInformationWherePropertyFlagIsAbsent(0).front().m_hidden);
+}
+
+// ---- By predicate
+
+TEST_F(TableQueries, APredicateFindsPlaces) {
+  Decider decider(wxT("x"));
+  EXPECT_EQ(*table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, false),
+            Indices({0, 2}));
+  EXPECT_EQ(decider.decisions, 4);
+  EXPECT_EQ(*table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true),
+            Indices({0, 2, 3, 4}));
+  EXPECT_EQ(decider.decisions, 10);
+}
+
+TEST_F(TableQueries, OnlyOneIsAMatch) {
+  for (const int answer : {-1, 0, 2, 1 << 30}) {
+    Decider decider(wxT("x"), false);
+    decider.answerForMatch = answer;
+    EXPECT_TRUE(table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true)->empty());
+  }
+}
+
+TEST_F(TableQueries, AnEmptyTableNeverAsks) {
+  ProbeTable empty;
+  Decider decider(wxT("x"));
+  EXPECT_TRUE(empty.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true)->empty());
+  EXPECT_TRUE(
+      empty.FindCurrentRowIndicesMatchingRowTruthPredicateWithinRange(&decider, true, -1, -1)
+          ->empty());
+  EXPECT_TRUE(
+      empty.FindCurrentRowIndicesMatchingRowTruthPredicateWithinGivenIndices(&decider, {0}, true)
+          ->empty());
+  EXPECT_EQ(decider.decisions, 0);
+  EXPECT_TRUE(empty.m_cacheRowIndexHolders.empty());
+  EXPECT_TRUE(empty.m_nonCachedHolders.empty());
+}
+
+TEST_F(TableQueries, EqualIdentitiesShareAResult) {
+  Decider first(wxT("x"));
+  Decider second(wxT("y"));
+  second.identity = first.identity;
+  const Indices* found = table.FindCurrentRowIndicesMatchingRowTruthPredicate(&first, false);
+  EXPECT_EQ(table.FindCurrentRowIndicesMatchingRowTruthPredicate(&second, false), found);
+  EXPECT_EQ(second.decisions, 0);
+  Decider third(wxT("y"));
+  EXPECT_EQ(*table.FindCurrentRowIndicesMatchingRowTruthPredicate(&third, false), Indices({1}));
+}
+
+TEST_F(TableQueries, AnUncachedDeciderRunsEveryTimeAndItsResultsStay) {
+  Decider decider(wxT("x"), false);
+  const Indices* first = table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, false);
+  const Indices* second = table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, false);
+  EXPECT_NE(first, second);
+  EXPECT_EQ(decider.decisions, 8);
+  EXPECT_EQ(*first, Indices({0, 2}));
+  EXPECT_EQ(table.m_nonCachedHolders.size(), 2u);
+  EXPECT_TRUE(table.m_cacheRowIndexHolders.empty());
+  table.Notify();
+  // The holders stay, empty, until the end.
+  EXPECT_EQ(table.m_nonCachedHolders.size(), 2u);
+  EXPECT_EQ(*table.m_nonCachedHolders.front(), nullptr);
+}
+
+TEST_F(TableQueries, TheRangeIsInclusiveAndItsNegativeEndsMeanTheOuterRows) {
+  const auto within = [this](int first, int last, bool all = true) {
+    Decider decider(wxT("x"));
+    return *table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinRange(&decider, all, first,
+                                                                            last);
+  };
+  EXPECT_EQ(within(0, 2), Indices({0, 2}));
+  EXPECT_EQ(within(-7, 2), Indices({0, 2}));
+  EXPECT_EQ(within(3, -1), Indices({3, 4}));
+  EXPECT_EQ(within(-1, -1), Indices({0, 2, 3, 4}));
+  EXPECT_EQ(within(2, 2), Indices({2}));
+  EXPECT_EQ(within(5, 5), Indices());
+  EXPECT_EQ(within(0, 6), Indices());
+  EXPECT_EQ(within(6, 0), Indices());
+  EXPECT_EQ(within(0, 5), Indices({0, 2, 3, 4}));
+  EXPECT_EQ(within(1, 3, false), Indices({2}));
+  EXPECT_EQ(within(1, 4, false), Indices());
+}
+
+TEST_F(TableQueries, ASwappedRangeIsTheSameQuestion) {
+  Decider decider(wxT("x"));
+  const auto* found =
+      table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinRange(&decider, true, 4, 1);
+  EXPECT_EQ(*found, Indices({2, 3, 4}));
+  EXPECT_EQ(table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinRange(&decider, true, 1, 4),
+            found);
+  EXPECT_EQ(table.m_cacheRowIndexHolders.size(), 1u);
+  EXPECT_EQ(decider.decisions, 4);
+}
+
+TEST_F(TableQueries, TheWholeRangeIsTheSameQuestionAsNoRange) {
+  Decider decider(wxT("x"));
+  const auto* found = table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true);
+  EXPECT_EQ(table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinRange(&decider, true, -1, -1),
+            found);
+}
+
+TEST_F(TableQueries, GivenIndicesAreTranslatedBack) {
+  Decider decider(wxT("x"));
+  const auto within = [&](const Indices& indices, bool all) {
+    return *table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinGivenIndices(&decider,
+                                                                                   indices, all);
+  };
+  EXPECT_EQ(within({4, 1, 0, 0}, true), Indices({4, 0, 0}));
+  EXPECT_EQ(within({3, 2}, false), Indices({2}));
+  EXPECT_EQ(within({6, 99}, true), Indices());
+  EXPECT_EQ(within({}, true), Indices());
+  EXPECT_TRUE(table.m_cacheRowIndexHolders.empty());
+}
+
+TEST_F(TableQueries, AGivenIndexOutOfRangeShiftsWhatFollows) {
+  Decider decider(wxT("x"));
+  // Kept are 0, 1, 3, of which places 0 and 2 match: elements 0 and 2 of what was given.
+  EXPECT_EQ(*table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinGivenIndices(
+                &decider, {0, 99, 1, 3}, true),
+            Indices({0, 1}));
+}
+
+TEST_F(TableQueries, ASearchWithinGivenIndicesIsNeverCached) {
+  Decider decider(wxT("x"));
+  table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinGivenIndices(&decider, {0, 1}, true);
+  table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinGivenIndices(&decider, {0, 1}, true);
+  EXPECT_EQ(decider.decisions, 4);
+  // The list of places and the translated one, each time.
+  EXPECT_EQ(table.m_nonCachedHolders.size(), 4u);
+}
+
+// Searches by its own key while it decides.
+class SelfSearchingDecider : public Decider {
+ public:
+  explicit SelfSearchingDecider(ProbeTable& table) : Decider(wxT("x")), m_table(table) {}
+  int DecideRow(Row* row) override {
+    if (depth++ == 0) inner = m_table.FindCurrentRowIndicesMatchingRowTruthPredicate(this, true);
+    return Decider::DecideRow(row);
+  }
+
+  int depth = 0;
+  const Indices* inner = nullptr;
+
+ private:
+  ProbeTable& m_table;
+};
+
+TEST_F(TableQueries, ASearchInsideASearchLeavesBothResults) {
+  SelfSearchingDecider decider(table);
+  const Indices* outer = table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true);
+  EXPECT_EQ(*outer, Indices({0, 2, 3, 4}));
+  EXPECT_EQ(*decider.inner, Indices({0, 2, 3, 4}));
+}
+
+// ---- Selections
+
+TEST_F(TableQueries, DistinctValuesStandInOrderOfFirstAppearance) {
+  EXPECT_EQ(Distinct(wxT("A"), ALL, false), Texts({"x", "y", "z"}));
+  EXPECT_EQ(Distinct(wxT("B"), SHOWN, false), Texts({"1", "2", "4"}));
+  EXPECT_EQ(Distinct(wxT("B"), ACTIVE, false), Texts({"1", "2", "3", "4"}));
+  EXPECT_EQ(Distinct(wxT("T\n(Trial Variable)"), ALL, false), Texts({" p", "p ", "q", "p", ""}));
+  EXPECT_EQ(Distinct(wxT("T\n(Trial Variable)"), ALL, true), Texts({"p", "q", ""}));
+  EXPECT_EQ(Distinct(wxT("nobody"), SHOWN, true), Texts({""}));
+  EXPECT_EQ(Distinct(wxT("A"), ProbeTable::CALLER_GIVEN_ROWS, false), Texts());
+}
+
+TEST_F(TableQueries, DistinctFollowsTheSort) {
+  table.SetSortColumn(wxT("B"), true);
+  EXPECT_EQ(Distinct(wxT("B"), SHOWN, false), Texts({"4", "2", "1"}));
+}
+
+TEST_F(TableQueries, OneColumnWhere) {
+  EXPECT_EQ(Where(wxT("B"), wxT("A"), wxT("x"), false), Texts({"1", "4"}));
+  EXPECT_EQ(Where(wxT("B"), wxT("A"), wxT("x"), true), Texts({"1", "3", "4", "5"}));
+  EXPECT_EQ(Where(wxT("A"), wxT("A"), wxT("x"), true), Texts(4, "x"));
+  EXPECT_EQ(Where(wxT("A"), wxT("nobody"), wxT(""), false), Texts({"x", "y", "x", "z"}));
+  EXPECT_EQ(Where(wxT("nobody"), wxT("A"), wxT("z"), false), Texts({""}));
+}
+
+TEST_F(TableQueries, AValueThatNobodyHasIsCachedToo) {
+  EXPECT_EQ(Where(wxT("B"), wxT("A"), wxT("new"), false), Texts());
+  EXPECT_EQ(table.m_cacheStringSelects.size(), 1u);
+  Change(0, wxT("A"), wxT("new"));
+  EXPECT_EQ(Where(wxT("B"), wxT("A"), wxT("new"), false), Texts());
+  table.Notify();
+  EXPECT_EQ(Where(wxT("B"), wxT("A"), wxT("new"), false), Texts({"1"}));
+}
+
+TEST_F(TableQueries, SeveralColumnsWhere) {
+  const auto* rows = table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z(
+      {wxT("B"), wxT("A"), wxT("nobody")}, wxT("A"), wxT("x"), false);
+  ASSERT_EQ(rows->size(), 2u);
+  using Cells = std::map<wxString, wxString>;
+  EXPECT_EQ(*(*rows)[0],
+            Cells({{wxT("A"), wxT("x")}, {wxT("B"), wxT("1")}, {wxT("nobody"), wxT("")}}));
+  EXPECT_EQ(*(*rows)[1],
+            Cells({{wxT("A"), wxT("x")}, {wxT("B"), wxT("4")}, {wxT("nobody"), wxT("")}}));
+  EXPECT_EQ(table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z({wxT("nobody"), wxT("A"), wxT("B")},
+                                                               wxT("A"), wxT("x"), false),
+            rows);
+  EXPECT_NE(table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z({wxT("A"), wxT("B")}, wxT("A"),
+                                                               wxT("x"), false),
+            rows);
+  EXPECT_NE(table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z({wxT("B"), wxT("A"), wxT("nobody")},
+                                                               wxT("A"), wxT("x"), true),
+            rows);
+}
+
+TEST_F(TableQueries, MatchAllGivesOneMapPerRowInTableOrder) {
+  const wxString all = ProbeTable::SPECIAL_CODE_TO_REQUEST_MATCH_ALL_ROWS;
+  table.SetSortColumn(wxT("B"), true);
+  const auto* rows =
+      table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z({wxT("B")}, wxT("A"), all, false);
+  Texts texts;
+  for (const auto* row : *rows) texts.push_back(Utf8(row->at(wxT("B"))));
+  EXPECT_EQ(texts, Texts({"4", "2", "1", "1"}));
+  // Whatever the field, it is the same question.
+  EXPECT_EQ(
+      table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z({wxT("B")}, wxT("nobody"), all, false),
+      rows);
+  EXPECT_EQ(
+      table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z({wxT("B")}, wxT("A"), all, true)->size(),
+      6u);
+}
+
+TEST_F(TableQueries, TheMatchAllCodeIsAnOrdinaryValueForOneColumn) {
+  EXPECT_EQ(Where(wxT("B"), wxT("A"), ProbeTable::SPECIAL_CODE_TO_REQUEST_MATCH_ALL_ROWS, true),
+            Texts());
+}
+
+TEST_F(TableQueries, QueriesWhoseKeysMeetShareAnEntry) {
+  const wxString value = wxT("1");
+  EXPECT_EQ(Distinct(wxT("A"), SHOWN, true), Texts({"x", "y", "z"}));
+  EXPECT_EQ(Where(wxT("A"), wxT("SELECTDISTINCTPERCOLUMN"), value, true), Texts({"x", "y", "z"}));
+  EXPECT_EQ(table.m_cacheStringSelects.size(), 1u);
+}
+
+TEST_F(TableQueries, CopiesAreTheCallers) {
+  std::vector<wxString> values;
+  table.SelectDistinctPerColumn(wxT("A"), values, ALL, false);
+  values.clear();
+  table.FindCurrentRowIndicesByPropertyFlag(0, ALL).clear();
+  EXPECT_EQ(Distinct(wxT("A"), ALL, false).size(), 3u);
+  EXPECT_EQ(table.FindCurrentRowIndicesByPropertyFlag(0, ALL).size(), 6u);
+}
+
+// ---- What drops what. Each cache is asked once; then every row and column is changed behind the table's
+// back, so that a second answer tells whether the table looked again.
+
+class CacheEvents : public TableQueries {
+ protected:
+  void SetUp() override {
+    TableQueries::SetUp();
+    Ask();
+    before = answers;
+    for (const auto& entry : table.m_rows) {
+      entry.second->m_rowPropertyFlags |= 256;
+      entry.second->m_cells[wxT("A")] = wxT("changed");
+    }
+    for (auto* column : table.m_columns) column->m_columnPropertyFlags |= 256;
+  }
+
+  void Ask() {
+    answers.clear();
+    answers["distinct"] = Distinct(wxT("A"), SHOWN, false).front();
+    answers["where"] = std::to_string(Where(wxT("B"), wxT("A"), wxT("changed"), true).size());
+    answers["several"] = std::to_string(table
+                                            .GetAllFromMultiCols_X_WhereField_Y_Matches_Z(
+                                                {wxT("B")}, wxT("A"), wxT("changed"), true)
+                                            ->size());
+    answers["columns by flag"] = std::to_string(table.FindColumnNamesByPropertyFlag(256).size());
+    answers["columns by absent"] =
+        std::to_string(table.FindColumnNamesWherePropertyFlagIsAbsent(256).size());
+    answers["columns by both"] =
+        std::to_string(table.FindColumnNamesHavingFlagsX_andAbsentFlagsY(256, 4).size());
+    answers["rows by flag"] =
+        std::to_string(table.FindCurrentRowIndicesByPropertyFlag(256, ALL).size());
+    answers["rows by absent"] =
+        std::to_string(table.FindCurrentRowIndicesWherePropertyFlagIsAbsent(256, ALL).size());
+    answers["rows by both"] =
+        std::to_string(table.FindCurrentRowIndicesHavingFlagsX_andAbsentFlagsY(256, 4).size());
+    answers["red by flag"] =
+        std::to_string(table.FindCurrentRowIndicesByPropertyFlag(320, ALL).size());
+    answers["red by absent"] =
+        std::to_string(table.FindCurrentRowIndicesWherePropertyFlagIsAbsent(320, ALL).size());
+    answers["red in x"] =
+        std::to_string(table.FindCurrentRowIndicesHavingFlagsX_andAbsentFlagsY(320, 4).size());
+    answers["red in y"] =
+        std::to_string(table.FindCurrentRowIndicesHavingFlagsX_andAbsentFlagsY(256, 64).size());
+    Decider cached(wxT("changed"));
+    answers["predicate"] =
+        std::to_string(table.FindCurrentRowIndicesMatchingRowTruthPredicate(&cached, true)->size());
+  }
+
+  // The caches that answer anew after the event.
+  Texts Dropped() {
+    Ask();
+    Texts dropped;
+    for (const auto& [name, answer] : answers) {
+      if (answer != before[name]) dropped.push_back(name);
+    }
+    return dropped;
+  }
+
+  std::map<std::string, std::string> answers;
+  std::map<std::string, std::string> before;
+  const Texts everything = {
+      "columns by absent", "columns by both", "columns by flag", "distinct", "predicate",
+      "red by absent",     "red by flag",     "red in x",        "red in y", "rows by absent",
+      "rows by both",      "rows by flag",    "several",         "where"};
+  const Texts byRowOrder = {"predicate", "red by absent",  "red by flag",  "red in x",
+                            "red in y",  "rows by absent", "rows by both", "rows by flag"};
+  const Texts byRedFlag = {"red by absent", "red by flag", "red in x", "red in y"};
+};
+
+TEST_F(CacheEvents, NothingIsDroppedWithoutAnEvent) { EXPECT_EQ(Dropped(), Texts()); }
+
+TEST_F(CacheEvents, ANotificationDropsEverything) {
+  table.Notify();
+  EXPECT_EQ(Dropped(), everything);
+}
+
+TEST_F(CacheEvents, TheFirstIdleCallAfterAChangeDropsEverything) {
+  table.NotifyMyObservers();
+  EXPECT_EQ(Dropped(), Texts());
+  table.OnIdle();
+  EXPECT_EQ(Dropped(), everything);
+}
+
+TEST_F(CacheEvents, AnIdleCallWithoutAChangeDropsNothing) {
+  table.OnIdle();
+  EXPECT_EQ(Dropped(), Texts());
+}
+
+TEST_F(CacheEvents, ARedFlagDropsWhatMentionsIt) {
+  table.SetRowFlag(99, true);
+  EXPECT_EQ(Dropped(), byRedFlag);
+  EXPECT_EQ(table.m_redFlagDependentKeys.size(), 4u);
+}
+
+TEST_F(CacheEvents, ToggledAndClearedRedFlagsDoSoToo) {
+  table.ToggleRowFlag(0);
+  EXPECT_EQ(Dropped(), byRedFlag);
+}
+
+TEST_F(CacheEvents, WhatDependsOnTheRedFlagIsNotedOnce) {
+  table.ClearRowRedFlagCacheMemory();
+  Ask();
+  Ask();
+  EXPECT_EQ(table.m_redFlagDependentKeys.size(), 4u);
+  table.ClearRowRedFlagCacheMemory();
+  EXPECT_TRUE(table.m_redFlagDependentKeys.empty());
+}
+
+TEST_F(CacheEvents, AChangeOfSortDropsWhatDependsOnRowOrder) {
+  table.SetSortColumn(wxT("B"), false);
+  EXPECT_EQ(Dropped(), byRowOrder);
+}
+
+TEST_F(CacheEvents, ASortThatChangesNothingDropsNothing) {
+  table.SetSortColumn(wxT(""), false);
+  EXPECT_EQ(Dropped(), Texts());
+  table.RevertAnyAndAllSortOptions();
+  EXPECT_EQ(Dropped(), Texts());
+}
+
+TEST_F(CacheEvents, RevertingASortDropsWhatDependsOnRowOrder) {
+  table.SetSortColumn(wxT("B"), false);
+  Ask();
+  before = answers;
+  for (const auto& entry : table.m_rows) {
+    entry.second->m_rowPropertyFlags &= ~256u;
+    entry.second->m_cells[wxT("A")] = wxT("again");
+  }
+  for (auto* column : table.m_columns) column->m_columnPropertyFlags &= ~256u;
+  EXPECT_EQ(Dropped(), Texts());
+  table.RevertAnyAndAllSortOptions();
+  EXPECT_EQ(Dropped(), byRowOrder);
+}
+
+TEST_F(CacheEvents, OtherChangesDropNothing) {
+  const std::vector<std::pair<std::string, std::function<void()>>> changes = {
+      {"hide a row", [this] { table.HideOneSingleRowPerArbitraryUserRequest(0); }},
+      {"unhide rows",
+       [this] { table.RemoveUserDesignatedRowHiddennessBasedOnCurrentlyActiveFiles(); }},
+      {"hide a column", [this] { table.HideOneSingleColumnPerArbitraryUserRequest(wxT("B")); }},
+      {"unhide a column", [this] { table.UnhideOneSingleColumnPerArbitraryUserRequest(wxT("B")); }},
+      {"move a column", [this] { table.MoveColumnPosition(wxT("B"), wxT("A"), false); }},
+      {"suppress a file",
+       [this] {
+         table.SimultaneousFileRequestsSuppressAndUnsuppress({{folder.PathOf("a.txt"), false}});
+       }},
+      {"add a file",
+       [this] { table.AddExperimentOcurrence(wxFileName(folder.PathOf("a.txt")), true); }},
+      {"delete rows", [this] { table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("B"), wxT("1")); }},
+      {"remove a file",
+       [this] {
+         table.SimultaneousFileRequestsAddAndRemove({{folder.PathOf("c.txt"), false}});
+       }},
+      {"free the copies", [this] { table.IdleTimeFreeMemoryUsedForRowCopies(); }},
+      {"search empty columns", [this] { table.PerformOneTimesliceOfEmptyColumnSearch(); }},
+  };
+  for (const auto& [name, change] : changes) {
+    change();
+    EXPECT_EQ(Dropped(), Texts()) << name;
+  }
+}
+
+TEST_F(TableQueries, ClearedHoldersAreFilledAgain) {
+  Decider decider(wxT("x"));
+  table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true);
+  const auto* holder = table.m_cacheRowIndexHolders.begin()->second;
+  table.SetSortColumn(wxT("B"), false);
+  EXPECT_EQ(*holder, nullptr);
+  EXPECT_EQ(table.m_cacheRowIndexHolders.size(), 1u);
+  const auto* found = table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true);
+  EXPECT_EQ(table.m_cacheRowIndexHolders.begin()->second, holder);
+  EXPECT_EQ(*holder, found);
+  EXPECT_EQ(decider.decisions, 12);
+}
+
+TEST_F(TableQueries, AfterARedFlagOnlySearchesForItLookAgain) {
+  EXPECT_EQ(table.FindCurrentRowIndicesByPropertyFlag(64, SHOWN), Indices({1}));
+  EXPECT_EQ(table.FindCurrentRowIndicesByPropertyFlag(32, ALL), Indices({2}));
+  table.SetRowFlag(3, true);
+  table.m_rows.find(5)->m_rowPropertyFlags |= 32;
+  EXPECT_EQ(table.FindCurrentRowIndicesByPropertyFlag(64, SHOWN), Indices({1, 3}));
+  EXPECT_EQ(table.FindCurrentRowIndicesByPropertyFlag(32, ALL), Indices({2}));
+}
+
+TEST_F(TableQueries, CellsReadThroughAKeyShowTheRowAsItIs) {
+  Change(0, wxT("A"), wxT("now"));
+  EXPECT_EQ(table.Cell(0, 0), "now");
+}
+
+// ---- Many cells at once
+
+TEST_F(TableQueries, AColumnsTextsAreThoseOfItsCells) {
+  // Unsorted; sorted, so that neighbours come from different files; with a row that has just got entries of
+  // its own; and sorted once more with it.
+  for (int change = 0; change < 4; ++change) {
+    if (change == 1) table.SetSortColumn(wxT("A"), true);
+    if (change == 2) table.m_rows.find(1)->m_cells[wxT("B")] = wxT("written");
+    if (change == 3) table.SetSortColumn(wxT("B"), false);
+    const int rows = table.GetNumberOfDataRows();
+    for (int column = -1; column <= table.GetNumberOfDataColumns(); ++column) {
+      for (int first = -2; first <= rows + 1; ++first) {
+        for (int count = 0; count <= rows + 3; ++count) {
+          std::vector<MUCellText> texts(static_cast<std::size_t>(count));
+          table.GetDataColumnTexts(column, first, count, texts.data());
+          for (int i = 0; i < count; ++i) {
+            ASSERT_EQ(Utf8(texts[static_cast<std::size_t>(i)].ToString()),
+                      table.Cell(first + i, column))
+                << change << ": " << column << ", " << first << " + " << i;
+          }
+        }
+      }
+    }
+  }
+}
+
+TEST_F(TableQueries, NoColumnsTextsAreReadForANegativeCountOrBeyondAllNumbers) {
+  MUCellText text("untouched", 9);
+  table.GetDataColumnTexts(0, 0, -5, &text);
+  EXPECT_EQ(Utf8(text.ToString()), "untouched");
+  std::vector<MUCellText> texts(3);
+  table.GetDataColumnTexts(0, std::numeric_limits<int>::max() - 1, 3, texts.data());
+  for (const MUCellText& beyond : texts) EXPECT_EQ(Utf8(beyond.ToString()), "?");
+}
+
+TEST_F(TableQueries, SearchesAnswerTheSameWithADictionaryAndWithout) {
+  const auto askAll = [this] {
+    std::vector<Texts> answers;
+    for (const bool all : {false, true}) {
+      for (const wxString text : {wxT("x"), wxT("y"), wxT("z"), wxT("nobody"), wxT("")}) {
+        table.EraseCachesOfQueries();
+        answers.push_back(Where(wxT("B"), wxT("A"), text, all));
+      }
+    }
+    return answers;
+  };
+  const std::vector<Texts> unsorted = askAll();
+  EXPECT_EQ(unsorted[0], Texts({"1", "4"}));
+  EXPECT_EQ(unsorted[5], Texts({"1", "3", "4", "5"}));
+  table.SetSortColumn(wxT("B"), true);
+  const std::vector<Texts> sorted = askAll();
+  EXPECT_EQ(sorted[0], Texts({"4", "1"}));
+  Distinct(wxT("A"), ALL, false);  // makes the dictionary
+  EXPECT_EQ(askAll(), sorted);
+  table.RevertAnyAndAllSortOptions();
+  EXPECT_EQ(askAll(), unsorted);
+}
+
+TEST_F(TableQueries, AnswersWithADictionarySeeRowsThatArriveGoAndAreWritten) {
+  EXPECT_EQ(Distinct(wxT("A"), ALL, false), Texts({"x", "y", "z"}));
+  ASSERT_TRUE(table.Load(folder.WriteData("d.txt", {"A", "B"}, {{"new", "9"}})));
+  EXPECT_EQ(Distinct(wxT("A"), ALL, false), Texts({"x", "y", "z", "new"}));
+  EXPECT_EQ(Where(wxT("B"), wxT("A"), wxT("new"), true), Texts({"9"}));
+  table.EraseCachesOfQueries();
+  table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("A"), wxT("y"));
+  EXPECT_EQ(Distinct(wxT("A"), ALL, false), Texts({"x", "z", "new"}));
+  EXPECT_EQ(Where(wxT("B"), wxT("A"), wxT("y"), true), Texts());
+  table.EraseCachesOfQueries();
+  table.m_rows.find(0)->m_cells[wxT("A")] = wxT("written");
+  EXPECT_EQ(Distinct(wxT("A"), ALL, false), Texts({"written", "x", "z", "new"}));
+  EXPECT_EQ(Where(wxT("B"), wxT("A"), wxT("written"), true), Texts({"1"}));
+}
+
+TEST_F(TableQueries, ACachedAnswerOutlivesItsRows) {
+  const Texts before = Where(wxT("B"), wxT("A"), wxT("x"), true);
+  const Texts distinct = Distinct(wxT("A"), ALL, false);
+  table.DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(
+      wxT("A"), {wxT("x"), wxT("y"), wxT("z")}, false);
+  ASSERT_TRUE(table.m_rows.empty());
+  EXPECT_EQ(Where(wxT("B"), wxT("A"), wxT("x"), true), before);
+  EXPECT_EQ(Distinct(wxT("A"), ALL, false), distinct);
+}
+
+}  // namespace
