@@ -349,9 +349,10 @@ using Rows = std::vector<Row*>;
 
 Rows Sorted(const Rows& rows, const wxString& column, bool reverse) {
   Rows sorted;
-  for (const MUPlace place : SortedPlaces(rows.data(), rows.size(), column, reverse)) {
-    sorted.push_back(rows[place]);
-  }
+  const auto places = column == wxT("Reaction\nTime")
+                          ? SortedPlacesByReactionTime(rows.data(), rows.size(), reverse)
+                          : SortedPlaces(rows.data(), rows.size(), column, reverse);
+  for (const MUPlace place : places) sorted.push_back(rows[place]);
   return sorted;
 }
 
