@@ -7,17 +7,17 @@
 #include <system_error>
 #include <vector>
 
-#include "host/AssertionForwarder.h"
-#include "host/CommandLine.h"
-#include "host/DatafileList.h"
-#include "host/ExitStatus.h"
-#include "host/PluginLibrary.h"
-#include "host/Progress.h"
-#include "host/ReportFile.h"
-#include "host/ReportReader.h"
-#include "host/StimulusAreaFile.h"
-#include "host/SummaryPrinter.h"
-#include "host/WideText.h"
+#include "host/print/SummaryPrinter.h"
+#include "host/results/ExitStatus.h"
+#include "host/results/ReportReader.h"
+#include "host/results/WideText.h"
+#include "host/run/AssertionForwarder.h"
+#include "host/run/CommandLine.h"
+#include "host/run/DatafileList.h"
+#include "host/run/PluginLibrary.h"
+#include "host/run/Progress.h"
+#include "host/run/ReportFile.h"
+#include "host/run/StimulusAreaFile.h"
 
 namespace fs = std::filesystem;
 

@@ -1,4 +1,4 @@
-#include "host/CommandLine.h"
+#include "host/run/CommandLine.h"
 
 #include <CLI/CLI.hpp>
 #include <map>

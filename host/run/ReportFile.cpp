@@ -1,11 +1,11 @@
-#include "host/ReportFile.h"
+#include "host/run/ReportFile.h"
 
 #include <unistd.h>
 
 #include <string>
 #include <system_error>
 
-#include "host/ExitStatus.h"
+#include "host/results/ExitStatus.h"
 
 namespace fs = std::filesystem;
 

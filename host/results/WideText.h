@@ -1,6 +1,6 @@
 // Between the file names of the system, which are bytes, and the texts of the plug-in's interface.
-#ifndef OMBRELIA_HOST_WIDETEXT_H
-#define OMBRELIA_HOST_WIDETEXT_H
+#ifndef OMBRELIA_HOST_RESULTS_WIDETEXT_H
+#define OMBRELIA_HOST_RESULTS_WIDETEXT_H
 
 #include <wx/string.h>
 

@@ -1,6 +1,6 @@
 // How the program ends, and the error that carries an early end to main.
-#ifndef OMBRELIA_HOST_EXITSTATUS_H
-#define OMBRELIA_HOST_EXITSTATUS_H
+#ifndef OMBRELIA_HOST_RESULTS_EXITSTATUS_H
+#define OMBRELIA_HOST_RESULTS_EXITSTATUS_H
 
 #include <stdexcept>
 #include <string>

@@ -1,6 +1,6 @@
 // Turns failures of wx assertions into failing tests, as the host does.
-#ifndef OMBRELIA_HOST_ASSERTIONFORWARDER_H
-#define OMBRELIA_HOST_ASSERTIONFORWARDER_H
+#ifndef OMBRELIA_HOST_RUN_ASSERTIONFORWARDER_H
+#define OMBRELIA_HOST_RUN_ASSERTIONFORWARDER_H
 
 #include <wx/debug.h>
 #include <wx/string.h>

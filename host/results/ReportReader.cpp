@@ -1,4 +1,4 @@
-#include "host/ReportReader.h"
+#include "host/results/ReportReader.h"
 
 #include <expat.h>
 
@@ -8,7 +8,7 @@
 #include <fstream>
 #include <memory>
 
-#include "host/ExitStatus.h"
+#include "host/results/ExitStatus.h"
 
 namespace fs = std::filesystem;
 

@@ -1,6 +1,6 @@
 // Which data files a run is about.
-#ifndef OMBRELIA_HOST_DATAFILELIST_H
-#define OMBRELIA_HOST_DATAFILELIST_H
+#ifndef OMBRELIA_HOST_RUN_DATAFILELIST_H
+#define OMBRELIA_HOST_RUN_DATAFILELIST_H
 
 #include <filesystem>
 #include <vector>

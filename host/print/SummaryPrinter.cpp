@@ -1,4 +1,4 @@
-#include "host/SummaryPrinter.h"
+#include "host/print/SummaryPrinter.h"
 
 #include <algorithm>
 #include <string>

@@ -1,4 +1,4 @@
-#include "host/PluginLibrary.h"
+#include "host/run/PluginLibrary.h"
 
 #include <dlfcn.h>
 #include <wx/stdpaths.h>
@@ -6,8 +6,8 @@
 #include <string>
 #include <system_error>
 
-#include "host/ExitStatus.h"
-#include "host/WideText.h"
+#include "host/results/ExitStatus.h"
+#include "host/results/WideText.h"
 
 namespace OmbreliaHost {
 

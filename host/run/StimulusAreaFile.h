@@ -1,6 +1,6 @@
 // The file in which a data file's stimulus areas stand.
-#ifndef OMBRELIA_HOST_STIMULUSAREAFILE_H
-#define OMBRELIA_HOST_STIMULUSAREAFILE_H
+#ifndef OMBRELIA_HOST_RUN_STIMULUSAREAFILE_H
+#define OMBRELIA_HOST_RUN_STIMULUSAREAFILE_H
 
 #include <filesystem>
 #include <vector>

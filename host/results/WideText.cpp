@@ -1,4 +1,4 @@
-#include "host/WideText.h"
+#include "host/results/WideText.h"
 
 #include <wx/strconv.h>
 

@@ -1,12 +1,12 @@
 // What the program prints of a run.
-#ifndef OMBRELIA_HOST_SUMMARYPRINTER_H
-#define OMBRELIA_HOST_SUMMARYPRINTER_H
+#ifndef OMBRELIA_HOST_PRINT_SUMMARYPRINTER_H
+#define OMBRELIA_HOST_PRINT_SUMMARYPRINTER_H
 
 #include <filesystem>
 #include <ostream>
 #include <vector>
 
-#include "host/ReportReader.h"
+#include "host/results/ReportReader.h"
 
 namespace OmbreliaHost {
 

@@ -1,10 +1,10 @@
-#include "host/DatafileList.h"
+#include "host/run/DatafileList.h"
 
 #include <algorithm>
 #include <fstream>
 #include <system_error>
 
-#include "host/ExitStatus.h"
+#include "host/results/ExitStatus.h"
 
 namespace fs = std::filesystem;
 

@@ -1,11 +1,11 @@
 // Tells on standard error which data file is in hand.
-#ifndef OMBRELIA_HOST_PROGRESS_H
-#define OMBRELIA_HOST_PROGRESS_H
+#ifndef OMBRELIA_HOST_RUN_PROGRESS_H
+#define OMBRELIA_HOST_RUN_PROGRESS_H
 
 #include <cstddef>
 #include <filesystem>
 
-#include "host/CommandLine.h"
+#include "host/run/CommandLine.h"
 
 namespace OmbreliaHost {
 

@@ -1,6 +1,6 @@
 // Where the plug-in's report stands on disk.
-#ifndef OMBRELIA_HOST_REPORTFILE_H
-#define OMBRELIA_HOST_REPORTFILE_H
+#ifndef OMBRELIA_HOST_RUN_REPORTFILE_H
+#define OMBRELIA_HOST_RUN_REPORTFILE_H
 
 #include <sys/stat.h>
 

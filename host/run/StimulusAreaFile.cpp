@@ -1,12 +1,12 @@
-#include "host/StimulusAreaFile.h"
+#include "host/run/StimulusAreaFile.h"
 
 #include <charconv>
 #include <fstream>
 #include <string>
 #include <system_error>
 
-#include "host/DatafileList.h"
-#include "host/ExitStatus.h"
+#include "host/results/ExitStatus.h"
+#include "host/run/DatafileList.h"
 
 namespace fs = std::filesystem;
 

@@ -1,4 +1,4 @@
-#include "host/Progress.h"
+#include "host/run/Progress.h"
 
 #include <unistd.h>
 

@@ -1,6 +1,6 @@
 // Reads the plug-in's report back.
-#ifndef OMBRELIA_HOST_REPORTREADER_H
-#define OMBRELIA_HOST_REPORTREADER_H
+#ifndef OMBRELIA_HOST_RESULTS_REPORTREADER_H
+#define OMBRELIA_HOST_RESULTS_REPORTREADER_H
 
 #include <filesystem>
 #include <string>

@@ -1,6 +1,6 @@
 // The loaded plug-in library.
-#ifndef OMBRELIA_HOST_PLUGINLIBRARY_H
-#define OMBRELIA_HOST_PLUGINLIBRARY_H
+#ifndef OMBRELIA_HOST_RUN_PLUGINLIBRARY_H
+#define OMBRELIA_HOST_RUN_PLUGINLIBRARY_H
 
 #include <filesystem>
 

@@ -1,12 +1,12 @@
 // The program's arguments.
-#ifndef OMBRELIA_HOST_COMMANDLINE_H
-#define OMBRELIA_HOST_COMMANDLINE_H
+#ifndef OMBRELIA_HOST_RUN_COMMANDLINE_H
+#define OMBRELIA_HOST_RUN_COMMANDLINE_H
 
 #include <filesystem>
 #include <optional>
 #include <vector>
 
-#include "host/ExitStatus.h"
+#include "host/results/ExitStatus.h"
 
 namespace OmbreliaHost {
 

@@ -1,4 +1,4 @@
-#include "host/AssertionForwarder.h"
+#include "host/run/AssertionForwarder.h"
 
 #include <utility>
 
