@@ -21,15 +21,17 @@
 namespace {
 
 void Tell(const std::string& call) {
-  if (const char* file = std::getenv("FAKE_CALLS")) std::ofstream(file, std::ios::app) << call << "\n";
+  if (const char* file = std::getenv("FAKE_CALLS"))
+    std::ofstream(file, std::ios::app) << call << "\n";
 }
 
 void CopyToReport(const char* variable) {
   const char* const source = std::getenv(variable);
   if (source == nullptr) return;
   std::filesystem::copy_file(
-      source, "scons-out/opt/tests/auto_experiment_tests/FakeUnitTestsDataHookExperimentRunning_" +
-                  std::to_string(getpid()) + ".xml",
+      source,
+      "scons-out/opt/tests/auto_experiment_tests/FakeUnitTestsDataHookExperimentRunning_" +
+          std::to_string(getpid()) + ".xml",
       std::filesystem::copy_options::overwrite_existing);
 }
 

@@ -11,10 +11,12 @@ TEST_F(SummaryTest, GivesEachFileItsResultsAcrossSuites) {
   File("b.txt");
   const std::string report = ReportWith(
       7, 3,
-      FirstResults() + Failing("test003First", "short &amp; clear", "the/location:7", "one\ntwo\n\nthree") +
+      FirstResults() +
+          Failing("test003First", "short &amp; clear", "the/location:7", "one\ntwo\n\nthree") +
           "    </testsuite>\n    <testsuite name=\"t\">\n" + Passing("test004Good") +
           Passing("test005DataHookOutputTestingPlugin_PerformPostProcessing_was_called") +
-          Failing("test006Second", "", "l", "") + Failing("test007Third", "s", "l:1", "\xC3\xA4\xE4\xB8\xAD"));
+          Failing("test006Second", "", "l", "") +
+          Failing("test007Third", "s", "l:1", "\xC3\xA4\xE4\xB8\xAD"));
   const Finished finished = VerifyWithReport(report, {"a.txt", "b.txt"});
   EXPECT_EQ(finished.status, 1) << finished.err;
   EXPECT_EQ(finished.err, "");
@@ -39,16 +41,18 @@ TEST_F(SummaryTest, GivesEachFileItsResultsAcrossSuites) {
             "          message:  \xC3\xA4\xE4\xB8\xAD\n"
             "\n"
             "Data files: 2; tests: 7, 4 passed, 3 failed\n"
-            "Report: " + ReportPath(finished) + "\n");
+            "Report: " +
+                ReportPath(finished) + "\n");
 }
 
 TEST_F(SummaryTest, ResultsBeforeTheFirstFileAreThePluginsOwn) {
   File("a.txt");
   const Finished finished = VerifyWithReport(
-      ReportWith(3, 1,
-                 Passing("test001SingleDummyPassingTest") +
-                     Failing("test002TestingPluginDH_AssertionFailure_00001", "s", "l", "m") +
-                     Passing("test003DataHookOutputTestingPlugin_PerformPostProcessing_was_called")),
+      ReportWith(
+          3, 1,
+          Passing("test001SingleDummyPassingTest") +
+              Failing("test002TestingPluginDH_AssertionFailure_00001", "s", "l", "m") +
+              Passing("test003DataHookOutputTestingPlugin_PerformPostProcessing_was_called")),
       {"a.txt"});
   EXPECT_EQ(finished.status, 1);
   EXPECT_EQ(finished.out,
@@ -60,20 +64,24 @@ TEST_F(SummaryTest, ResultsBeforeTheFirstFileAreThePluginsOwn) {
             "ok    a.txt: 1 passed, 0 failed\n"
             "\n"
             "Data files: 1; tests: 3, 2 passed, 1 failed\n"
-            "Report: " + ReportPath(finished) + "\n");
+            "Report: " +
+                ReportPath(finished) + "\n");
 }
 
 // A failing test of that name does not begin a data file, nor does a longer name.
 TEST_F(SummaryTest, OnlyThePluginsOwnResultBeginsADataFile) {
   File("a.txt");
   const Finished finished = VerifyWithReport(
-      ReportWith(4, 1,
-                 FirstResults() +
-                     Failing("test003DataHookOutputTestingPlugin_PerformPostProcessing_was_called", "s", "l", "m") +
-                     Passing("test004DataHookOutputTestingPlugin_PerformPostProcessing_was_called_twice")),
+      ReportWith(
+          4, 1,
+          FirstResults() +
+              Failing("test003DataHookOutputTestingPlugin_PerformPostProcessing_was_called", "s",
+                      "l", "m") +
+              Passing("test004DataHookOutputTestingPlugin_PerformPostProcessing_was_called_twice")),
       {"a.txt"});
   EXPECT_EQ(finished.status, 1) << finished.err;
-  EXPECT_NE(finished.out.find("FAIL  a.txt: 2 passed, 1 failed\n"), std::string::npos) << finished.out;
+  EXPECT_NE(finished.out.find("FAIL  a.txt: 2 passed, 1 failed\n"), std::string::npos)
+      << finished.out;
 }
 
 TEST_F(SummaryTest, ARealRunWithoutFailure) {
@@ -89,7 +97,8 @@ TEST_F(SummaryTest, ARealRunWithoutFailure) {
             "ok    2012_3_9_tolmey_2668_macro_exit_experiment.om4 1.txt: 7 passed, 0 failed\n"
             "\n"
             "Data files: 1; tests: 8, 8 passed, 0 failed\n"
-            "Report: " + ReportPath(finished) + "\n");
+            "Report: " +
+                ReportPath(finished) + "\n");
 }
 
 TEST_F(SummaryTest, ABrokenDataFileIsAFailingTestAndNoErrorOfTheProgram) {
@@ -104,33 +113,45 @@ TEST_F(SummaryTest, ABrokenDataFileIsAFailingTestAndNoErrorOfTheProgram) {
             "          subject:  this datafile was not open-able/parse-able\n"
             "          location: Whichever/File/Focuses/On/Verifying/CommonTestHelperLogic_"
             "GetReaderOrElseLogAnError:49\n"
-            "          message:  unable to construct a MUExperimentTextReaderMultiFile for this datafile\n"
+            "          message:  unable to construct a MUExperimentTextReaderMultiFile for this "
+            "datafile\n"
             "\n"
             "Data files: 1; tests: 4, 3 passed, 1 failed\n"
-            "Report: " + ReportPath(finished) + "\n");
+            "Report: " +
+                ReportPath(finished) + "\n");
 }
 
 TEST_F(SummaryTest, NonAsciiNamesAreRightInEveryLocale) {
-  const std::string stem = "\xC3\x9C" "bung_\xE5\xAE\x9F\xE9\xA8\x93";
+  const std::string stem =
+      "\xC3\x9C"
+      "bung_\xE5\xAE\x9F\xE9\xA8\x93";
   File(stem + ".om4 1.txt");
-  for (const char* locale : {"LC_ALL=C", "LC_ALL=POSIX", "LC_ALL=C.UTF-8", "LC_ALL=no_SUCH.locale"}) {
+  for (const char* locale :
+       {"LC_ALL=C", "LC_ALL=POSIX", "LC_ALL=C.UTF-8", "LC_ALL=no_SUCH.locale"}) {
     const Finished finished = Verify({stem + ".om4 1.txt"}, {locale});
     EXPECT_EQ(finished.status, 1) << finished.err;
-    EXPECT_NE(finished.out.find("FAIL  " + stem + ".om4 1.txt: 1 passed, 1 failed\n"
-                                "        test003locating_verifier_for_" + stem + ".om4 1\n"),
+    EXPECT_NE(finished.out.find("FAIL  " + stem +
+                                ".om4 1.txt: 1 passed, 1 failed\n"
+                                "        test003locating_verifier_for_" +
+                                stem + ".om4 1\n"),
               std::string::npos)
-        << locale << "\n" << finished.out;
-    EXPECT_NE(ReadFile(ReportPath(finished)).find("\"test003locating_verifier_for_" + stem + ".om4 1\""),
-              std::string::npos);
+        << locale << "\n"
+        << finished.out;
+    EXPECT_NE(
+        ReadFile(ReportPath(finished)).find("\"test003locating_verifier_for_" + stem + ".om4 1\""),
+        std::string::npos);
   }
 }
 
 // The plug-in must find the very file, so its path must survive the way there and back.
 TEST_F(SummaryTest, ADataFileBelowANonAsciiFolderIsReadInEveryLocale) {
-  const std::string folder = "\xC3\x9C" "bung";
+  const std::string folder =
+      "\xC3\x9C"
+      "bung";
   ScratchFolder elsewhere;
   ASSERT_EQ(rename(elsewhere.Path().c_str(), (m_folder / folder).c_str()), 0);
-  const std::string name = folder + "/2012_3_9_tolmey_2668_macro_exit_experiment.om4 \xE5\xAE\x9F.txt";
+  const std::string name =
+      folder + "/2012_3_9_tolmey_2668_macro_exit_experiment.om4 \xE5\xAE\x9F.txt";
   File(name,
        "Robot\nMacro exit\nMon Apr 02 2012 10:41:07\nOmbrelia data file\n"
        "Event\tCumulative\tExpansion Time(ms): 23\nName\tTime\t\nevent 1\t812\t-\n");
@@ -159,25 +180,29 @@ TEST_F(SummaryTest, ANameThatIsNoUtf8MayFailLikeAnyOther) {
   const Finished finished = Verify({name}, {"LC_ALL=C"});
   EXPECT_EQ(finished.status, 1);
   EXPECT_EQ(finished.err, "");
-  EXPECT_EQ(finished.out,
-            "ok    (plug-in loaded): 1 passed, 0 failed\n"
-            "FAIL  wrong \xE4 name.om4 1.txt: 1 passed, 1 failed\n"
-            "        test003locating_verifier_for_wrong \xF4\x80\x83\xA4 name.om4 1\n"
-            "          subject:  no logic was found to test this datafile. one cause could be DUPLICATE NAMES of "
-            "datafiles\n"
-            "          location: Whichever/File/Focuses/On/Verifying/DataHookOutputTestingPlugin:162\n"
-            "          message:  we should have found something mapped by name. it should have registered via "
-            "DataHookOutputTestingPlugin::RegisterOneSingleVerifier\n"
-            "\n"
-            "Data files: 1; tests: 3, 2 passed, 1 failed\n"
-            "Report: " + ReportPath(finished) + "\n");
+  EXPECT_EQ(
+      finished.out,
+      "ok    (plug-in loaded): 1 passed, 0 failed\n"
+      "FAIL  wrong \xE4 name.om4 1.txt: 1 passed, 1 failed\n"
+      "        test003locating_verifier_for_wrong \xF4\x80\x83\xA4 name.om4 1\n"
+      "          subject:  no logic was found to test this datafile. one cause could be DUPLICATE "
+      "NAMES of "
+      "datafiles\n"
+      "          location: Whichever/File/Focuses/On/Verifying/DataHookOutputTestingPlugin:162\n"
+      "          message:  we should have found something mapped by name. it should have "
+      "registered via "
+      "DataHookOutputTestingPlugin::RegisterOneSingleVerifier\n"
+      "\n"
+      "Data files: 1; tests: 3, 2 passed, 1 failed\n"
+      "Report: " +
+          ReportPath(finished) + "\n");
 }
 
 TEST_F(SummaryTest, AssertionsReachThePluginOnce) {
   File("a.txt");
   WriteFile(m_folder / "report", ReportWith(2, 0, FirstResults()));
-  const Finished finished = VerifyWithFake(
-      {"a.txt"}, {"FAKE_ASSERTION=1", "FAKE_REPORT=" + (m_folder / "report")});
+  const Finished finished =
+      VerifyWithFake({"a.txt"}, {"FAKE_ASSERTION=1", "FAKE_REPORT=" + (m_folder / "report")});
   EXPECT_EQ(finished.status, 0) << finished.err;
   const std::string calls = Calls();
   const std::size_t loading = calls.find("assertion ");
@@ -189,8 +214,9 @@ TEST_F(SummaryTest, AssertionsReachThePluginOnce) {
             std::string::npos)
       << calls;
   EXPECT_NE(calls.substr(processing).find("FakePlugin.cpp("), std::string::npos) << calls;
-  EXPECT_NE(calls.substr(processing).find("): assert \"false\" failed in PerformPostProcessing(): "
-                                          "while processing\nflush\n"),
+  EXPECT_NE(calls.substr(processing)
+                .find("): assert \"false\" failed in PerformPostProcessing(): "
+                      "while processing\nflush\n"),
             std::string::npos)
       << calls;
 }

@@ -37,8 +37,8 @@ class VerifyDatafilesTest : public testing::Test {
 // The start of a report's text, and its end.
 std::string ReportWith(int tests, int failures, const std::string& entries);
 std::string Passing(const std::string& name);
-std::string Failing(const std::string& name, const std::string& subject, const std::string& location,
-                    const std::string& message);
+std::string Failing(const std::string& name, const std::string& subject,
+                    const std::string& location, const std::string& message);
 // The two results that come before everything else of a first data file.
 std::string FirstResults();
 

@@ -22,9 +22,7 @@ class SomePlugin : public OmbreliaSDK::OMSdkBase {
   mutable int asked = 0;
 };
 
-TEST(OMSdkBase, GivesNoDeviceBeforeOneIsSet) {
-  EXPECT_EQ(SomePlugin().GetHwDevicePtr(), nullptr);
-}
+TEST(OMSdkBase, GivesNoDeviceBeforeOneIsSet) { EXPECT_EQ(SomePlugin().GetHwDevicePtr(), nullptr); }
 
 TEST(OMSdkBase, GivesTheDeviceLastSet) {
   SomePlugin plugin;
@@ -40,7 +38,8 @@ TEST(OMSdkBase, StoresTheDeviceAsItsFirstField) {
   SomePlugin plugin;
   OmbreliaSDK::OMHwBaseDevice device;
   plugin.SetHwDevicePtr(&device, 1);
-  void* const* const words = reinterpret_cast<void* const*>(static_cast<OmbreliaSDK::OMSdkBase*>(&plugin));
+  void* const* const words =
+      reinterpret_cast<void* const*>(static_cast<OmbreliaSDK::OMSdkBase*>(&plugin));
   EXPECT_EQ(words[1], &device);  // word 0 is the virtual table
 }
 

@@ -5,7 +5,8 @@
 namespace {
 
 wxString Cell(const wxString& eventValue, const wxString& trialValue, bool showLevels) {
-  return Ombrelia::PostProcessingFacade::GetFormattedTagsDataCell(eventValue, trialValue, showLevels);
+  return Ombrelia::PostProcessingFacade::GetFormattedTagsDataCell(eventValue, trialValue,
+                                                                  showLevels);
 }
 
 TEST(PostProcessingFacade, TwoEmptyValuesGiveAnEmptyText) {

@@ -1,6 +1,5 @@
 // The machine's rules under a host name that was really changed, in a namespace of its own.
 #include <gtest/gtest.h>
-
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -32,8 +31,8 @@ TEST(ChangedHostName, DecidesWhichMachineThisIs) {
 }
 
 TEST(ChangedHostName, MayBeAsLongAsTheSystemAllows) {
-  const int status = StatusUnderHostName(
-      "aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaom-build-server", [] {
+  const int status =
+      StatusUnderHostName("aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaom-build-server", [] {
         if (!Halvex::CurrSystemMatchesLocalHostName(wxT("OM-BUILD-SERVER"))) return 1;
         return 0;
       });

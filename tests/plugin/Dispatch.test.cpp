@@ -57,7 +57,8 @@ TEST_F(DispatchTest, LoadingAloneRecordsOnePassingTest) {
 
 TEST_F(DispatchTest, HandsPathAndAreasToTheVerifier) {
   DataHookOutputTestingPlugin plugin;
-  plugin.PerformPostProcessing(wxT("/a/dispatch_test.om4 7.txt"), std::vector<Ombrelia::StimAreaData>(3));
+  plugin.PerformPostProcessing(wxT("/a/dispatch_test.om4 7.txt"),
+                               std::vector<Ombrelia::StimAreaData>(3));
   plugin.FlushTestOutput();
   EXPECT_EQ(CasesOnDisk(),
             (Cases{DUMMY, CALLED, "test003_got_/a/dispatch_test.om4 7.txt_with_3_areas"}));
@@ -67,7 +68,8 @@ TEST_F(DispatchTest, FindsAFileWithoutBlankAndInOtherCase) {
   DataHookOutputTestingPlugin plugin;
   plugin.PerformPostProcessing(wxT("DISPATCH_test.OM4.txt"), {});
   plugin.FlushTestOutput();
-  EXPECT_EQ(CasesOnDisk(), (Cases{DUMMY, CALLED, "test003_got_DISPATCH_test.OM4.txt_with_0_areas"}));
+  EXPECT_EQ(CasesOnDisk(),
+            (Cases{DUMMY, CALLED, "test003_got_DISPATCH_test.OM4.txt_with_0_areas"}));
 }
 
 TEST_F(DispatchTest, AFileWithoutVerifierAddsTwoTestsAndTheNextOneIsStillProcessed) {
@@ -83,7 +85,8 @@ TEST_F(DispatchTest, AFileWithoutVerifierAddsTwoTestsAndTheNextOneIsStillProcess
       Tests::ReadFile(ReportPath())
           .find("        <testcase name=\"test003locating_verifier_for_Nobody Knows this\" "
                 "status=\"run\" time=\"999\" >\n"
-                "        <failure message=\"no logic was found to test this datafile. one cause could "
+                "        <failure message=\"no logic was found to test this datafile. one cause "
+                "could "
                 "be DUPLICATE NAMES of datafiles\" type=\"\">\n\n"
                 " <![CDATA[Whichever/File/Focuses/On/Verifying/DataHookOutputTestingPlugin:162\n"
                 "we should have found something mapped by name. it should have registered via "
@@ -107,9 +110,10 @@ TEST_F(DispatchTest, TheCallIsRecordedInTheSuiteThatIsOpen) {
   plugin.PerformPostProcessing(wxT("unknown"), {});
   plugin.FlushTestOutput();
   const std::string report = Tests::PidBlanked(Tests::ReadFile(ReportPath()), getpid());
-  EXPECT_NE(report.find("    <testsuite name=\"DefaultInitialTestSuite_ConcreteFakeJUnitPrinter_pid_"
-                        "@PID@\" tests=\"2\" failures=\"0\""),
-            std::string::npos);
+  EXPECT_NE(
+      report.find("    <testsuite name=\"DefaultInitialTestSuite_ConcreteFakeJUnitPrinter_pid_"
+                  "@PID@\" tests=\"2\" failures=\"0\""),
+      std::string::npos);
   EXPECT_NE(report.find("    <testsuite name=\"telling_pid_@PID@\" tests=\"3\" failures=\"1\""),
             std::string::npos);
 }
@@ -130,7 +134,8 @@ TEST_F(DispatchTest, AResultAfterTheFlushStartsANewReportThatReplacesTheFirst) {
   plugin.PerformPostProcessing(wxT("dispatch_test.om4 1.txt"), {});
   EXPECT_EQ(Tests::ReadFile(ReportPath()), first);
   plugin.FlushTestOutput();
-  EXPECT_EQ(CasesOnDisk(), (Cases{DUMMY, CALLED, "test003_got_dispatch_test.om4 1.txt_with_0_areas"}));
+  EXPECT_EQ(CasesOnDisk(),
+            (Cases{DUMMY, CALLED, "test003_got_dispatch_test.om4 1.txt_with_0_areas"}));
 }
 
 TEST_F(DispatchTest, DestructionWritesWhatWasNotFlushed) {

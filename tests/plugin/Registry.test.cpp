@@ -16,8 +16,9 @@ class Verifier : public Ombrelia::Interface_SpecificIndividualTestVerifier {
 };
 
 TEST(LookupKey, IsTheNamePartCutAtItsFirstBlankInCapitals) {
-  EXPECT_EQ(LookupKeyOfDatafile(wxT("/some folder/2011-09-21_basic_audio_format_4.5.2_tests.om4 12.txt")),
-            wxString(wxT("2011-09-21_BASIC_AUDIO_FORMAT_4.5.2_TESTS.OM4")));
+  EXPECT_EQ(
+      LookupKeyOfDatafile(wxT("/some folder/2011-09-21_basic_audio_format_4.5.2_tests.om4 12.txt")),
+      wxString(wxT("2011-09-21_BASIC_AUDIO_FORMAT_4.5.2_TESTS.OM4")));
   EXPECT_EQ(LookupKeyOfDatafile(wxT("x.om4 Robot Smith 3.txt")), wxString(wxT("X.OM4")));
 }
 
@@ -48,7 +49,8 @@ TEST(LookupKey, IsCutAtABlankOnlyAndNotAtATab) {
 
 TEST(Registry, KeysAreCapitalsAndRecordsKeepTheName) {
   static Verifier verifier;
-  DataHookOutputTestingPlugin::RegisterOneSingleVerifier({wxT("Registry_Test_Mixed.om4"), &verifier});
+  DataHookOutputTestingPlugin::RegisterOneSingleVerifier(
+      {wxT("Registry_Test_Mixed.om4"), &verifier});
   const auto& registry = DataHookOutputTestingPlugin::PrivateImpl::m_static_verifiers();
   const auto found = registry.find(wxT("REGISTRY_TEST_MIXED.OM4"));
   ASSERT_NE(found, registry.end());

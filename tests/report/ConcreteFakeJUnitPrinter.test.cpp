@@ -1,4 +1,6 @@
 // What the report says, whole.
+#include "report/ConcreteFakeJUnitPrinter.h"
+
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -6,7 +8,6 @@
 #include <cstdlib>
 #include <memory>
 
-#include "report/ConcreteFakeJUnitPrinter.h"
 #include "tests/support/Files.h"
 
 namespace {

@@ -1,6 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "report/FailureLocation.h"
+
+#include <gtest/gtest.h>
 
 namespace {
 

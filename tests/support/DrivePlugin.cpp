@@ -122,7 +122,8 @@ int main(int argc, char** argv) {
     } else if (*step == "process") {
       driver.Plugin().PerformPostProcessing(wxString::FromUTF8(argument().c_str()), {});
     } else if (*step == "assertion") {
-      if (!driver.Plugin().LogAssertionFailureAsTestFailure(wxString::FromUTF8(argument().c_str()))) {
+      if (!driver.Plugin().LogAssertionFailureAsTestFailure(
+              wxString::FromUTF8(argument().c_str()))) {
         Driver::Stop("LogAssertionFailureAsTestFailure gave false");
       }
     } else if (*step == "flush") {

@@ -24,7 +24,8 @@ ScratchFolder::~ScratchFolder() {
 
 void ScratchFolder::MakeReportFolder() const { fs::create_directories(ReportFolder()); }
 
-WorkingDirectory::WorkingDirectory(const std::string& path) : m_former(fs::current_path().string()) {
+WorkingDirectory::WorkingDirectory(const std::string& path)
+    : m_former(fs::current_path().string()) {
   fs::current_path(path);
 }
 
