@@ -48,7 +48,8 @@ separate_arguments(OMBRELIA_WX_FLAGS UNIX_COMMAND "${wxWidgets_CXX_FLAGS}")
 target_compile_options(
   ombrelia_settings
   INTERFACE ${OMBRELIA_WX_FLAGS}
-            -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror
+            -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+            $<$<BOOL:${OMBRELIA_WARNINGS_AS_ERRORS}>:-Werror>
             # A unique symbol would keep the library loaded after dlclose.
             $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>
             $<$<CXX_COMPILER_ID:Clang>:-Wno-pragma-system-header-outside-header>)
