@@ -34,6 +34,25 @@ wxString LookupKeyOfDatafile(const wxString& dataFilePath) {
   return wxFileName(dataFilePath).GetName().Upper().BeforeFirst(wxT(' '));
 }
 
+void DispatchDatafile(const wxString& dataFilePath, const std::vector<StimAreaData>& stimAreas,
+                      FakeJUnitPrinter* printer) {
+  printer->AddPassingTestResult(
+      wxT("DataHookOutputTestingPlugin_PerformPostProcessing_was_called"));
+  const auto& registry = DataHookOutputTestingPlugin::PrivateImpl::m_static_verifiers();
+  const auto found = registry.find(LookupKeyOfDatafile(dataFilePath));
+  if (found != registry.end()) {
+    found->second.verifier->VerifyDatafile(dataFilePath, stimAreas, printer);
+    return;
+  }
+  printer->AddFailingTestResult(
+      wxT("locating_verifier_for_") + wxFileName(dataFilePath).GetName(),
+      wxT("no logic was found to test this datafile. one cause could be DUPLICATE NAMES of "
+          "datafiles"),
+      FailureLocationText(162, wxT("DataHookOutputTestingPlugin")),
+      wxT("we should have found something mapped by name. it should have registered via "
+          "DataHookOutputTestingPlugin::RegisterOneSingleVerifier"));
+}
+
 DataHookOutputTestingPlugin::DataHookOutputTestingPlugin() {
   std::unique_ptr<PrivateImpl> impl(new PrivateImpl);
   impl->GetTestResultPrinter();
@@ -50,22 +69,7 @@ void DataHookOutputTestingPlugin::GetString(int, wxString&) const {}
 
 void DataHookOutputTestingPlugin::PerformPostProcessing(
     const wxString& dataFilePath, const std::vector<StimAreaData>& stimAreas) {
-  FakeJUnitPrinter* const printer = m_impl->GetTestResultPrinter();
-  printer->AddPassingTestResult(
-      wxT("DataHookOutputTestingPlugin_PerformPostProcessing_was_called"));
-  const auto& registry = PrivateImpl::m_static_verifiers();
-  const auto found = registry.find(LookupKeyOfDatafile(dataFilePath));
-  if (found != registry.end()) {
-    found->second.verifier->VerifyDatafile(dataFilePath, stimAreas, printer);
-    return;
-  }
-  printer->AddFailingTestResult(
-      wxT("locating_verifier_for_") + wxFileName(dataFilePath).GetName(),
-      wxT("no logic was found to test this datafile. one cause could be DUPLICATE NAMES of "
-          "datafiles"),
-      FailureLocationText(162, wxT("DataHookOutputTestingPlugin")),
-      wxT("we should have found something mapped by name. it should have registered via "
-          "DataHookOutputTestingPlugin::RegisterOneSingleVerifier"));
+  DispatchDatafile(dataFilePath, stimAreas, m_impl->GetTestResultPrinter());
 }
 
 bool DataHookOutputTestingPlugin::LogAssertionFailureAsTestFailure(const wxString& assertionText) {
@@ -86,9 +90,3 @@ void DataHookOutputTestingPlugin::RegisterOneSingleVerifier(VerifierRegistration
 }
 
 }  // namespace Ombrelia
-
-namespace OmbreliaSDK {
-
-Ombrelia::DataHookOutputTestingPlugin my_dll;
-
-}  // namespace OmbreliaSDK

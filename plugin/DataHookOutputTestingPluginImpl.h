@@ -33,6 +33,11 @@ class DataHookOutputTestingPlugin::PrivateImpl {
 // cut before its first blank, so that "<experiment>.om4 <participant>.txt" finds "<EXPERIMENT>.OM4".
 wxString LookupKeyOfDatafile(const wxString& dataFilePath);
 
+// Has the verifier of the data file's experiment check it, and records all that the plug-in records for
+// a data file. The printer is not owned; the verifier keeps it until its next data file.
+void DispatchDatafile(const wxString& dataFilePath, const std::vector<StimAreaData>& stimAreas,
+                      FakeJUnitPrinter* printer);
+
 }  // namespace Ombrelia
 
 #endif
