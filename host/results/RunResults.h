@@ -6,6 +6,7 @@
 #ifndef OMBRELIA_HOST_RESULTS_RUNRESULTS_H
 #define OMBRELIA_HOST_RESULTS_RUNRESULTS_H
 
+#include <cstddef>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -101,6 +102,8 @@ struct DatafileResult {
   std::string digest;          // of the file's bytes, in hexadecimal; empty if they cannot be read
   Outcome outcome = Outcome::Passed;
   double seconds = 0;
+  // Its place, from 1, in the list of the whole run before shards divided that list; 0 if not known.
+  std::size_t position = 0;
   std::optional<long> durationMs;  // what the host needed, from the tracking results
   std::optional<long> expansionMs;
   std::vector<TestOutcome> tests;    // in the order of the report
@@ -111,11 +114,19 @@ struct DatafileResult {
 // The kinds of machine that have bounds of their own.
 enum class MachineKind { Ordinary, Small, Large };
 
+// Which part of a run that several processes share; both numbers count from 1.
+struct Shard {
+  std::size_t index = 1;
+  std::size_t count = 1;
+};
+
 struct RunResults {
   MachineKind machine = MachineKind::Ordinary;
-  std::string started;  // UTC, as in 2026-03-01T12:00:00Z
-  double seconds = 0;
-  std::vector<TestOutcome> beforeFirst;        // of the plug-in itself, before any data file
+  std::string started;                   // UTC, as in 2026-03-01T12:00:00Z
+  double seconds = 0;                    // of all shards together, if they were merged
+  std::optional<Shard> shard;            // absent: the whole of a run
+  std::vector<std::string> faults;       // why these results are not whole, such as a missing shard
+  std::vector<TestOutcome> beforeFirst;  // of the plug-in itself, before any data file
   std::vector<DatafileResult> datafiles;       // in the order given
   std::vector<std::filesystem::path> reports;  // what the plug-in wrote, one file per process
 };
