@@ -1,54 +1,168 @@
 #include "host/run/CommandLine.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstddef>
+#include <functional>
 #include <map>
-#include <string>
 
 namespace OmbreliaHost {
 
-std::optional<ExitStatus> ParseCommandLine(int argc, char** argv, CommandLine& commandLine) {
+namespace {
+
+const std::map<std::string, ShowMode> SHOW_MODES = {
+    {"auto", ShowMode::Auto}, {"always", ShowMode::Always}, {"never", ShowMode::Never}};
+
+const std::map<std::string, MachineKind> MACHINES = {{"ordinary", MachineKind::Ordinary},
+                                                     {"small", MachineKind::Small},
+                                                     {"large", MachineKind::Large}};
+
+// The option takes one of the words.
+template <typename Value>
+CLI::Option* AddChoice(CLI::App& app, const std::string& name,
+                       const std::map<std::string, Value>& words,
+                       const std::function<void(Value)>& take, const std::string& help) {
+  return app
+      .add_option_function<std::string>(
+          name, [&words, take](const std::string& word) { take(words.at(word)); }, help)
+      ->check(CLI::IsMember(words));
+}
+
+// One value each time that the option is given; a data file may follow.
+void AddGlobs(CLI::App& app, std::vector<std::string>& globs, const std::string& help) {
+  app.add_option("--only", globs, help)->type_name("GLOB")->allow_extra_args(false);
+}
+
+void AddOutputOptions(CLI::App& app, OutputArguments& output) {
+  AddChoice<ShowMode>(
+      app, "--color", SHOW_MODES, [&output](ShowMode mode) { output.color = mode; },
+      "Colour: auto (on a terminal, unless NO_COLOR is set), always, never")
+      ->type_name("WHEN");
+  CLI::Option* const quiet =
+      app.add_flag("-q,--quiet", output.quiet, "Show failing data files and the totals only");
+  app.add_flag("-v,--verbose", output.verbose, "Show passing tests, too")->excludes(quiet);
+  app.add_flag("--tolerate", output.tolerate,
+               "Failures that are known as tolerated do not count in the exit status");
+  app.add_option("--json", output.json, "Write the results as JSON")->type_name("FILE");
+  app.add_option("--junit", output.junit, "Write the results as JUnit XML")->type_name("FILE");
+}
+
+bool ReadNumber(const char*& text, const char* end, std::size_t& number) {
+  const auto [stop, error] = std::from_chars(text, end, number);
+  text = stop;
+  return error == std::errc();
+}
+
+// Absent if the word is no partition.
+std::optional<Shard> PartitionOf(const std::string& word) {
+  const std::string start = "slice:";
+  if (word.compare(0, start.size(), start) != 0) return std::nullopt;
+  Shard shard;
+  const char* text = word.data() + start.size();
+  const char* const end = word.data() + word.size();
+  const bool read = ReadNumber(text, end, shard.index) && text != end && *text++ == '/' &&
+                    ReadNumber(text, end, shard.count) && text == end;
+  if (!read || shard.index < 1 || shard.index > shard.count) return std::nullopt;
+  return shard;
+}
+
+void AddRunOptions(CLI::App& app, RunArguments& run) {
+  app.add_option("--plugin", run.plugin,
+                 "The plug-in library (default: in ../lib beside this program)")
+      ->type_name("PATH");
+  app.add_option("--work-dir", run.workDir, "Working directory of the run")->type_name("DIR");
+  AddChoice<ShowMode>(
+      app, "--progress", SHOW_MODES, [&run](ShowMode mode) { run.progress = mode; },
+      "Show progress on standard error: auto (on a terminal only), always, never")
+      ->type_name("WHEN");
+  AddGlobs(app, run.only,
+           "Take only data files whose name, or its part before the first blank, matches; "
+           "may be given again");
+  app.add_option_function<double>(
+         "--timeout",
+         [&run](double seconds) { run.timeout = std::chrono::duration<double>(seconds); },
+         "Give up a data file after so many seconds (default: 60)")
+      ->type_name("SECONDS")
+      ->check(CLI::Range(0.001, 1e6));
+  app.add_option("--jobs", run.jobs, "Verify in N processes side by side (default: 1)")
+      ->type_name("N")
+      ->check(CLI::Range(1, 1000));
+  app.add_option_function<std::string>(
+         "--partition", [&run](const std::string& word) { run.partition = PartitionOf(word); },
+         "Take only the M-th of N shares, counted from 1")
+      ->type_name("slice:M/N")
+      ->check([](const std::string& word) {
+        return PartitionOf(word) ? std::string() : word + " is not slice:M/N with M from 1 to N";
+      });
+  AddChoice<MachineKind>(
+      app, "--machine", MACHINES, [&run](MachineKind kind) { run.machine = kind; },
+      "Tell also what would fail on a machine of this kind: ordinary, small, large")
+      ->type_name("KIND");
+  AddOutputOptions(app, run.output);
+}
+
+}  // namespace
+
+std::variant<CommandLine, ExitStatus> ParseCommandLine(int argc, char** argv) {
   CLI::App app(
       "Hands data files to the data-hook plug-in, as the host does after each experiment, and sums "
-      "up "
-      "the report that the plug-in writes.",
+      "up the report that the plug-in writes.",
       "verify-datafiles");
   app.set_version_flag("--version", std::string("verify-datafiles ") + OMBRELIA_VERSION);
   app.footer(
       "Stimulus areas of X.txt stand in X.stimareas.tsv beside it.\n"
       "The report goes below DIR into scons-out/opt/tests/auto_experiment_tests.\n"
-      "Exit status: 0 no failing test; 1 some failing test; 2 wrong use or wrong input;\n"
-      "3 the report is not well-formed; 4 the library does not load or there is no report.");
+      "A share of the data files is also taken from TEST_TOTAL_SHARDS and TEST_SHARD_INDEX, or\n"
+      "GTEST_TOTAL_SHARDS and GTEST_SHARD_INDEX, counted from 0, unless --partition is given.\n"
+      "Exit status: 0 no failing test; 1 some failing test, or a data file that could not be\n"
+      "verified to its end; 2 wrong use or wrong input; 3 the report is not well-formed, or\n"
+      "results do not fit together; 4 the library does not load or there is no report.");
 
-  std::string plugin;
-  std::string workDir;
-  std::string progress = "auto";
-  std::vector<std::string> inputs;
-  app.add_option("--plugin", plugin, "The plug-in library (default: in ../lib beside this program)")
-      ->type_name("PATH");
-  app.add_option("--work-dir", workDir, "Working directory of the run")->type_name("DIR");
-  app.add_option("--progress", progress,
-                 "Show progress on standard error: auto (on a terminal only), always, never")
-      ->type_name("WHEN")
-      ->check(CLI::IsMember({"auto", "always", "never"}));
-  app.add_option("inputs", inputs,
-                 "Data files, or folders of which the *.txt files are taken in name order")
-      ->type_name("FILE|FOLDER")
-      ->required();
+  RunArguments run;
+  AddRunOptions(app, run);
+  CLI::Option* const inputs =
+      app.add_option("inputs", run.inputs,
+                     "Data files, or folders of which the *.txt files are taken in name order")
+          ->type_name("FILE|FOLDER");
 
+  ListArguments list;
+  CLI::App* const listApp = app.add_subcommand("list", "Show the experiments that have a verifier");
+  AddGlobs(*listApp, list.only, "Show only experiments that match; may be given again");
+  listApp->add_flag("--json", list.json, "Show them as JSON");
+
+  ExplainArguments explain;
+  CLI::App* const explainApp =
+      app.add_subcommand("explain", "Show what the verifier of one experiment checks");
+  explainApp->add_option("name", explain.name, "The experiment")->type_name("NAME")->required();
+
+  MergeArguments merge;
+  CLI::App* const mergeApp = app.add_subcommand("merge", "Join results that --json wrote");
+  AddOutputOptions(*mergeApp, merge.output);
+  mergeApp->add_option("files", merge.files, "Results of runs")->type_name("FILE")->required();
+
+  const std::array<CLI::App*, 3> subcommands = {listApp, explainApp, mergeApp};
+  for (CLI::App* const one : subcommands) one->footer("");
+  const auto allowSubcommands = [&](bool allowed) {
+    for (CLI::App* const one : subcommands) one->disabled(!allowed);
+  };
+  const bool subcommand =
+      argc > 1 && std::any_of(subcommands.begin(), subcommands.end(),
+                              [argv](const CLI::App* one) { return one->get_name() == argv[1]; });
+  inputs->required(!subcommand);
+  allowSubcommands(subcommand);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& end) {
+    allowSubcommands(true);  // the help names them
     return app.exit(end) == 0 ? ExitStatus::NoFailingTest : ExitStatus::WrongUse;
   }
 
-  const std::map<std::string, ProgressMode> modes = {{"auto", ProgressMode::Auto},
-                                                     {"always", ProgressMode::Always},
-                                                     {"never", ProgressMode::Never}};
-  commandLine.plugin = plugin;
-  commandLine.workDir = workDir;
-  commandLine.progress = modes.at(progress);
-  commandLine.inputs.assign(inputs.begin(), inputs.end());
-  return std::nullopt;
+  if (listApp->parsed()) return list;
+  if (explainApp->parsed()) return explain;
+  if (mergeApp->parsed()) return merge;
+  return run;
 }
 
 }  // namespace OmbreliaHost

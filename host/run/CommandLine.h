@@ -2,26 +2,66 @@
 #ifndef OMBRELIA_HOST_RUN_COMMANDLINE_H
 #define OMBRELIA_HOST_RUN_COMMANDLINE_H
 
+#include <chrono>
 #include <filesystem>
 #include <optional>
+#include <string>
+#include <variant>
 #include <vector>
 
 #include "host/results/ExitStatus.h"
+#include "host/results/RunResults.h"
 
 namespace OmbreliaHost {
 
-enum class ProgressMode { Auto, Always, Never };
+// When something is shown that suits a terminal only. Auto: on a terminal.
+enum class ShowMode { Auto, Always, Never };
 
-struct CommandLine {
-  std::filesystem::path plugin;   // empty: the library that was built with this program
-  std::filesystem::path workDir;  // empty: the present working directory
-  ProgressMode progress = ProgressMode::Auto;
-  std::vector<std::filesystem::path> inputs;  // files and folders, in the order given
+// How results are shown and handed on, for every command that has results. Files are as the user gave
+// them, relative to the working directory at the start; empty: not asked for.
+struct OutputArguments {
+  ShowMode color = ShowMode::Auto;
+  bool quiet = false;    // failing data files and the totals only
+  bool verbose = false;  // passing tests, too; never together with quiet
+  bool tolerate = false;
+  std::filesystem::path json;
+  std::filesystem::path junit;
 };
 
-// Fills commandLine. An exit status comes back when the program is to end at once: after the help and
-// the version, which it prints, and after wrong use, which it names on standard error.
-std::optional<ExitStatus> ParseCommandLine(int argc, char** argv, CommandLine& commandLine);
+// A run of data files, which is what the program does without a subcommand.
+struct RunArguments {
+  std::filesystem::path plugin;   // empty: the library that was built with this program
+  std::filesystem::path workDir;  // empty: the present working directory
+  ShowMode progress = ShowMode::Auto;
+  std::vector<std::filesystem::path> inputs;  // files and folders, in the order given; at least one
+  std::vector<std::string> only;              // globs; empty: all data files
+  std::chrono::duration<double> timeout = std::chrono::seconds(60);  // per data file, above 0
+  int jobs = 1;                                                      // at least 1
+  std::optional<Shard> partition;
+  std::optional<MachineKind> machine;  // the other kind whose verdict is asked for
+  OutputArguments output;
+};
+
+struct ListArguments {
+  std::vector<std::string> only;  // globs; empty: all experiments
+  bool json = false;
+};
+
+struct ExplainArguments {
+  std::string name;
+};
+
+struct MergeArguments {
+  std::vector<std::filesystem::path> files;  // in the order given; at least one
+  OutputArguments output;
+};
+
+using CommandLine = std::variant<RunArguments, ListArguments, ExplainArguments, MergeArguments>;
+
+// A subcommand is one only as the first argument: any later word of that name is an input. An exit
+// status comes back when the program is to end at once: after the help and the version, which it prints,
+// and after wrong use, which it names on standard error.
+std::variant<CommandLine, ExitStatus> ParseCommandLine(int argc, char** argv);
 
 }  // namespace OmbreliaHost
 

@@ -6,9 +6,8 @@
 
 namespace OmbreliaHost {
 
-Progress::Progress(ProgressMode mode, std::size_t datafiles)
-    : m_shown(mode == ProgressMode::Always ||
-              (mode == ProgressMode::Auto && isatty(STDERR_FILENO) != 0)),
+Progress::Progress(ShowMode mode, std::size_t datafiles)
+    : m_shown(mode == ShowMode::Always || (mode == ShowMode::Auto && isatty(STDERR_FILENO) != 0)),
       m_datafiles(datafiles),
       m_current(0) {}
 

@@ -12,7 +12,7 @@ namespace OmbreliaHost {
 class Progress {
  public:
   // Auto: shown if standard error is a terminal.
-  Progress(ProgressMode mode, std::size_t datafiles);
+  Progress(ShowMode mode, std::size_t datafiles);
   void Next(const std::filesystem::path& datafile);
 
  private:
