@@ -5,6 +5,7 @@
 #include <iostream>
 #include <variant>
 
+#include "host/commands/MergeCommand.h"
 #include "host/commands/RunCommand.h"
 #include "host/results/ExitStatus.h"
 #include "host/results/WideText.h"
@@ -20,9 +21,7 @@ ExitStatus RunCommandOf(const ListArguments&) {
 ExitStatus RunCommandOf(const ExplainArguments&) {
   throw RunError(ExitStatus::WrongUse, "explain is not there yet");
 }
-ExitStatus RunCommandOf(const MergeArguments&) {
-  throw RunError(ExitStatus::WrongUse, "merge is not there yet");
-}
+ExitStatus RunCommandOf(const MergeArguments& arguments) { return RunMergeCommand(arguments); }
 
 ExitStatus RunProgram(int argc, char** argv) {
   try {

@@ -6,6 +6,15 @@
 
 namespace OmbreliaHost {
 
+namespace {
+
+const wxMBConvUTF8& PathConversion() {
+  static const wxMBConvUTF8 conversion(wxMBConvUTF8::MAP_INVALID_UTF8_TO_PUA);
+  return conversion;
+}
+
+}  // namespace
+
 void ReadFileNamesAsUtf8() {
 #ifdef __APPLE__
   // wx knows how this system decomposes its UTF-8.
@@ -22,5 +31,14 @@ wxString TextOfPath(const std::filesystem::path& path) {
 }
 
 std::string Utf8OfText(const wxString& text) { return text.utf8_string(); }
+
+std::string Utf8OfPath(const std::filesystem::path& path) {
+  return Utf8OfText(wxString(path.c_str(), PathConversion()));
+}
+
+std::filesystem::path PathOfUtf8(const std::string& utf8) {
+  const wxCharBuffer bytes = wxString::FromUTF8(utf8).mb_str(PathConversion());
+  return std::string(bytes.data(), bytes.length());
+}
 
 }  // namespace OmbreliaHost

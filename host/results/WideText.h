@@ -16,6 +16,11 @@ void ReadFileNamesAsUtf8();
 wxString TextOfPath(const std::filesystem::path& path);
 std::string Utf8OfText(const wxString& text);
 
+// A path as UTF-8 and back, whatever the locale and before wx is initialised. Bytes that are no UTF-8 get the
+// same characters of private use as above.
+std::string Utf8OfPath(const std::filesystem::path& path);
+std::filesystem::path PathOfUtf8(const std::string& utf8);
+
 }  // namespace OmbreliaHost
 
 #endif

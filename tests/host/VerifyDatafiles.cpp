@@ -1,5 +1,7 @@
 #include "tests/host/VerifyDatafiles.h"
 
+#include <algorithm>
+
 #include "tests/BuildPaths.h"
 
 namespace Tests {
@@ -13,6 +15,14 @@ Finished VerifyDatafilesTest::Verify(const Arguments& arguments, const Arguments
   // The program must never ask for a display.
   setup.environment.push_back("DISPLAY");
   setup.environment.push_back("WAYLAND_DISPLAY");
+  // Nor do these tests run in a job of GitHub Actions, whatever runs them.
+  for (const char* variable : {"GITHUB_ACTIONS", "GITHUB_STEP_SUMMARY"}) {
+    const std::string set = variable + std::string("=");
+    const bool chosen = std::any_of(environment.begin(), environment.end(), [&](const auto& one) {
+      return one.compare(0, set.size(), set) == 0;
+    });
+    if (!chosen) setup.environment.push_back(variable);
+  }
   return RunProgram(command, setup);
 }
 

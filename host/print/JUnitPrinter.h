@@ -1,0 +1,31 @@
+// The results as one JUnit report for servers that keep the history of tests; docs/servers.md.
+#ifndef OMBRELIA_HOST_PRINT_JUNITPRINTER_H
+#define OMBRELIA_HOST_PRINT_JUNITPRINTER_H
+
+#include <ostream>
+#include <string>
+
+#include "host/results/RunResults.h"
+
+namespace OmbreliaHost {
+
+// Writes well-formed XML whatever the texts hold. One suite per experiment in the order of their names, its
+// data files in the order of their paths; what the plug-in recorded before any data file comes first. A data
+// file that could not be verified to its end is an error of the test that begins every data file.
+class JUnitPrinter {
+ public:
+  // hostname: of this machine. tolerate: a tolerated failure is a skipped test and no failure.
+  JUnitPrinter(std::ostream& out, const std::string& hostname, bool tolerate)
+      : m_out(out), m_hostname(hostname), m_tolerate(tolerate) {}
+
+  void Print(const RunResults& results);
+
+ private:
+  std::ostream& m_out;
+  std::string m_hostname;
+  bool m_tolerate;
+};
+
+}  // namespace OmbreliaHost
+
+#endif

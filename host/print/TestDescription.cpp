@@ -1,0 +1,252 @@
+#include "host/print/TestDescription.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
+#include "host/print/TextTable.h"
+#include "host/print/VisibleText.h"
+#include "host/results/ResultNames.h"
+
+namespace OmbreliaHost {
+
+namespace {
+
+using Lines = std::vector<DescriptionLine>;
+
+constexpr std::size_t LONGEST_CELL = 40;
+constexpr std::size_t MOST_ROWS = 10;
+
+std::string Plural(long count, const std::string& noun) {
+  return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
+}
+
+std::string NumberShown(const std::optional<long>& number) {
+  return number ? std::to_string(*number) : std::string();
+}
+
+// Two texts that belong together are cut at the same place.
+struct ComparedCells {
+  std::string actual;
+  std::string expected;
+};
+
+ComparedCells ShowCompared(const std::string& actual, const std::string& expected) {
+  const std::size_t around = FirstDifference(actual, expected).value_or(0);
+  return {CellShown(actual, LONGEST_CELL, around), CellShown(expected, LONGEST_CELL, around)};
+}
+
+ComparedCells ShowCompared(const EvidenceCell& cell) {
+  if (cell.actual && cell.expected) return ShowCompared(*cell.actual, *cell.expected);
+  return {cell.actual ? CellShown(*cell.actual, LONGEST_CELL) : std::string(),
+          cell.expected ? CellShown(*cell.expected, LONGEST_CELL) : std::string()};
+}
+
+void AddTable(Lines& lines, const TextTable& table, const std::vector<bool>& decides) {
+  const std::vector<std::string> texts = table.Lines();
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    const bool decidingRow = i > 0 && decides[i - 1];
+    lines.push_back({(decidingRow ? "> " : "  ") + texts[i], decidingRow});
+  }
+}
+
+// The rows around the deciding one: its expected cell beside the compared column, then the other columns.
+void AddContext(Lines& lines, const EvidenceContext& context) {
+  TextTable table;
+  table.AddColumn("line", TextTable::Align::Right);
+  table.AddColumn("row", TextTable::Align::Right);
+  std::vector<std::string> headings;
+  for (const std::string& column : context.columns) headings.push_back(ColumnShown(column));
+  headings.resize(std::max<std::size_t>(headings.size(), 1));
+  headings.insert(headings.begin() + 1, "expected");
+  for (const std::string& heading : headings) table.AddColumn(heading, TextTable::Align::Left);
+
+  std::vector<bool> decides;
+  for (const EvidenceContext::Row& row : context.rows) {
+    std::vector<std::string> cells = {std::to_string(row.line), std::to_string(row.row)};
+    const std::string compared = row.cells.empty() ? std::string() : row.cells.front();
+    if (row.decides) {
+      const ComparedCells shown = ShowCompared(compared, row.expected);
+      cells.insert(cells.end(), {shown.actual, shown.expected});
+    } else {
+      cells.insert(cells.end(), {CellShown(compared, LONGEST_CELL), std::string()});
+    }
+    for (std::size_t i = 1; i < row.cells.size(); ++i) {
+      cells.push_back(CellShown(row.cells[i], LONGEST_CELL));
+    }
+    table.AddRow(cells);
+    decides.push_back(row.decides);
+  }
+  AddTable(lines, table, decides);
+}
+
+// Cells of one column stand below its name; where columns differ, each cell has the name beside it.
+void AddCells(Lines& lines, const std::vector<EvidenceCell>& cells, bool firstDecides) {
+  const bool oneColumn = std::all_of(cells.begin(), cells.end(), [&](const EvidenceCell& cell) {
+    return cell.column == cells.front().column;
+  });
+  const auto any = [&](const auto& has) { return std::any_of(cells.begin(), cells.end(), has); };
+  const bool anyLine = any([](const EvidenceCell& cell) { return cell.line.has_value(); });
+  const bool anyRow = any([](const EvidenceCell& cell) { return cell.row.has_value(); });
+  const bool anyActual = any([](const EvidenceCell& cell) { return cell.actual.has_value(); });
+  const bool anyExpected = any([](const EvidenceCell& cell) { return cell.expected.has_value(); });
+  TextTable table;
+  table.AddColumn(anyLine ? "line" : "", TextTable::Align::Right);
+  table.AddColumn(anyRow ? "row" : "", TextTable::Align::Right);
+  table.AddColumn(oneColumn ? "" : "column", TextTable::Align::Left);
+  const std::string name = oneColumn ? ColumnShown(cells.front().column) : std::string();
+  table.AddColumn(oneColumn ? name : anyActual ? "cell" : "", TextTable::Align::Left);
+  table.AddColumn(anyExpected ? "expected" : "", TextTable::Align::Left);
+
+  std::vector<bool> decides;
+  for (std::size_t i = 0; i < std::min(cells.size(), MOST_ROWS); ++i) {
+    const ComparedCells shown = ShowCompared(cells[i]);
+    table.AddRow({NumberShown(cells[i].line), NumberShown(cells[i].row),
+                  oneColumn ? std::string() : ColumnShown(cells[i].column), shown.actual,
+                  shown.expected});
+    decides.push_back(firstDecides && i == 0);
+  }
+  AddTable(lines, table, decides);
+  if (cells.size() > MOST_ROWS) {
+    lines.push_back({"  and " + std::to_string(cells.size() - MOST_ROWS) + " more", false});
+  }
+}
+
+void AddHiddenDifference(Lines& lines, const Evidence& evidence) {
+  if (evidence.cells.empty()) return;
+  const EvidenceCell& cell = evidence.cells.front();
+  if (!cell.actual || !cell.expected) return;
+  const std::string words = HiddenDifference(*cell.actual, *cell.expected, LONGEST_CELL);
+  if (!words.empty()) lines.push_back({words, false});
+}
+
+std::string DescribeLength(const Evidence& evidence) {
+  std::string words;
+  if (evidence.actualCount && evidence.expectedCount) {
+    words = Plural(*evidence.actualCount, "row") + ", where " +
+            std::to_string(*evidence.expectedCount) + " are expected.";
+  }
+  if (!evidence.cells.empty()) {
+    if (!words.empty()) words += " ";
+    words += evidence.cells.front().actual ? "The first one too many:" : "The first one missing:";
+  }
+  return words;
+}
+
+std::string DescribeCount(const Evidence& evidence) {
+  std::string words;
+  if (evidence.actualCount && evidence.expectedCount) {
+    words = "Found " + Plural(*evidence.actualCount, "time") + ", where " +
+            std::to_string(*evidence.expectedCount) + " are expected";
+    words += evidence.cells.empty() || *evidence.actualCount == 0 ? "." : ":";
+  }
+  return words;
+}
+
+std::string DescribeBound(const BoundCheck& bound, MachineKind machine) {
+  const std::string kind = ", on " + std::string(machine == MachineKind::Ordinary ? "an " : "a ") +
+                           NameOf(machine) + " machine.";
+  const std::string bounds =
+      " of " + std::to_string(bound.min) + " to " + std::to_string(bound.max);
+  const std::string value = std::to_string(bound.actual);
+  if (bound.actual < bound.min) return value + " is below the bounds" + bounds + kind;
+  if (bound.actual > bound.max) return value + " is above the bounds" + bounds + kind;
+  return value + " is within the bounds" + bounds + kind;
+}
+
+void AddMissingTexts(Lines& lines, const std::vector<EvidenceCell>& cells) {
+  for (const EvidenceCell& cell : cells) {
+    lines.push_back({"No row has this in column " + ColumnShown(cell.column) + ": " +
+                         CellShown(cell.expected.value_or(std::string()), LONGEST_CELL),
+                     false});
+  }
+}
+
+std::string HeadlineOf(const TestOutcome& test) {
+  switch (test.evidence.kind) {
+    case Evidence::Kind::Length:
+      return DescribeLength(test.evidence);
+    case Evidence::Kind::Row:
+      return "The first row that differs:";
+    case Evidence::Kind::Count:
+      return DescribeCount(test.evidence);
+    case Evidence::Kind::LastReads:
+      return "No more is known than what the check read last:";
+    case Evidence::Kind::None:
+    case Evidence::Kind::Cell:
+    case Evidence::Kind::MissingText:
+    case Evidence::Kind::Bound:
+    case Evidence::Kind::Reader:
+      break;
+  }
+  return std::string();
+}
+
+}  // namespace
+
+std::vector<DescriptionLine> DescribeEvidence(const TestOutcome& test, MachineKind machine) {
+  const Evidence& evidence = test.evidence;
+  Lines lines;
+  const std::string headline = HeadlineOf(test);
+  if (!headline.empty()) lines.push_back({headline, false});
+  if (evidence.kind == Evidence::Kind::MissingText) {
+    AddMissingTexts(lines, evidence.cells);
+  } else if (!evidence.context.rows.empty()) {
+    AddContext(lines, evidence.context);
+  } else if (!evidence.cells.empty()) {
+    const bool firstDecides =
+        evidence.kind == Evidence::Kind::Cell || evidence.kind == Evidence::Kind::Row;
+    AddCells(lines, evidence.cells, firstDecides);
+  }
+  AddHiddenDifference(lines, evidence);
+  if (test.bound) {
+    lines.push_back({BoundScale(*test.bound), false});
+    lines.push_back({DescribeBound(*test.bound, machine), false});
+  }
+  for (const std::string& words : evidence.words) {
+    for (const std::string& line : LinesShown(words)) lines.push_back({line, false});
+  }
+  return lines;
+}
+
+std::string DescribeLoss(const DatafileResult& datafile) {
+  const Loss& loss = *datafile.loss;
+  std::string how;
+  if (datafile.outcome == Outcome::TimedOut) {
+    how = "timed out";
+  } else if (loss.signal != 0) {
+    const char* const name = strsignal(loss.signal);
+    how = NameOf(datafile.outcome) + ": signal " + std::to_string(loss.signal) + " (" +
+          (name == nullptr ? "unknown" : name) + ")";
+  } else {
+    how = NameOf(datafile.outcome) + ": its process ended with status " +
+          std::to_string(loss.exitStatus);
+  }
+  return how;
+}
+
+std::string BoundScale(const BoundCheck& bound) {
+  // A line of 40 places for all that lies between the three numbers, at least one on either side of a number.
+  constexpr double PLACES = 40;
+  const double min = static_cast<double>(bound.min);
+  const double max = static_cast<double>(bound.max);
+  const double actual = static_cast<double>(bound.actual);
+  const double all = std::max(max, actual) - std::min(min, actual);
+  const auto line = [&](double length, char place) {
+    const double places = all > 0 ? std::round(length / all * PLACES) : 0;
+    return std::string(std::max<std::size_t>(static_cast<std::size_t>(std::max(places, 0.0)), 1),
+                       place);
+  };
+  const std::string value = std::to_string(bound.actual);
+  const std::string from = std::to_string(bound.min) + " [";
+  const std::string to = "] " + std::to_string(bound.max);
+  if (bound.actual < bound.min) {
+    return value + " *" + line(min - actual, '-') + " " + from + line(max - min, '=') + to;
+  }
+  if (bound.actual > bound.max) {
+    return from + line(max - min, '=') + to + " " + line(actual - max, '-') + "* " + value;
+  }
+  return from + line(actual - min, '=') + "*" + line(max - actual, '=') + to + ", " + value;
+}
+
+}  // namespace OmbreliaHost

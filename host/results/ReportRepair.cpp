@@ -1,0 +1,320 @@
+#include "host/results/ReportRepair.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+
+#include "host/results/CodePoints.h"
+#include "host/results/XmlText.h"
+
+namespace OmbreliaHost {
+
+namespace {
+
+const std::string START_OF_DATAFILE =
+    "DataHookOutputTestingPlugin_PerformPostProcessing_was_called";
+const std::string ASSERTION_FAILURE = "TestingPluginDH_AssertionFailure_";
+
+// The frame of the report as the plug-in writes it.
+const std::string ENTRY = "        <testcase name=\"test";
+const std::string AFTER_NAME = "\" status=\"run\" time=\"";
+const std::string PASSED = "\" />\n";
+const std::string BEFORE_SUBJECT = "\" >\n        <failure message=\"";
+const std::string AFTER_SUBJECT = "\" type=\"\">\n\n <![CDATA[";
+const std::string AFTER_DETAIL = "]]>\n\n</failure>\n</testcase>\n";
+const std::string SUITE = "    <testsuite name=\"";
+const std::string END_OF_SUITE = "    </testsuite>\n";
+const std::string END_OF_SUITES = "</testsuites>";
+const std::string HEAD = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<testsuites";
+
+// "        <testcase name="test007" before the name of the seventh test.
+std::string EntryStart(int number) {
+  std::array<char, 16> digits{};
+  std::snprintf(digits.data(), digits.size(), "%03d", number);
+  return ENTRY + digits.data();
+}
+
+// The texts of one test, as the report should have held them.
+struct Entry {
+  std::string name;  // without running number
+  std::string time;  // the attribute's digits
+  bool failed = false;
+  std::string subject;
+  std::string detail;  // the location, a line feed, the message
+};
+
+class Repair {
+ public:
+  Repair(const std::string& report, const std::vector<DatafileResult>& datafiles)
+      : m_report(report), m_datafiles(datafiles) {}
+  RepairedReport Run();
+
+ private:
+  bool StandsAt(std::size_t at, const std::string& text) const {
+    return m_report.compare(at, text.size(), text) == 0;
+  }
+  bool EntryMayEndAt(std::size_t at) const;
+  std::optional<Entry> TakeKnownEntry();
+  std::optional<Entry> TakeEntryByFrame();
+  const TestOutcome* KnownTest() const;
+  void TakeHead();
+  void TakeLine();
+  void TakeUnknown();
+  void AddEntry(const Entry& entry);
+  void FollowKnownTests(const Entry& entry);
+  void NoteFaults(const Entry& entry, const TestOutcome* known);
+  void OpenSuite();
+
+  const std::string& m_report;
+  const std::vector<DatafileResult>& m_datafiles;
+  RepairedReport m_repaired;
+  std::size_t m_at = 0;  // how far the report has been taken
+  int m_number = 1;      // of the next test
+  bool m_suiteIsOpen = false;
+  std::optional<std::size_t> m_datafile;  // the one that is in hand
+  std::size_t m_known = 0;                // its test that comes next
+};
+
+// After an entry there is the next one or the end of the suite; nothing else ends one.
+bool Repair::EntryMayEndAt(std::size_t at) const {
+  return StandsAt(at, EntryStart(m_number + 1)) ||
+         (StandsAt(at, END_OF_SUITE) && (StandsAt(at + END_OF_SUITE.size(), SUITE) ||
+                                         StandsAt(at + END_OF_SUITE.size(), END_OF_SUITES)));
+}
+
+const TestOutcome* Repair::KnownTest() const {
+  if (!m_datafile || *m_datafile >= m_datafiles.size()) return nullptr;
+  const std::vector<TestOutcome>& tests = m_datafiles[*m_datafile].tests;
+  return m_known < tests.size() ? &tests[m_known] : nullptr;
+}
+
+// The entry as the second verification has it, if the report holds it word by word. Nothing that its texts
+// imitate can mislead here.
+std::optional<Entry> Repair::TakeKnownEntry() {
+  const TestOutcome* const test = KnownTest();
+  if (test == nullptr) return std::nullopt;
+  const std::string nameAndMore = EntryStart(m_number) + test->name + AFTER_NAME;
+  if (!StandsAt(m_at, nameAndMore)) return std::nullopt;
+  Entry entry;
+  entry.name = test->name;
+  std::size_t at = m_at + nameAndMore.size();
+  const std::size_t timeEnd = std::min(m_report.find('"', at), m_report.size());
+  entry.time = m_report.substr(at, timeEnd - at);
+  at = timeEnd;
+  std::string rest = PASSED;
+  if (test->outcome != Outcome::Passed) {
+    entry.failed = true;
+    entry.subject = test->subject;
+    entry.detail = test->location + "\n" + test->message;
+    rest = BEFORE_SUBJECT + entry.subject + AFTER_SUBJECT + entry.detail + AFTER_DETAIL;
+  }
+  if (!StandsAt(at, rest)) return std::nullopt;
+  m_at = at + rest.size();
+  return entry;
+}
+
+std::optional<Entry> Repair::TakeEntryByFrame() {
+  Entry entry;
+  const std::size_t nameBegin = m_at + EntryStart(m_number).size();
+  const std::size_t nameEnd = m_report.find(AFTER_NAME, nameBegin);
+  if (nameEnd == std::string::npos) return std::nullopt;
+  entry.name = m_report.substr(nameBegin, nameEnd - nameBegin);
+  const std::size_t timeBegin = nameEnd + AFTER_NAME.size();
+  const std::size_t timeEnd = m_report.find_first_not_of("0123456789", timeBegin);
+  if (timeEnd == std::string::npos) return std::nullopt;
+  entry.time = m_report.substr(timeBegin, timeEnd - timeBegin);
+  if (StandsAt(timeEnd, PASSED)) {
+    m_at = timeEnd + PASSED.size();
+    return entry;
+  }
+  if (!StandsAt(timeEnd, BEFORE_SUBJECT)) return std::nullopt;
+  entry.failed = true;
+  const std::size_t subjectBegin = timeEnd + BEFORE_SUBJECT.size();
+  const std::size_t subjectEnd = m_report.find(AFTER_SUBJECT, subjectBegin);
+  if (subjectEnd == std::string::npos) return std::nullopt;
+  entry.subject = m_report.substr(subjectBegin, subjectEnd - subjectBegin);
+  const std::size_t detailBegin = subjectEnd + AFTER_SUBJECT.size();
+  std::size_t detailEnd = m_report.find(AFTER_DETAIL, detailBegin);
+  while (detailEnd != std::string::npos && !EntryMayEndAt(detailEnd + AFTER_DETAIL.size())) {
+    detailEnd = m_report.find(AFTER_DETAIL, detailEnd + 1);
+  }
+  if (detailEnd == std::string::npos) return std::nullopt;
+  entry.detail = m_report.substr(detailBegin, detailEnd - detailBegin);
+  m_at = detailEnd + AFTER_DETAIL.size();
+  return entry;
+}
+
+void Repair::TakeHead() {
+  const std::size_t end = m_report.find(">\n", HEAD.size());
+  if (StandsAt(0, HEAD) && end != std::string::npos) {
+    m_at = end + 2;
+    m_repaired.text = m_report.substr(0, m_at);
+  } else {
+    m_repaired.text = HEAD + ">\n";
+  }
+}
+
+void Repair::OpenSuite() {
+  if (!m_suiteIsOpen) m_repaired.text += SUITE + "\">\n";
+  m_suiteIsOpen = true;
+}
+
+// A line of the frame, which holds no text of a data file. It must be whole.
+void Repair::TakeLine() {
+  const std::size_t end = m_report.find(">\n", m_at) + 2;
+  m_repaired.text += m_report.substr(m_at, end - m_at);
+  m_at = end;
+}
+
+// What is no entry stays as plain text, up to the next line of the frame.
+void Repair::TakeUnknown() {
+  std::size_t end = m_report.size();
+  for (const std::string& next : {EntryStart(m_number), EntryStart(m_number + 1), END_OF_SUITE}) {
+    end = std::min(end, m_report.find("\n" + next, m_at));
+  }
+  if (end < m_report.size()) ++end;
+  if (StandsAt(end, EntryStart(m_number + 1))) ++m_number;
+  OpenSuite();
+  m_repaired.text += XmlContent(m_report.substr(m_at, end - m_at));
+  m_at = end;
+}
+
+void Repair::AddEntry(const Entry& entry) {
+  OpenSuite();
+  const std::string name =
+      EntryStart(m_number) + XmlAttribute(entry.name) + AFTER_NAME + entry.time;
+  if (!entry.failed) {
+    m_repaired.text += name + PASSED;
+    return;
+  }
+  m_repaired.text += name + BEFORE_SUBJECT + XmlAttribute(entry.subject) + "\" type=\"\">\n\n " +
+                     XmlCharacterData(entry.detail) + "\n\n</failure>\n</testcase>\n";
+}
+
+// Does the text begin with a reference to a character, such as "&amp;"?
+bool IsReference(const std::string& text, std::size_t at) {
+  const std::size_t end = text.find(';', at);
+  if (end == std::string::npos) return false;
+  const std::string name = text.substr(at + 1, end - at - 1);
+  return name == "amp" || name == "lt" || name == "gt" || name == "quot" || name == "apos";
+}
+
+// The first part of an attribute's text that breaks it; empty if none does.
+std::string CulpritInAttribute(const std::string& text) {
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if (text[at] == '"' || text[at] == '<') return text.substr(at, 1);
+    if (text[at] == '&' && !IsReference(text, at)) return "&";
+  }
+  return std::string();
+}
+
+// The first character that XML cannot hold.
+std::string ForbiddenCharacter(const std::string& text) {
+  for (const CodePoint& point : CodePointsOf(text)) {
+    std::string character;
+    if (point.valid) {
+      AppendUtf8(character, point.value);
+    } else {
+      character = static_cast<char>(point.value);
+    }
+    if (HoldsWhatXmlCannot(character)) return character;
+  }
+  return std::string();
+}
+
+std::optional<EvidenceCell> CellWith(const std::string& culprit, const TestOutcome* known) {
+  if (known == nullptr) return std::nullopt;
+  const std::vector<EvidenceCell>& cells = known->evidence.cells;
+  const auto found = std::find_if(cells.begin(), cells.end(), [&](const EvidenceCell& cell) {
+    return cell.actual && cell.actual->find(culprit) != std::string::npos;
+  });
+  return found == cells.end() ? std::nullopt : std::optional(*found);
+}
+
+void Repair::NoteFaults(const Entry& entry, const TestOutcome* known) {
+  const auto note = [&](const char* where, const std::string& markup, const std::string& text) {
+    const std::string culprit = markup.empty() ? ForbiddenCharacter(text) : markup;
+    if (culprit.empty()) return;
+    // What XML cannot hold is shown as the repaired report has it.
+    m_repaired.faults.push_back({m_datafile, m_number, entry.name,
+                                 HoldsWhatXmlCannot(culprit) ? XmlContent(culprit) : culprit, where,
+                                 CellWith(culprit, known)});
+  };
+  note("name", CulpritInAttribute(entry.name), entry.name);
+  note("subject", CulpritInAttribute(entry.subject), entry.subject);
+  const bool endsTheData = entry.detail.find("]]>") != std::string::npos;
+  note("message", endsTheData ? "]]>" : "", entry.detail);
+}
+
+// Failed assertions are in the report only.
+void Repair::FollowKnownTests(const Entry& entry) {
+  if (!entry.failed && entry.name == START_OF_DATAFILE) {
+    m_datafile = m_datafile ? *m_datafile + 1 : 0;
+    m_known = 0;
+  }
+  const TestOutcome* const known = KnownTest();
+  const bool isKnown = known != nullptr && known->name == entry.name;
+  NoteFaults(entry, isKnown ? known : nullptr);
+  if (entry.name.compare(0, ASSERTION_FAILURE.size(), ASSERTION_FAILURE) != 0) ++m_known;
+}
+
+RepairedReport Repair::Run() {
+  TakeHead();
+  while (m_at < m_report.size()) {
+    if (StandsAt(m_at, EntryStart(m_number))) {
+      std::optional<Entry> entry = TakeKnownEntry();
+      if (!entry) entry = TakeEntryByFrame();
+      if (entry) {
+        AddEntry(*entry);
+        FollowKnownTests(*entry);
+        ++m_number;
+        continue;
+      }
+    } else if (StandsAt(m_at, SUITE) && !m_suiteIsOpen &&
+               m_report.find(">\n", m_at) != std::string::npos) {
+      m_suiteIsOpen = true;
+      TakeLine();
+      continue;
+    } else if (StandsAt(m_at, END_OF_SUITE) && m_suiteIsOpen) {
+      m_suiteIsOpen = false;
+      TakeLine();
+      continue;
+    } else if (m_report.compare(m_at, std::string::npos, END_OF_SUITES + "\n") == 0) {
+      break;
+    }
+    TakeUnknown();
+  }
+  if (m_suiteIsOpen) m_repaired.text += END_OF_SUITE;
+  m_repaired.text += END_OF_SUITES + "\n";
+  return std::move(m_repaired);
+}
+
+}  // namespace
+
+RepairedReport RepairReport(const std::string& report,
+                            const std::vector<DatafileResult>& datafiles) {
+  return Repair(report, datafiles).Run();
+}
+
+std::filesystem::path RepairedPath(const std::filesystem::path& report) {
+  std::filesystem::path path = report;
+  return path.replace_extension(".repaired.xml");
+}
+
+std::string DescribeFault(const ReportFault& fault, const std::vector<DatafileResult>& datafiles) {
+  std::string text = "broken by " + fault.culprit + " in the " + fault.where + " of test " +
+                     EntryStart(fault.number).substr(ENTRY.size() - 4) + fault.test;
+  if (fault.cell) {
+    std::string column = fault.cell->column;
+    std::replace(column.begin(), column.end(), '\n', ' ');
+    text += ", from the cell of column " + column;
+    if (fault.cell->row) text += ", row " + std::to_string(*fault.cell->row);
+    if (fault.cell->line) text += ", line " + std::to_string(*fault.cell->line);
+  }
+  if (fault.datafile && *fault.datafile < datafiles.size()) {
+    text += ", among the results of " + datafiles[*fault.datafile].path.string();
+  }
+  return text;
+}
+
+}  // namespace OmbreliaHost

@@ -1,0 +1,59 @@
+// The verifiers' table as the program has it.
+#include "host/results/Manifest.h"
+
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include "tests/BuildPaths.h"
+#include "tests/support/Files.h"
+
+namespace Tests {
+namespace {
+
+using namespace OmbreliaHost;
+
+TEST(Manifest, HasEveryEntryOfTheTable) {
+  const auto table = nlohmann::json::parse(ReadFile(OMBRELIA_SOURCE_DIR "/verifiers/manifest.json"))
+                         .at("verifiers");
+  ASSERT_EQ(Verifiers().size(), table.size());
+  for (std::size_t i = 0; i < table.size(); ++i) {
+    EXPECT_EQ(Verifiers()[i].className, table[i].at("class"));
+    EXPECT_EQ(Verifiers()[i].experiment, table[i].at("experiment"));
+    EXPECT_EQ(Verifiers()[i].proves, table[i].at("proves"));
+    EXPECT_EQ(Verifiers()[i].expectEmptyDatafile, table[i].at("expect_empty_datafile"));
+  }
+}
+
+TEST(Manifest, KnowsWhatIsTolerated) {
+  EXPECT_TRUE(IsTolerated("2012-12-20_test_reset_the_subset.om5", "Variety_of_Right_and_Left"));
+  EXPECT_FALSE(IsTolerated("2012-12-20_test_reset_the_subset.om5", "Variety_of_Right"));
+  EXPECT_FALSE(IsTolerated("2012-12-20_test_reset_the_subset.om5", ""));
+  EXPECT_FALSE(IsTolerated("good.om4", "Variety_of_Right_and_Left"));
+  for (const char* second : {"UNPAIRED_HAPPENS_ANEW_FOR_EACH_TRIAL", "NOT_ALWAYS_SAME_REPEATER",
+                             "TRIAL_4_NUMERIC_PORTION_MAY_FAIL_ONCE_PER_BLUE_MOON"}) {
+    EXPECT_TRUE(IsTolerated("2013-09-27_list_access_pair_unpair_cross.om5", second)) << second;
+  }
+}
+
+// A name that no verifier reports would tolerate nothing.
+TEST(Manifest, EveryToleratedTestIsOneThatItsVerifierReports) {
+  for (const VerifierEntry& entry : Verifiers()) {
+    const std::string source =
+        ReadFile(OMBRELIA_SOURCE_DIR "/verifiers/" + entry.className + ".cpp");
+    for (const std::string& test : entry.toleratedFailures) {
+      EXPECT_NE(source.find("\"" + test + "\""), std::string::npos)
+          << entry.className << " " << test;
+    }
+  }
+}
+
+TEST(Manifest, FindsAVerifierByItsExactNameOnly) {
+  ASSERT_NE(FindVerifier("mac_input_settings_45_one.om4"), nullptr);
+  EXPECT_EQ(FindVerifier("mac_input_settings_45_one.om4")->className, "TestBasicMacInput_01");
+  EXPECT_EQ(FindVerifier("MAC_input_settings_45_one.om4"), nullptr);
+  EXPECT_EQ(FindVerifier(""), nullptr);
+}
+
+}  // namespace
+}  // namespace Tests
