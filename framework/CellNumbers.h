@@ -1,4 +1,4 @@
-// Reading whole numbers from texts of cells and headings.
+// Reading whole numbers from the texts of cells and headings.
 #ifndef OMBRELIA_FRAMEWORK_CELLNUMBERS_H
 #define OMBRELIA_FRAMEWORK_CELLNUMBERS_H
 
@@ -6,8 +6,8 @@
 
 namespace Ombrelia {
 
-// Reads the whole of text as a base-10 number into value, leading blanks allowed. On failure answers
-// false and leaves value as it was: the text class's own conversion may store what it read so far.
+// Reads the whole text as a base-10 number into value; leading blanks are allowed. Returns false and
+// leaves value unchanged if the text is no such number or does not fit a long.
 bool ReadLong(const wxString& text, long& value);
 
 }  // namespace Ombrelia

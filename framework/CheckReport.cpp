@@ -5,20 +5,20 @@
 
 namespace Ombrelia {
 
-void ReportCheck(FakeJUnitPrinter* printer, bool passed, const wxString& testName,
-                 const CheckFailure& failure) {
+void ReportCheck(FakeJUnitPrinter* printer, const wxString& experiment, bool passed,
+                 const wxString& testName, const CheckFailure& failure) {
   if (passed) {
     printer->AddPassingTestResult(testName);
   } else {
-    ReportFailure(printer, testName, failure);
+    ReportFailure(printer, experiment, testName, failure);
   }
 }
 
-void ReportFailure(FakeJUnitPrinter* printer, const wxString& testName,
+void ReportFailure(FakeJUnitPrinter* printer, const wxString& experiment, const wxString& testName,
                    const CheckFailure& failure) {
   printer->AddFailingTestResult(
       testName, failure.subject,
-      CommonTestHelperLogic::GetFileStringForLine(failure.line, failure.focus), failure.message);
+      CommonTestHelperLogic::GetFileStringForLine(failure.line, experiment), failure.message);
 }
 
 }  // namespace Ombrelia

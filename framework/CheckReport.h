@@ -1,4 +1,4 @@
-// One check, one result.
+// Recording the result of one check.
 #ifndef OMBRELIA_FRAMEWORK_CHECKREPORT_H
 #define OMBRELIA_FRAMEWORK_CHECKREPORT_H
 
@@ -8,19 +8,20 @@ namespace Ombrelia {
 
 class FakeJUnitPrinter;
 
-// Where and how a check tells of its failure. focus: the experiment file's name; line: a fixed number
-// that identifies the check.
+// What a failing check says.
 struct CheckFailure {
   wxString subject;
-  long line;
-  wxString focus;
+  long line;  // a fixed number that identifies the check in the report
   wxString message;
 };
 
-// Records testName as passing, or as failing with the words given.
-void ReportCheck(FakeJUnitPrinter* printer, bool passed, const wxString& testName,
-                 const CheckFailure& failure);
-void ReportFailure(FakeJUnitPrinter* printer, const wxString& testName,
+// Both record one result. experiment: the experiment file's name, which the location of a failure
+// shows together with the line. The printer is not null and is not kept.
+
+// Records a pass, or else this failure.
+void ReportCheck(FakeJUnitPrinter* printer, const wxString& experiment, bool passed,
+                 const wxString& testName, const CheckFailure& failure);
+void ReportFailure(FakeJUnitPrinter* printer, const wxString& experiment, const wxString& testName,
                    const CheckFailure& failure);
 
 }  // namespace Ombrelia

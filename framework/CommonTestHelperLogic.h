@@ -1,4 +1,4 @@
-// What all verifiers share: opening a data file, comparing a column, checking stimulus areas.
+// Opening a data file, comparing a column and checking stimulus areas, for all verifiers.
 #ifndef OMBRELIA_FRAMEWORK_COMMONTESTHELPERLOGIC_H
 #define OMBRELIA_FRAMEWORK_COMMONTESTHELPERLOGIC_H
 
@@ -17,32 +17,33 @@ class FakeJUnitPrinter;
 
 class CommonTestHelperLogic {
  public:
-  // Constant true: the host that is verified runs there, wherever its data files are looked at.
+  // Returns true: the host that is verified runs there, whichever machine verifies its data files.
   static bool RunningOnMacOSX();
 
-  // A table over this one file, loaded and ready for queries; null if the file cannot be read. Then
-  // one failing test is recorded, unless expectFailureToRead. A good file records nothing.
+  // Returns a table that has loaded this one file, or null if the file cannot be read. An unreadable
+  // file records one failing test unless expectFailureToRead; a good file records nothing.
   static boost::shared_ptr<MUExperimentTextReaderMultiFile> GetReaderOrElseLogAnError(
       FakeJUnitPrinter* printer, const wxString& dataFilePath, bool expectFailureToRead);
 
   static wxString GetFileStringForLine(long line, const wxString& fileName);
 
   // Do the first cells of the column equal expected, text by text? Rows beyond expected do not
-  // matter; a table without rows never matches. mismatchIndex may be null; it receives the row of
-  // the first difference, the row count when the rows run out first, and 9999999 on a match.
+  // matter. A table without rows never matches. mismatchIndex may be null. It receives the row of the
+  // first difference, the row count if the rows run out first, or 9999999 on a match.
   static bool ColumnContentsMatchGivenVectorUpTilVectorLength(
       boost::shared_ptr<MUExperimentTextReaderMultiFile> reader, const wxString& columnName,
       const std::vector<wxString>& expected, unsigned int* mismatchIndex);
 
-  // One line per area on standard error, for a person who reads the log.
+  // Writes one line per area to standard error, for a person who reads the log.
   static void PrintStimAreaDataNicelyFormatted(const std::vector<StimAreaData>& areas);
 
-  // Records a failing test if the lengths differ, and nothing if they agree.
+  // Are both of one length? Records a failing test if not, and nothing if they are.
   static bool VerifyEqualLengths(const std::vector<StimAreaData>& actual,
                                  const std::vector<StimAreaData>& expected,
                                  FakeJUnitPrinter* printer, wxString location);
 
-  // The name says on which platforms the expectation holds. Each records at most one result.
+  // Each compares the areas one by one and records one result, except that Win32 records nothing.
+  // The name says on which platforms the expectation holds.
   static void BothPlatforms_VerifySequentialStimData(const std::vector<StimAreaData>& actual,
                                                      const std::vector<StimAreaData>& expected,
                                                      FakeJUnitPrinter* printer, wxString location);
@@ -56,7 +57,8 @@ class CommonTestHelperLogic {
                                                 const std::vector<StimAreaData>& expected,
                                                 FakeJUnitPrinter* printer, wxString location);
 
-  // On the build node: sleeps until a person at a debugger clears its local flag. Elsewhere: returns.
+  // On the build node this sleeps until a person at a debugger clears its local flag. On any other
+  // machine it returns at once.
   static void ForceEntryIntoEndlessLoop_SoWeCanDebugBuildNode();
 };
 

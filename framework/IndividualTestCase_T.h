@@ -1,4 +1,4 @@
-// The frame of every verifier: the fixed life of one data file inside the plug-in.
+// The frame of every verifier. It leads each data file through the same steps inside the plug-in.
 #ifndef OMBRELIA_FRAMEWORK_INDIVIDUALTESTCASE_T_H
 #define OMBRELIA_FRAMEWORK_INDIVIDUALTESTCASE_T_H
 
@@ -8,7 +8,9 @@
 #include <vector>
 
 #include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
+#include "framework/CheckReport.h"
 #include "framework/CommonTestHelperLogic.h"
+#include "framework/RowScan.h"
 #include "framework/RunTimes.h"
 #include "framework/VerificationNecessities.h"
 #include "plugin/DataHookOutputTestingPlugin.h"
@@ -17,17 +19,17 @@
 
 namespace Ombrelia {
 
-// X: the verifier's own class, so that each has a singleton of its own.
-// EXPECT_EMPTY_DATAFILE: the experiment is to leave a data file that cannot be read; X must override
-// OnNotifyUnableToReadDatafile and report success there.
+// X is the verifier's own class, so that each verifier has its own singleton.
+// EXPECT_EMPTY_DATAFILE says that the experiment is to leave a data file that cannot be read. X must
+// then override OnNotifyUnableToReadDatafile and report success there.
 //
-// For each data file: a test suite, a passing entry test, the table, X's checks, and two records of
-// run times. No step is skipped because a check failed, and no check throws. Between data files a
-// verifier keeps the printer pointer and the last table, nothing else; X resets members of its own.
+// Each data file gets a test suite, a passing entry test, X's checks and two records of run times.
+// No step is skipped because a check failed, and no check throws. Between data files the frame keeps
+// the printer pointer and the last table. X resets its own members at the start of its checks.
 template <class X, bool EXPECT_EMPTY_DATAFILE>
 class IndividualTestCase_T : public Interface_SpecificIndividualTestVerifier {
  public:
-  // name: the experiment file's name, under which the verifier is registered unless the flag is set.
+  // name is the experiment file's name. The verifier is registered under it unless skipRegistration.
   IndividualTestCase_T(const wxString& name, bool skipRegistration)
       : m_printer(nullptr), m_name(name) {
     if (!skipRegistration) {
@@ -52,26 +54,49 @@ class IndividualTestCase_T : public Interface_SpecificIndividualTestVerifier {
     }
   }
 
-  // X's checks. Called once for each readable data file.
+  // X's checks, called once for each readable data file. m_reader and m_printer are set.
   virtual void RunAllVerificationTests(VerificationNecessities necessities) = 0;
 
   // Called instead of the checks for a data file that cannot be read.
   virtual void OnNotifyUnableToReadDatafile(FakeJUnitPrinter* printer) {
     if (!EXPECT_EMPTY_DATAFILE) return;
-    printer->AddFailingTestResult(
-        wxT("Failed_To_Override_Notifier_Function_OnNotifyUnableToReadDatafile"),
-        wxT("Incorrect subclass of IndividualTestCase_T."),
-        CommonTestHelperLogic::GetFileStringForLine(310, m_name),
-        wxT("You set EXPECT_EMPTY_DATAFILE to true, which means you MUST override "
-            "OnNotifyUnableToReadDatafile."));
+    Ombrelia::ReportFailure(
+        printer, m_name, wxT("Failed_To_Override_Notifier_Function_OnNotifyUnableToReadDatafile"),
+        {wxT("Incorrect subclass of IndividualTestCase_T."), 310,
+         wxT("You set EXPECT_EMPTY_DATAFILE to true, which means you MUST override "
+             "OnNotifyUnableToReadDatafile.")});
   }
 
-  // Holds the one instance of X. Each verifier defines it by OMBRELIA_DEFINE_VERIFIER.
+  // The one instance of X. Each verifier defines it by OMBRELIA_DEFINE_VERIFIER.
   static boost::shared_ptr<X> m_singletonVerifier;
 
  protected:
-  // Bounds, in milliseconds, both ends inclusive. exceptTestMachines: not on the two machines that
-  // have bounds of their own, which the calls with a machine in their name give.
+  // Each records one result of a check. A failure's location names this experiment.
+  void ReportPass(const wxString& testName) { m_printer->AddPassingTestResult(testName); }
+  void ReportCheck(bool passed, const wxString& testName, const CheckFailure& failure) {
+    Ombrelia::ReportCheck(m_printer, m_name, passed, testName, failure);
+  }
+  void ReportFailure(const wxString& testName, const CheckFailure& failure) {
+    Ombrelia::ReportFailure(m_printer, m_name, testName, failure);
+  }
+
+  // Records one result: does the column "Event\nName" keep the rule? These checks share a subject.
+  void CheckEventNames(const RowScan& rule, const wxString& testName, long line,
+                       const wxString& message) {
+    ReportCheck(rule.HoldsFor(*m_reader, wxT("Event\nName")), testName,
+                {wxT("Something bad happened instead."), line, message});
+  }
+
+  // The table in hand. Rows and columns count from 0. ColumnOf wants the exact name and returns -1
+  // if no column has it. CellAt returns "?" out of range.
+  int RowCount() const { return m_reader->GetNumberOfDataRows(); }
+  int ColumnOf(const wxString& columnName) const {
+    return m_reader->GetColumnPositionNumberFromText(columnName);
+  }
+  wxString CellAt(int row, int column) const { return m_reader->GetDataCellValue(row, column); }
+
+  // Bounds in milliseconds, both ends inclusive. exceptTestMachines leaves out the two machines for
+  // which the calls with a machine in their name give separate bounds.
   void PerformBoundsTest(int min, int max, const wxString& columnName, bool isExpansion,
                          bool exceptTestMachines) {
     RunTimes::CheckBounds(*m_reader, m_printer, m_name, min, max, columnName, isExpansion,
@@ -113,9 +138,9 @@ class IndividualTestCase_T : public Interface_SpecificIndividualTestVerifier {
 
 }  // namespace Ombrelia
 
-// Defines the singleton of a verifier, whose constructor registers it. It stands at the end of the
-// verifier's file, behind the texts that the constructor reads: as an explicit specialisation it is
-// initialised in the order of the file, which a static of the generic template would not be.
+// Defines the singleton of a verifier, whose constructor registers it. The macro stands at the end of
+// the verifier's file because the constructor reads texts above it. An explicit specialisation is
+// initialised in the order of the file; a static of the generic template would not be.
 #define OMBRELIA_DEFINE_VERIFIER(X, EXPECT_EMPTY_DATAFILE)                                     \
   template <>                                                                                  \
   boost::shared_ptr<Ombrelia::X>                                                               \

@@ -8,7 +8,8 @@ namespace Ombrelia {
 
 boost::gregorian::date TodaysLocalDate();
 
-// Seam for tests: today is this date; not_a_date_time goes back to the clock.
+// For tests alone: TodaysLocalDate returns this date from now on, or the clock's again after
+// not_a_date_time.
 void SetTodaysLocalDateForTests(const boost::gregorian::date& date);
 
 }  // namespace Ombrelia

@@ -4,18 +4,9 @@
 
 namespace Ombrelia {
 
-bool RunsAreEqual(const MUExperimentTextReaderMultiFile& reader, int column, int first, int other,
-                  int length) {
-  for (int i = 0; i < length; ++i) {
-    if (reader.GetDataCellValue(first + i, column) != reader.GetDataCellValue(other + i, column)) {
-      return false;
-    }
-  }
-  return true;
-}
-
-bool RunEquals(const MUExperimentTextReaderMultiFile& reader, int column, int first,
+bool RunEquals(const MUExperimentTextReaderMultiFile& reader, const wxString& columnName, int first,
                const std::vector<wxString>& texts) {
+  const int column = reader.GetColumnPositionNumberFromText(columnName);
   int row = first;
   for (const wxString& text : texts) {
     if (reader.GetDataCellValue(row, column) != text) return false;

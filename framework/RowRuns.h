@@ -1,4 +1,4 @@
-// Comparing one run of rows of a column with another, or with literal texts.
+// Comparing a run of rows of a column with literal texts.
 #ifndef OMBRELIA_FRAMEWORK_ROWRUNS_H
 #define OMBRELIA_FRAMEWORK_ROWRUNS_H
 
@@ -10,13 +10,9 @@ class MUExperimentTextReaderMultiFile;
 
 namespace Ombrelia {
 
-// Are the cells of rows first to first + length - 1 equal to those from row other on? Cells out of
-// range read "?" and are compared like any other.
-bool RunsAreEqual(const MUExperimentTextReaderMultiFile& reader, int column, int first, int other,
-                  int length);
-
-// Do the rows from first on hold these texts? Rows beyond them do not matter.
-bool RunEquals(const MUExperimentTextReaderMultiFile& reader, int column, int first,
+// Do the rows from first on hold these texts, one each? Other rows do not matter. Rows count from 0;
+// rows out of range and a missing column read "?".
+bool RunEquals(const MUExperimentTextReaderMultiFile& reader, const wxString& columnName, int first,
                const std::vector<wxString>& texts);
 
 }  // namespace Ombrelia

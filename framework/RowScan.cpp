@@ -4,58 +4,41 @@
 #include <utility>
 
 #include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
+#include "framework/CellCounts.h"
+#include "framework/RowRuns.h"
 
 namespace Ombrelia {
 
+RowScan::RowScan(Kind kind, std::vector<wxString> texts, int count, int last)
+    : m_kind(kind), m_texts(std::move(texts)), m_count(count), m_last(last) {}
+
 RowScan RowScan::Positional(std::vector<wxString> texts) {
-  RowScan rule;
-  rule.m_kind = Kind::POSITIONAL;
-  rule.m_texts = std::move(texts);
-  rule.m_last = static_cast<int>(rule.m_texts.size()) - 1;
-  return rule;
+  const int last = static_cast<int>(texts.size()) - 1;
+  return RowScan(Kind::POSITIONAL, std::move(texts), 0, last);
 }
 
 RowScan RowScan::Anywhere(std::vector<wxString> texts, int last) {
-  RowScan rule;
-  rule.m_kind = Kind::ANYWHERE;
-  rule.m_texts = std::move(texts);
-  rule.m_last = last;
-  return rule;
+  return RowScan(Kind::ANYWHERE, std::move(texts), 0, last);
 }
 
 RowScan RowScan::Count(const wxString& text, int count, int last) {
-  RowScan rule;
-  rule.m_kind = Kind::COUNT;
-  rule.m_texts = {text};
-  rule.m_count = count;
-  rule.m_last = last;
-  return rule;
+  return RowScan(Kind::COUNT, {text}, count, last);
 }
 
 bool RowScan::HoldsFor(const MUExperimentTextReaderMultiFile& reader,
                        const wxString& columnName) const {
-  const int column = reader.GetColumnPositionNumberFromText(columnName);
   const int rows = reader.GetNumberOfDataRows();
-  std::vector<int> occurrences(m_texts.size(), 0);
-  std::vector<bool> inPlace(m_texts.size(), false);
-  int last = 0;
-  for (int row = 0; row < rows; ++row) {
-    last = row;
-    const wxString cell = reader.GetDataCellValue(row, column);
-    for (size_t place = 0; place < m_texts.size(); ++place) {
-      if (cell.compare(m_texts[place]) != 0) continue;
-      ++occurrences[place];
-      if (static_cast<size_t>(row) == place) inPlace[place] = true;
-    }
-  }
+  const int last = std::max(rows - 1, 0);
   if (last != m_last) return false;
   switch (m_kind) {
     case Kind::POSITIONAL:
-      return std::all_of(inPlace.begin(), inPlace.end(), [](bool isThere) { return isThere; });
+      return rows > 0 && RunEquals(reader, columnName, 0, m_texts);
     case Kind::ANYWHERE:
-      return std::all_of(occurrences.begin(), occurrences.end(), [](int n) { return n > 0; });
+      return std::all_of(m_texts.begin(), m_texts.end(), [&](const wxString& text) {
+        return CountCells(reader, columnName, text) > 0;
+      });
     case Kind::COUNT:
-      return occurrences.front() == m_count;
+      return CountCells(reader, columnName, m_texts.front()) == m_count;
   }
   return false;
 }

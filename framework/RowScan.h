@@ -1,4 +1,4 @@
-// Rules on which texts a column holds, and in which rows.
+// A rule on the texts of a column, as a value.
 #ifndef OMBRELIA_FRAMEWORK_ROWSCAN_H
 #define OMBRELIA_FRAMEWORK_ROWSCAN_H
 
@@ -10,27 +10,29 @@ class MUExperimentTextReaderMultiFile;
 
 namespace Ombrelia {
 
-// A rule as a value. "Last" is the index of the last row, from 0; it is 0 also for a table without
-// rows, which fails every rule all the same, because no text occurs in it.
+// Each rule demands certain texts and a last row. Rows count from 0. No rule that demands a text
+// holds for a table without rows.
 class RowScan {
  public:
-  // The first rows hold these texts, one each, and there are no more rows.
+  // The column holds these texts, one per row in this order, and nothing else.
   static RowScan Positional(std::vector<wxString> texts);
-  // Each text occurs in some row, and the last row has this index.
+  // Each text stands in some row, in any order, and the last row has the index last.
   static RowScan Anywhere(std::vector<wxString> texts, int last);
-  // The text occurs exactly count times, and the last row has this index.
+  // The text stands in exactly count rows, and the last row has the index last.
   static RowScan Count(const wxString& text, int count, int last);
 
-  // Cells are compared exactly. A column that is missing reads "?" in every row.
+  // Cells are compared exactly. A missing column reads "?" in every row.
   bool HoldsFor(const MUExperimentTextReaderMultiFile& reader, const wxString& columnName) const;
 
  private:
   enum class Kind { POSITIONAL, ANYWHERE, COUNT };
 
-  Kind m_kind = Kind::POSITIONAL;
+  RowScan(Kind kind, std::vector<wxString> texts, int count, int last);
+
+  Kind m_kind;
   std::vector<wxString> m_texts;
-  int m_count = 0;
-  int m_last = 0;
+  int m_count;  // of the one text of a COUNT rule
+  int m_last;
 };
 
 }  // namespace Ombrelia

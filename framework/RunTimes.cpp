@@ -1,12 +1,9 @@
 #include "framework/RunTimes.h"
 
-#include <algorithm>
-#include <limits>
-#include <vector>
-
 #include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
 #include "framework/CellNumbers.h"
-#include "framework/CommonTestHelperLogic.h"
+#include "framework/CheckReport.h"
+#include "framework/ClampedNumbers.h"
 #include "framework/HostNames.h"
 #include "plugin/HostProbes.h"
 #include "report/FakeJUnitPrinter.h"
@@ -38,9 +35,7 @@ int ExpansionTime(const MUExperimentTextReaderMultiFile& reader) {
   if (!ReadLong(reader.GetColumnNameText(column).AfterFirst(wxT(':')), value)) {
     return UNREADABLE_EXPANSION_TIME;
   }
-  // A number beyond int must not wrap round into the bounds.
-  return static_cast<int>(
-      std::clamp<long>(value, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
+  return ClampedToInt(value);
 }
 
 void CheckBounds(const MUExperimentTextReaderMultiFile& reader, FakeJUnitPrinter* printer,
@@ -58,16 +53,11 @@ void CheckBounds(const MUExperimentTextReaderMultiFile& reader, FakeJUnitPrinter
     testName = wxT("Experiment_duration_") + name;
     ReadLong(reader.GetDataCellValue(reader.GetNumberOfDataRows() - 1, column), value);
   }
-  if (min <= value && value <= max) {
-    printer->AddPassingTestResult(testName);
-    return;
-  }
-  printer->AddFailingTestResult(
-      testName, wxT("Experiment duration is weird. Too short or too long (see details below)."),
-      CommonTestHelperLogic::GetFileStringForLine(228, name),
-      wxString::Format(
-          wxT("Expected a duration between %d and %d. Instead, we got a duration of %ld."), min,
-          max, value));
+  ReportCheck(printer, name, min <= value && value <= max, testName,
+              {wxT("Experiment duration is weird. Too short or too long (see details below)."), 228,
+               wxString::Format(
+                   wxT("Expected a duration between %d and %d. Instead, we got a duration of %ld."),
+                   min, max, value)});
 }
 
 bool RunningOnSmallTestBox() {
@@ -80,11 +70,10 @@ void RecordTotalDuration(const MUExperimentTextReaderMultiFile& reader, FakeJUni
                          const wxString& name) {
   const int column = reader.GetColumnPositionNumberFromText(CUMULATIVE_TIME);
   if (column < 0) {
-    printer->AddFailingTestResult(
-        wxT("__TIMING__TRACKING__UNAVAILABLE__") + name,
-        wxT("Please add the Cumulative Time column to the output."),
-        CommonTestHelperLogic::GetFileStringForLine(326, name),
-        wxT("We cannot monitor run-time duration without having the Cum Time column available."));
+    ReportFailure(
+        printer, name, wxT("__TIMING__TRACKING__UNAVAILABLE__") + name,
+        {wxT("Please add the Cumulative Time column to the output."), 326,
+         wxT("We cannot monitor run-time duration without having the Cum Time column available.")});
     return;
   }
   const wxString duration = reader.GetDataCellValue(reader.GetNumberOfDataRows() - 1, column);
@@ -95,12 +84,11 @@ void RecordTotalDuration(const MUExperimentTextReaderMultiFile& reader, FakeJUni
 void RecordExpansionTime(const MUExperimentTextReaderMultiFile& reader, FakeJUnitPrinter* printer,
                          const wxString& name) {
   if (ColumnIndexFromText_StartsWith(reader, EXPANSION_TIME_COLUMN_NAME) < 0) {
-    printer->AddFailingTestResult(
-        wxT("__EXPANSION__TRACKING__UNAVAILABLE__") + name,
-        wxT("Someting broke, there's no expansion time column."),
-        CommonTestHelperLogic::GetFileStringForLine(352, name),
-        wxT("We cannot monitor run-time duration without having the expansion time column "
-            "available."));
+    ReportFailure(
+        printer, name, wxT("__EXPANSION__TRACKING__UNAVAILABLE__") + name,
+        {wxT("Someting broke, there's no expansion time column."), 352,
+         wxT("We cannot monitor run-time duration without having the expansion time column "
+             "available.")});
     return;
   }
   printer->AddPassingTestResult(

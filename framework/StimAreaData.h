@@ -6,7 +6,7 @@
 
 namespace Ombrelia {
 
-// Values that match anything when they stand in the expected record of a comparison.
+// In the expected record of a comparison these values match anything.
 constexpr int STIM_DONT_CARE_INT = 98765;
 constexpr const wxChar* STIM_DONT_CARE_STR = wxT("\t\t\t");
 
@@ -18,8 +18,8 @@ struct StimAreaData {
   wxString area_name;
   int response_id;
 
-  // Does this record have what expected demands? Don't-care values count in expected alone, so the
-  // relation is not symmetric.
+  // Does this record have what expected demands? The relation is not symmetric, because don't-care
+  // values count in expected alone.
   bool SatisfiesLooseEqualityWith(const StimAreaData& expected) const;
 };
 

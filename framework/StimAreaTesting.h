@@ -8,7 +8,7 @@ namespace Ombrelia {
 
 class StimAreaTesting {
  public:
-  // The order of the arguments is not the order of the record's fields.
+  // The arguments stand in another order than the record's fields.
   static StimAreaData ExpectedData(int x, int y, int width, int height, int response_id,
                                    wxString area_name);
 };

@@ -6,11 +6,11 @@
 
 namespace Ombrelia {
 
-// Sublists are drawn otherwise on the Mac until 2016-03-01, the first day on which the regular lists
-// hold again. The rule stays after that date, without effect.
+// Does the temporary list of a sublist verifier hold in place of the regular one? It does on the Mac
+// before 2016-03-01, and has had no effect since.
 bool Tolmey3661ListApplies(const boost::gregorian::date& today, bool runningOnMacOSX);
 
-// The same, for the date and the platform of this run.
+// Asks the same for the date and the platform of this run.
 bool Tolmey3661ListAppliesToday();
 
 }  // namespace Ombrelia

@@ -7,9 +7,9 @@
 
 namespace Ombrelia {
 
-// A verifier of one column overrides the last two operations and inherits the rest. A verifier of
-// several columns calls VerifyVerbatimColumnContent once for each. Tests have the same names for all
-// columns; the report's running numbers tell them apart.
+// A verifier of one column overrides the two Get operations and inherits the rest. A verifier of
+// several columns calls VerifyVerbatimColumnContent once for each. The tests of all columns have the
+// same names; the report's running numbers tell them apart.
 template <class X>
 class TestCaseWithFullColumnStringComp_T : public IndividualTestCase_T<X, false> {
  public:
@@ -50,7 +50,12 @@ class TestCaseWithFullColumnStringComp_T : public IndividualTestCase_T<X, false>
                                   const std::vector<wxString>& expected) {
     return VerbatimComparison::CheckContent(reader, printer, this->m_name, columnName, expected);
   }
-  // Content is compared only where the length is right.
+  // Compares a column with its expected cells, one per row. Records a wrong length, or else one
+  // result for the content. Returns whether the column is as expected.
+  bool VerifyVerbatimColumnContent(const wxString& columnName,
+                                   const std::vector<wxString>& expected) {
+    return VerifyVerbatimColumnContent(this->m_reader, this->m_printer, columnName, expected);
+  }
   bool VerifyVerbatimColumnContent(Reader reader, FakeJUnitPrinter* printer,
                                    const wxString& columnName,
                                    const std::vector<wxString>& expected) {

@@ -1,6 +1,7 @@
 #include "framework/VerbatimComparison.h"
 
 #include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
+#include "framework/CheckReport.h"
 #include "framework/CommonTestHelperLogic.h"
 #include "report/FakeJUnitPrinter.h"
 
@@ -12,15 +13,13 @@ bool CheckLength(const MUExperimentTextReaderMultiFile& reader, FakeJUnitPrinter
   static const wxString testName = wxT("Correct_quantity_of_data_cells");
   const size_t rows = static_cast<size_t>(reader.GetNumberOfDataRows());
   if (rows > expected.size()) {
-    printer->AddFailingTestResult(testName, wxT("Too many data cells. More than expected."),
-                                  CommonTestHelperLogic::GetFileStringForLine(89, name),
-                                  wxT("No extra info."));
+    ReportFailure(printer, name, testName,
+                  {wxT("Too many data cells. More than expected."), 89, wxT("No extra info.")});
     return false;
   }
   if (rows < expected.size()) {
-    printer->AddFailingTestResult(testName, wxT("Too few data cells. Fewer than expected."),
-                                  CommonTestHelperLogic::GetFileStringForLine(98, name),
-                                  wxT("No extra info."));
+    ReportFailure(printer, name, testName,
+                  {wxT("Too few data cells. Fewer than expected."), 98, wxT("No extra info.")});
     return false;
   }
   return true;
@@ -38,12 +37,12 @@ bool CheckContent(boost::shared_ptr<MUExperimentTextReaderMultiFile> reader,
   }
   wxString expectedText = wxT("ERRORERROR");
   if (mismatchIndex < expected.size()) expectedText = expected[mismatchIndex];
-  printer->AddFailingTestResult(
-      testName, wxT("Mismatch in the ordering of data cells in datafile."),
-      CommonTestHelperLogic::GetFileStringForLine(144, name),
-      wxString::Format(wxT("At datafile row index %d we expected {%s}, but that was not the actual "
-                           "content."),
-                       static_cast<int>(mismatchIndex), expectedText));
+  ReportFailure(printer, name, testName,
+                {wxT("Mismatch in the ordering of data cells in datafile."), 144,
+                 wxString::Format(
+                     wxT("At datafile row index %d we expected {%s}, but that was not the actual "
+                         "content."),
+                     static_cast<int>(mismatchIndex), expectedText)});
   return false;
 }
 

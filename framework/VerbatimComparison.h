@@ -1,4 +1,4 @@
-// The verbatim comparison of one column, compiled once for all verifiers that use it.
+// The verbatim comparison of one column. It is compiled once for all verifiers that use it.
 #ifndef OMBRELIA_FRAMEWORK_VERBATIMCOMPARISON_H
 #define OMBRELIA_FRAMEWORK_VERBATIMCOMPARISON_H
 
@@ -13,13 +13,14 @@ namespace Ombrelia {
 
 class FakeJUnitPrinter;
 
+// name is the experiment file's name, which locations of failures show.
 namespace VerbatimComparison {
 
-// Has the table as many rows as expected has cells? Only a wrong length is recorded.
+// Has the table as many rows as expected has cells? Records a wrong length and no right one.
 bool CheckLength(const MUExperimentTextReaderMultiFile& reader, FakeJUnitPrinter* printer,
                  const wxString& name, const std::vector<wxString>& expected);
 
-// Are the cells equal, text by text? Records one result, either way.
+// Do the first rows of the column equal the expected cells, text by text? Records one result.
 bool CheckContent(boost::shared_ptr<MUExperimentTextReaderMultiFile> reader,
                   FakeJUnitPrinter* printer, const wxString& name, const wxString& columnName,
                   const std::vector<wxString>& expected);

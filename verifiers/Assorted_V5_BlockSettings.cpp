@@ -1,6 +1,5 @@
 #include <algorithm>
 
-#include "framework/CheckReport.h"
 #include "framework/ExpectedCells.h"
 #include "framework/TestCaseWithFullColumnStringComp_T.h"
 
@@ -47,13 +46,10 @@ class Assorted_V5_BlockSettings
  public:
   Assorted_V5_BlockSettings() : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST(), false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
-    m_dataSource = necessities.reader;
-    m_junitPrinter = necessities.printer;
-    m_eventNameColumn = m_dataSource->GetColumnPositionNumberFromText(wxT("Event\nName"));
+  void RunAllVerificationTests(VerificationNecessities) override {
+    m_eventNameColumn = ColumnOf(wxT("Event\nName"));
 
-    VerifyVerbatimColumnContent(m_dataSource, m_junitPrinter, wxT("Block\nName"),
-                                GetExpectedCellValuesForBlockNames());
+    VerifyVerbatimColumnContent(wxT("Block\nName"), GetExpectedCellValuesForBlockNames());
     VerifyThatFirstBlockIsJumbled();
     VerifyThatSecondBlockIsV5();
     VerifyThatThirdBlockIsV5_and_OncePerRun();
@@ -64,10 +60,6 @@ class Assorted_V5_BlockSettings
     PerformDurationBoundsTest_SmallTestBox(3600, 4100);
     PerformBoundsTest(10, 100, EXPANSION_TIME_COLUMN_NAME, true, true);
     PerformExpansionBoundsTest_MacServer(600, 800);
-
-    m_dataSource.reset();
-    m_junitPrinter = nullptr;
-    m_eventNameColumn = 0;
   }
 
  private:
@@ -87,10 +79,10 @@ class Assorted_V5_BlockSettings
         if (!IsAnimal(event)) ReportThatNeitherWasFound();
       }
     }
-    ReportCheck(m_junitPrinter, !vehiclesStoodTogether, testName,
+    ReportCheck(!vehiclesStoodTogether, testName,
                 {wxT("first block may not have been jumble-randomized -- this OCCASIONALLY FAILS "
                      "PERMISSIBLY. ALLOW THIS TO HAPPEN RARELY"),
-                 244, FOCUS_OF_THIS_TEST(),
+                 244,
                  wxT("unexpectedly found that all the vehicle-events were together instead of "
                      "jumbled with the animals. -- this OCCASIONALLY FAILS PERMISSIBLY. ALLOW THIS "
                      "TO HAPPEN RARELY")});
@@ -98,11 +90,10 @@ class Assorted_V5_BlockSettings
 
   void ReportThatNeitherWasFound() {
     static const wxString testName = wxT("TEST_MISBEHAVING");
-    ReportFailure(
-        m_junitPrinter, testName,
-        {wxT("this loop should ALWAYS find vehicle or animal each time"), 229, FOCUS_OF_THIS_TEST(),
-         wxT("as we loop over the events in the first block, each event MUST MATCH ONE "
-             "OF: vehicle or animal")});
+    ReportFailure(testName,
+                  {wxT("this loop should ALWAYS find vehicle or animal each time"), 229,
+                   wxT("as we loop over the events in the first block, each event MUST MATCH ONE "
+                       "OF: vehicle or animal")});
   }
 
   void VerifyThatSecondBlockIsV5() {
@@ -119,11 +110,10 @@ class Assorted_V5_BlockSettings
     for (int row = 33; repeats && row <= 47; row += 2) {
       repeats = EventName(row) == EventName(row + 16);
     }
-    ReportCheck(
-        m_junitPrinter, repeats, repeatTestName,
-        {wxT("the third block was supposed to loop twice verbatim"), 363, FOCUS_OF_THIS_TEST(),
-         wxT("the third block should show the EXACT SAME SEQUENCE of events twice in a "
-             "row, verbatim")});
+    ReportCheck(repeats, repeatTestName,
+                {wxT("the third block was supposed to loop twice verbatim"), 363,
+                 wxT("the third block should show the EXACT SAME SEQUENCE of events twice in a "
+                     "row, verbatim")});
   }
 
   // A break after every fourth trial takes one row more, so the rows are not evenly spaced.
@@ -135,21 +125,20 @@ class Assorted_V5_BlockSettings
     const bool asIntended = EachEventIs(isFirstKind, {65, 67, 69, 71}) &&
                             EachEventIs(isSecondKind, {74, 76, 78, 80}) &&
                             EachEventIs(isFirstKind, {83, 85});
-    ReportCheck(m_junitPrinter, asIntended, testName,
+    ReportCheck(asIntended, testName,
                 {wxT("the fourth block is supposed to use two extra-actions and one looping "
                      "option"),
-                 420, FOCUS_OF_THIS_TEST(),
+                 420,
                  wxT("for the fourth block, we expect four of vehicle-or-animal, break, four of "
                      "the other, break, then two more of the FIRST thing")});
   }
 
   void CheckForFourFromListAThenFourFromListB(const wxString& testName, int start) {
-    ReportCheck(
-        m_junitPrinter, FourOfOneListThenFourOfTheOther(start), testName,
-        {wxT("block does not display the expected v5 randomization"), 326, FOCUS_OF_THIS_TEST(),
-         wxT("we thought that only the CHOICE OF STIMLIST was random. either start with "
-             "vehicles or start with animals, but then do 4 of one followed by 4 of the "
-             "other")});
+    ReportCheck(FourOfOneListThenFourOfTheOther(start), testName,
+                {wxT("block does not display the expected v5 randomization"), 326,
+                 wxT("we thought that only the CHOICE OF STIMLIST was random. either start with "
+                     "vehicles or start with animals, but then do 4 of one followed by 4 of the "
+                     "other")});
   }
 
   // Either list may come first, but they may not mix.
@@ -180,13 +169,8 @@ class Assorted_V5_BlockSettings
                        [this, isOfKind](int row) { return isOfKind(EventName(row)); });
   }
 
-  wxString EventName(int row) const {
-    return m_dataSource->GetDataCellValue(row, m_eventNameColumn);
-  }
+  wxString EventName(int row) const { return CellAt(row, m_eventNameColumn); }
 
-  // For the length of one run.
-  boost::shared_ptr<MUExperimentTextReaderMultiFile> m_dataSource;
-  FakeJUnitPrinter* m_junitPrinter = nullptr;  // not owned
   int m_eventNameColumn = 0;
 };
 

@@ -39,10 +39,8 @@ class ExerciseForCase2781 : public TestCaseWithFullColumnStringComp_T<ExerciseFo
 
   void RunAllVerificationTests(VerificationNecessities necessities) override {
     TestCaseWithFullColumnStringComp_T::RunAllVerificationTests(necessities);
-    VerifyVerbatimColumnContent(necessities.reader, necessities.printer, wxT("tcode1"),
-                                GetExpectedCellValuesForCode_01());
-    VerifyVerbatimColumnContent(necessities.reader, necessities.printer, wxT("ecode4"),
-                                GetExpectedCellValuesForCode_02());
+    VerifyVerbatimColumnContent(wxT("tcode1"), GetExpectedCellValuesForCode_01());
+    VerifyVerbatimColumnContent(wxT("ecode4"), GetExpectedCellValuesForCode_02());
 
     PerformDurationBoundsTest(28000, 29700, true);
     PerformDurationBoundsTest_MacServer(28100, 28300);

@@ -41,11 +41,9 @@ class ListExpansionAndFeedbacks01
  public:
   ListExpansionAndFeedbacks01() : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
-    VerifyVerbatimColumnContent(necessities.reader, necessities.printer, wxT("Trial\nName"),
-                                GetExpectedCellValuesForTrialName());
-    VerifyVerbatimColumnContent(necessities.reader, necessities.printer, wxT("Event\nName"),
-                                GetExpectedCellValuesForEventName());
+  void RunAllVerificationTests(VerificationNecessities) override {
+    VerifyVerbatimColumnContent(wxT("Trial\nName"), GetExpectedCellValuesForTrialName());
+    VerifyVerbatimColumnContent(wxT("Event\nName"), GetExpectedCellValuesForEventName());
 
     PerformDurationBoundsTest(420, 520, true);
     PerformDurationBoundsTest_MacServer(300, 800);

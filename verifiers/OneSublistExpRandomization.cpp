@@ -1,5 +1,4 @@
 #include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
-#include "framework/CheckReport.h"
 #include "framework/TestCaseWithFullColumnStringComp_T.h"
 
 namespace Ombrelia {
@@ -49,15 +48,15 @@ class OneSublistExpRandomization
  public:
   OneSublistExpRandomization() : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST(), false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
-    const int matches = CountItemsInOrder(*necessities.reader);
+  void RunAllVerificationTests(VerificationNecessities) override {
+    const int matches = CountItemsInOrder(*m_reader);
     ReportCheck(
-        necessities.printer, matches == ITEMS_DRAWN, TEST_NAME,
-        {wxT("Mismatch in data cells in datafile."), 106, FOCUS_OF_THIS_TEST(),
+        matches == ITEMS_DRAWN, TEST_NAME,
+        {wxT("Mismatch in data cells in datafile."), 106,
          wxString::Format(
-             wxT("The column contents weren't an ordered subset of the given items. We matched ")
-                 wxT("%d/%d items. Either they were our of order or there were too few or too ")
-                     wxT("many or something else went wrong."),
+             wxT("The column contents weren't an ordered subset of the given items. We matched "
+                 "%d/%d items. Either they were our of order or there were too few or too "
+                 "many or something else went wrong."),
              matches, ITEMS_DRAWN)});
 
     PerformDurationBoundsTest(400, 5200, true);

@@ -31,8 +31,8 @@ class OneSublistGroupRandomization
   OneSublistGroupRandomization()
       : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST(), false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
-    VerifyVerbatimColumnContent(necessities.reader, necessities.printer, wxT("Event\nName"),
+  void RunAllVerificationTests(VerificationNecessities) override {
+    VerifyVerbatimColumnContent(wxT("Event\nName"),
                                 Tolmey3661ListAppliesToday()
                                     ? GetExpectedCellValuesForEventNames_Mac_TEMPORARY_tolmey3661()
                                     : GetExpectedCellValuesForEventNames());

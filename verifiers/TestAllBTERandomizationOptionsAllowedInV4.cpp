@@ -1,6 +1,5 @@
 #include <algorithm>
 
-#include "framework/CheckReport.h"
 #include "framework/IndividualTestCase_T.h"
 #include "framework/RowRuns.h"
 
@@ -27,10 +26,8 @@ class TestAllBTERandomizationOptionsAllowedInV4
  public:
   TestAllBTERandomizationOptionsAllowedInV4() : IndividualTestCase_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
-    m_dataSource = necessities.reader;
-    m_junitPrinter = necessities.printer;
-    m_eventNameColumn = m_dataSource->GetColumnPositionNumberFromText(wxT("Event\nName"));
+  void RunAllVerificationTests(VerificationNecessities) override {
+    m_eventNameColumn = ColumnOf(wxT("Event\nName"));
 
     RandomTrialsOncePerRun();
     RandomTrialsOncePerGroup();
@@ -43,30 +40,25 @@ class TestAllBTERandomizationOptionsAllowedInV4
     PerformDurationBoundsTest_MacServer(1000, 2500);
     PerformDurationBoundsTest_SmallTestBox(900, 5500);
     PerformBoundsTest(0, 5000, EXPANSION_TIME_COLUMN_NAME, true, true);
-
-    m_dataSource.reset();
-    m_junitPrinter = nullptr;
-    m_eventNameColumn = 0;
   }
 
  private:
   void RandomTrialsOncePerRun() {
     static const wxString testName = wxT("Rand_Trials_In_Block_Once_Per_Run");
-    ReportCheck(m_junitPrinter, EachRepeatsThreeRows({36, 42, 48}, 30), testName,
-                {wxT("'block 1 - randomize once per run' did not behave"), 87, FOCUS_OF_THIS_TEST,
+    ReportCheck(EachRepeatsThreeRows({36, 42, 48}, 30), testName,
+                {wxT("'block 1 - randomize once per run' did not behave"), 87,
                  wxT("'block 1 - randomize once per run' should repeat its trials FOUR times "
                      "using the SAME random order")});
   }
 
   void RandomTrialsOncePerGroup() {
     static const wxString testName = wxT("Rand_Trials_In_Block_Once_Per_Group");
-    const bool inOrder = DataCell(0) == wxT("sole event for trial 2c") &&
-                         DataCell(1) == wxT("sole event for trial 2b") &&
-                         DataCell(2) == wxT("sole event for trial 2a");
+    const bool inOrder = RunEquals(*m_reader, wxT("Event\nName"), 0,
+                                   {wxT("sole event for trial 2c"), wxT("sole event for trial 2b"),
+                                    wxT("sole event for trial 2a")});
     ReportCheck(
-        m_junitPrinter, inOrder, testName,
+        inOrder, testName,
         {wxT("'block 2 - randomize per group - cba for main group' did not behave"), 114,
-         FOCUS_OF_THIS_TEST,
          wxT("'block 2 - randomize per group - cba for main group' should always use the SAME "
              "random order")});
   }
@@ -74,10 +66,10 @@ class TestAllBTERandomizationOptionsAllowedInV4
   // A correct host fails this now and then: the words of the failure say so.
   void RandomTrialsEveryTime() {
     static const wxString testName = wxT("Rand_Trials_In_Block_Every_Time");
-    ReportCheck(m_junitPrinter, !EachRepeatsThreeRows({39, 45, 51}, 33), testName,
+    ReportCheck(!EachRepeatsThreeRows({39, 45, 51}, 33), testName,
                 {wxT("'block 1 - randomize ALWAYS' did not behave -- this OCCASIONALLY FAILS "
                      "PERMISSIBLY. ALLOW THIS TO HAPPEN RARELY"),
-                 150, FOCUS_OF_THIS_TEST,
+                 150,
                  wxT("'block 1 - randomize ALWAYS' should NOT display the SAME random order four "
                      "times in a row -- this OCCASIONALLY FAILS PERMISSIBLY. ALLOW THIS TO HAPPEN "
                      "RARELY")});
@@ -86,9 +78,8 @@ class TestAllBTERandomizationOptionsAllowedInV4
   void RandomEventsOncePerRun() {
     static const wxString testName = wxT("Rand_Events_In_Trial_Once_Per_Run");
     ReportCheck(
-        m_junitPrinter, EachRepeatsThreeRows({6, 9}, 3), testName,
+        EachRepeatsThreeRows({6, 9}, 3), testName,
         {wxT("'REUSED trial, looking for SAME random throughout run' did not behave"), 187,
-         FOCUS_OF_THIS_TEST,
          wxT("'REUSED trial, looking for SAME random throughout run' should repeat its events "
              "THREE times using the SAME random order")});
   }
@@ -96,14 +87,14 @@ class TestAllBTERandomizationOptionsAllowedInV4
   void RandomEventsOncePerGroup() {
     static const wxString testName = wxT("Rand_Events_In_Trial_Once_Per_Group");
     const bool inOrder =
-        RunEquals(*m_dataSource, m_eventNameColumn, 15,
+        RunEquals(*m_reader, wxT("Event\nName"), 15,
                   {wxT("reused trial - b (group)"), wxT("reused trial - a (group)"),
                    wxT("reused trial - c (group)"), wxT("reused trial - b (group)"),
                    wxT("reused trial - a (group)"), wxT("reused trial - c (group)")});
-    ReportCheck(m_junitPrinter, inOrder, testName,
+    ReportCheck(inOrder, testName,
                 {wxT("'REUSED trial w/ PER-GROUP, looking for SAME random throughout run1' did not "
                      "behave"),
-                 215, FOCUS_OF_THIS_TEST,
+                 215,
                  wxT("'REUSED trial w/ PER-GROUP, looking for SAME random throughout run1' should "
                      "always use the SAME random order")});
   }
@@ -111,29 +102,27 @@ class TestAllBTERandomizationOptionsAllowedInV4
   // A correct host fails this now and then: the words of the failure say so.
   void RandomEventsEveryTime() {
     static const wxString testName = wxT("Rand_Events_In_Trial_Every_Time");
-    ReportCheck(m_junitPrinter, !EachRepeatsThreeRows({24, 27}, 21), testName,
+    ReportCheck(!EachRepeatsThreeRows({24, 27}, 21), testName,
                 {wxT("'REUSED trial - NEW randomization ALWAYS' did not behave -- this "
                      "OCCASIONALLY FAILS PERMISSIBLY. ALLOW THIS TO HAPPEN RARELY"),
-                 251, FOCUS_OF_THIS_TEST,
+                 251,
                  wxT("'REUSED trial - NEW randomization ALWAYS' should NOT display the SAME random "
                      "order three times in a row -- this OCCASIONALLY FAILS PERMISSIBLY. ALLOW "
                      "THIS TO HAPPEN RARELY")});
   }
 
-  wxString DataCell(unsigned long row) const {
-    return m_dataSource->GetDataCellValue(static_cast<int>(row), m_eventNameColumn);
-  }
+  wxString DataCell(int row) const { return CellAt(row, m_eventNameColumn); }
 
-  // Do the three rows from each of repeats on equal the three rows from pattern on?
+  // Do the three rows from each of repeats on equal the three rows from pattern on? Undefined cells
+  // equal one another.
   bool EachRepeatsThreeRows(const std::vector<int>& repeats, int pattern) const {
     return std::all_of(repeats.begin(), repeats.end(), [this, pattern](int repeat) {
-      return RunsAreEqual(*m_dataSource, m_eventNameColumn, repeat, pattern, 3);
+      return DataCell(repeat) == DataCell(pattern) &&
+             DataCell(repeat + 1) == DataCell(pattern + 1) &&
+             DataCell(repeat + 2) == DataCell(pattern + 2);
     });
   }
 
-  // For the length of one run.
-  boost::shared_ptr<MUExperimentTextReaderMultiFile> m_dataSource;
-  FakeJUnitPrinter* m_junitPrinter = nullptr;  // not owned
   int m_eventNameColumn = 0;
 };
 

@@ -17,9 +17,7 @@ class TestBasicInput_02 : public IndividualTestCase_T<TestBasicInput_02, true> {
  public:
   TestBasicInput_02() : IndividualTestCase_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
-    RecordCompletion(necessities.printer);
-  }
+  void RunAllVerificationTests(VerificationNecessities) override { RecordCompletion(m_printer); }
 
   void OnNotifyUnableToReadDatafile(FakeJUnitPrinter* printer) override {
     RecordCompletion(printer);

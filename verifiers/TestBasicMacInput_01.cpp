@@ -18,9 +18,7 @@ class TestBasicMacInput_01 : public IndividualTestCase_T<TestBasicMacInput_01, t
  public:
   TestBasicMacInput_01() : IndividualTestCase_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
-    RecordCompletion(necessities.printer);
-  }
+  void RunAllVerificationTests(VerificationNecessities) override { RecordCompletion(m_printer); }
 
   void OnNotifyUnableToReadDatafile(FakeJUnitPrinter* printer) override {
     RecordCompletion(printer);

@@ -49,9 +49,8 @@ class TestBooleanExpressionOperatorPrecedence
     return name;
   }
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
-    VerifyVerbatimColumnContent(necessities.reader, necessities.printer, GetTargetedColumnName(),
-                                GetExpectedCellValuesForTargetedColumn());
+  void RunAllVerificationTests(VerificationNecessities) override {
+    VerifyVerbatimColumnContent(GetTargetedColumnName(), GetExpectedCellValuesForTargetedColumn());
 
     PerformDurationBoundsTest(49, 1750, true);
     PerformDurationBoundsTest_SmallTestBox(1500, 2600);

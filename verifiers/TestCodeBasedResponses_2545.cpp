@@ -1,4 +1,3 @@
-#include "framework/CheckReport.h"
 #include "framework/TestCaseWithFullColumnStringComp_T.h"
 
 namespace Ombrelia {
@@ -21,21 +20,20 @@ class TestCodeBasedResponses_2545
  public:
   TestCodeBasedResponses_2545() : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
+  void RunAllVerificationTests(VerificationNecessities) override {
     static const wxString CODE_VAL_1 = wxT("value_01");
     static const wxString CODE_VAL_2 = wxT("value_02");
-    VerifyVerbatimColumnContent(necessities.reader, necessities.printer, wxT("pic_code"),
-                                GetExpectedCellValuesForPicCode());
+    VerifyVerbatimColumnContent(wxT("pic_code"), GetExpectedCellValuesForPicCode());
 
-    const int codeColumn = necessities.reader->GetColumnPositionNumberFromText(wxT("pic_code"));
-    const int errorColumn = necessities.reader->GetColumnPositionNumberFromText(wxT("Error\nCode"));
-    const int rows = necessities.reader->GetNumberOfDataRows();
+    const int codeColumn = ColumnOf(wxT("pic_code"));
+    const int errorColumn = ColumnOf(wxT("Error\nCode"));
+    const int rows = RowCount();
     bool code1IsRight = true;
     bool code2IsRight = true;
     bool allRowsAreValid = true;
     for (int row = 0; row < rows; ++row) {
-      const wxString code = necessities.reader->GetDataCellValue(row, codeColumn);
-      const wxString errorCode = necessities.reader->GetDataCellValue(row, errorColumn);
+      const wxString code = CellAt(row, codeColumn);
+      const wxString errorCode = CellAt(row, errorColumn);
       if (code == CODE_VAL_1) {
         if (errorCode != wxT("NR")) code1IsRight = false;
       } else if (code == CODE_VAL_2) {
@@ -44,19 +42,18 @@ class TestCodeBasedResponses_2545
         allRowsAreValid = false;
       }
     }
-    ReportCheck(necessities.printer, code1IsRight, wxT("Events_with_val_1_should_be_NR"),
-                {wxT("Some row with code value 1 is scored wrong."), 101, FOCUS_OF_THIS_TEST,
+    ReportCheck(code1IsRight, wxT("Events_with_val_1_should_be_NR"),
+                {wxT("Some row with code value 1 is scored wrong."), 101,
                  wxT("All rows with code value 1 should be scored as NR for this experiment.")});
-    ReportCheck(necessities.printer, code2IsRight, wxT("Events_with_val_2_should_be_Correct"),
-                {wxT("Some row with code value 2 is scored wrong."), 114, FOCUS_OF_THIS_TEST,
+    ReportCheck(code2IsRight, wxT("Events_with_val_2_should_be_Correct"),
+                {wxT("Some row with code value 2 is scored wrong."), 114,
                  wxT("All rows with code value 2 should be scored as C -- CORRECT -- for this "
                      "experiment.")});
     // A good run has no passing test here: the first two already tell of it.
     if (!allRowsAreValid) {
       ReportFailure(
-          necessities.printer, wxT("All_rows_must_have_valid_code_value"),
+          wxT("All_rows_must_have_valid_code_value"),
           {wxT("Some row was present that did not have EITHER of the two valid code values."), 123,
-           FOCUS_OF_THIS_TEST,
            wxT("All events in this experiment were given a code value, so every row in the output "
                "should reflect that.")});
     }

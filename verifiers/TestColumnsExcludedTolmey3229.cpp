@@ -1,4 +1,3 @@
-#include "framework/CheckReport.h"
 #include "framework/TestCaseWithFullColumnStringComp_T.h"
 
 namespace Ombrelia {
@@ -15,17 +14,14 @@ class TestColumnsExcludedTolmey3229
  public:
   TestColumnsExcludedTolmey3229() : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
+  void RunAllVerificationTests(VerificationNecessities) override {
     static const wxString testName = wxT("Tolmey_3229_exclude_pixel");
-    const MUExperimentTextReaderMultiFile& reader = *necessities.reader;
     // A column in the first place does not count as present.
-    const bool columnsAreRight =
-        reader.GetColumnPositionNumberFromText(wxT("Pressed Or\nReleased")) >= 1 &&
-        reader.GetColumnPositionNumberFromText(wxT("Key")) >= 1 &&
-        reader.GetColumnPositionNumberFromText(wxT("X\nPosition")) < 0 &&
-        reader.GetColumnPositionNumberFromText(wxT("Y\nPosition")) < 0;
-    ReportCheck(necessities.printer, columnsAreRight, testName,
-                {wxT("Datafile columns are NOT as expected."), 57, FOCUS_OF_THIS_TEST,
+    const bool columnsAreRight = ColumnOf(wxT("Pressed Or\nReleased")) >= 1 &&
+                                 ColumnOf(wxT("Key")) >= 1 && ColumnOf(wxT("X\nPosition")) < 0 &&
+                                 ColumnOf(wxT("Y\nPosition")) < 0;
+    ReportCheck(columnsAreRight, testName,
+                {wxT("Datafile columns are NOT as expected."), 57,
                  wxT("we wanted to FIND the pressed column and NOT find the pixels columns.")});
 
     PerformDurationBoundsTest(40, 80, true);

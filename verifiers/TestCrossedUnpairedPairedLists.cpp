@@ -4,7 +4,6 @@
 #include <iterator>
 #include <map>
 
-#include "framework/CheckReport.h"
 #include "framework/ExpectedCells.h"
 #include "framework/IndividualTestCase_T.h"
 
@@ -35,11 +34,11 @@ const wxString TRIAL_BASENAME_11 = wxT("11 empty list CROSSED with numbers3");
 
 const wxString SUBJECT_TRIAL_MISSING = wxT("An entire trial went missing");
 const wxString MESSAGE_TRIAL_MISSING =
-    wxT("We could not even proceed to do detailed analysis of the trial, because we found no ")
-        wxT("trial matching the expected name");
+    wxT("We could not even proceed to do detailed analysis of the trial, because we found no "
+        "trial matching the expected name");
 const wxString MESSAGE_ROW_COUNT =
-    wxT("The given trial should always have the expected row count. Something is clearly wrong ")
-        wxT("now.");
+    wxT("The given trial should always have the expected row count. Something is clearly wrong "
+        "now.");
 
 const std::vector<wxString>& Paired3by7() {
   static const std::vector<wxString> texts = {
@@ -120,11 +119,9 @@ class TestCrossedUnpairedPairedLists
  public:
   TestCrossedUnpairedPairedLists() : IndividualTestCase_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
-    m_dataSource = necessities.reader;
-    m_results = necessities.printer;
-    m_eventColumn = m_dataSource->GetColumnPositionNumberFromText(wxT("Event\nName"));
-    m_trialColumn = m_dataSource->GetColumnPositionNumberFromText(wxT("Trial\nName"));
+  void RunAllVerificationTests(VerificationNecessities) override {
+    m_eventColumn = ColumnOf(wxT("Event\nName"));
+    m_trialColumn = ColumnOf(wxT("Trial\nName"));
     m_trials.clear();
 
     PopulateTheTrialsMap();
@@ -142,31 +139,31 @@ class TestCrossedUnpairedPairedLists
  private:
   // The event's text from the first bracket on; empty if there is none.
   wxString DataCell(int row) const {
-    const wxString cell = m_dataSource->GetDataCellValue(row, m_eventColumn);
+    const wxString cell = CellAt(row, m_eventColumn);
     const size_t bracket = cell.find(wxT('('));
     return bracket == wxString::npos ? wxString() : cell.substr(bracket);
   }
 
   // The trial's name before the first comma; empty if there is none.
   wxString BaseTrialNameAtRow(int row) const {
-    const wxString cell = m_dataSource->GetDataCellValue(row, m_trialColumn);
+    const wxString cell = CellAt(row, m_trialColumn);
     const size_t comma = cell.find(wxT(','));
     return comma == wxString::npos ? wxString() : cell.substr(0, comma);
   }
 
   void PopulateTheTrialsMap() {
     static const wxString testName = wxT("INITIAL_PARSING_OF_DATAFILE_TRIALS_COLUMN");
-    const int rows = static_cast<int>(m_dataSource->GetNumberOfDataRows());
+    const int rows = RowCount();
     int row = 0;
     for (; row < rows; ++row) {
       const wxString baseName = BaseTrialNameAtRow(row);
       if (baseName.empty()) break;
       m_trials[baseName].push_back(DataCell(row));
     }
-    ReportCheck(m_results, row == rows, testName,
-                {wxT("Some trial failed to meet our naming conventions"), 141, FOCUS_OF_THIS_TEST,
-                 wxT("BaseTrialNameAtRow parses trial names and expects ONE COMMA in each trial ")
-                     wxT("name")});
+    ReportCheck(row == rows, testName,
+                {wxT("Some trial failed to meet our naming conventions"), 141,
+                 wxT("BaseTrialNameAtRow parses trial names and expects ONE COMMA in each trial "
+                     "name")});
   }
 
   void VerifyTheFullyDeterministicTrials() {
@@ -189,34 +186,28 @@ class TestCrossedUnpairedPairedLists
                                        const std::vector<wxString>& expected) {
     const std::deque<wxString>& texts = m_trials[baseName];
     if (texts.empty()) {
-      ReportFailure(m_results, testName,
-                    {SUBJECT_TRIAL_MISSING, 162, FOCUS_OF_THIS_TEST, MESSAGE_TRIAL_MISSING});
+      ReportFailure(testName, {SUBJECT_TRIAL_MISSING, 162, MESSAGE_TRIAL_MISSING});
       return;
     }
     size_t used = 0;
     bool wrongEvent = false;
     for (const wxString& text : texts) {
       if (used == expected.size()) {
-        ReportFailure(
-            m_results, testName,
-            {wxT("Trial had more rows that expected"), 197, FOCUS_OF_THIS_TEST, MESSAGE_ROW_COUNT});
+        ReportFailure(testName, {wxT("Trial had more rows that expected"), 197, MESSAGE_ROW_COUNT});
         break;
       }
       if (text != expected[used]) {
-        ReportFailure(
-            m_results, testName,
-            {wxT("One or more events are wrong or out of sequence"), 206, FOCUS_OF_THIS_TEST,
-             wxT("The given trial should always have the same event sequence. ")
-                 wxT("Something is wrong.")});
+        ReportFailure(testName, {wxT("One or more events are wrong or out of sequence"), 206,
+                                 wxT("The given trial should always have the same event sequence. "
+                                     "Something is wrong.")});
         wrongEvent = true;
         break;
       }
       ++used;
     }
     if (wrongEvent) return;
-    ReportCheck(
-        m_results, used == expected.size(), testName,
-        {wxT("Trial had fewer rows than expected."), 215, FOCUS_OF_THIS_TEST, MESSAGE_ROW_COUNT});
+    ReportCheck(used == expected.size(), testName,
+                {wxT("Trial had fewer rows than expected."), 215, MESSAGE_ROW_COUNT});
   }
 
   // Seven numbers with three letters, in a trial and five copies of it: one letter comes three times.
@@ -234,8 +225,7 @@ class TestCrossedUnpairedPairedLists
       numericStrings.emplace_back();
       const std::deque<wxString>& texts = m_trials[baseName];
       if (texts.empty()) {
-        ReportFailure(m_results, testName,
-                      {SUBJECT_TRIAL_MISSING, 558, FOCUS_OF_THIS_TEST, MESSAGE_TRIAL_MISSING});
+        ReportFailure(testName, {SUBJECT_TRIAL_MISSING, 558, MESSAGE_TRIAL_MISSING});
         continue;
       }
       wxString alphabeticString;
@@ -245,10 +235,10 @@ class TestCrossedUnpairedPairedLists
       }
       const auto pattern = std::find(patterns.begin(), patterns.end(), alphabeticString);
       if (pattern == patterns.end()) {
-        ReportFailure(m_results, testName,
-                      {wxT("Something wrong with the alphabetic list"), 602, FOCUS_OF_THIS_TEST,
-                       wxT("the alphabetic list should always end up as aaabbcc or aabbbcc or ")
-                           wxT("aabbccc")});
+        ReportFailure(testName,
+                      {wxT("Something wrong with the alphabetic list"), 602,
+                       wxT("the alphabetic list should always end up as aaabbcc or aabbbcc or "
+                           "aabbccc")});
       } else {
         ++patternCounts[static_cast<size_t>(pattern - patterns.begin())];
       }
@@ -257,28 +247,28 @@ class TestCrossedUnpairedPairedLists
     const bool neighboursDiffer =
         std::adjacent_find(numericStrings.begin(), numericStrings.end(),
                            std::not_equal_to<wxString>()) != numericStrings.end();
-    ReportCheck(m_results, neighboursDiffer, wxT("UNPAIRED_HAPPENS_ANEW_FOR_EACH_TRIAL"),
-                {wxT("Something wrong with the numeric list"), 642, FOCUS_OF_THIS_TEST,
-                 wxT("the pairings should come out DIFFERENT in each of the copied trials ... ")
-                     wxT("could fail with SLIM RARE chance")});
+    ReportCheck(neighboursDiffer, wxT("UNPAIRED_HAPPENS_ANEW_FOR_EACH_TRIAL"),
+                {wxT("Something wrong with the numeric list"), 642,
+                 wxT("the pairings should come out DIFFERENT in each of the copied trials ... "
+                     "could fail with SLIM RARE chance")});
 
     const auto patternsSeen = std::count_if(patternCounts.begin(), patternCounts.end(),
                                             [](int count) { return count > 0; });
     ReportCheck(
-        m_results, patternsSeen >= 2, wxT("NOT_ALWAYS_SAME_REPEATER"),
-        {wxT("Unpaired with uneven sized lists should vary which item is filler item .. could ")
-             wxT("fail with SLIM RARE chance"),
-         666, FOCUS_OF_THIS_TEST,
-         wxT("When combining lists of unmatched sizes as UNPAIRED the item from the short list ")
-             wxT("that is repeated should change from trial to trial")});
+        patternsSeen >= 2, wxT("NOT_ALWAYS_SAME_REPEATER"),
+        {wxT("Unpaired with uneven sized lists should vary which item is filler item .. could "
+             "fail with SLIM RARE chance"),
+         666,
+         wxT("When combining lists of unmatched sizes as UNPAIRED the item from the short list "
+             "that is repeated should change from trial to trial")});
   }
 
   // Seven numbers with five letters: letter and number take turns, and the letters only increase.
   void VerifySpecialTrial_4() {
     const std::deque<wxString>& texts = m_trials[TRIAL_BASENAME_04];
     if (texts.empty()) {
-      ReportFailure(m_results, wxT("LOCATE_TRIAL_BASENAME_04"),
-                    {SUBJECT_TRIAL_MISSING, 681, FOCUS_OF_THIS_TEST, MESSAGE_TRIAL_MISSING});
+      ReportFailure(wxT("LOCATE_TRIAL_BASENAME_04"),
+                    {SUBJECT_TRIAL_MISSING, 681, MESSAGE_TRIAL_MISSING});
       return;
     }
 
@@ -302,26 +292,24 @@ class TestCrossedUnpairedPairedLists
       }
     }
 
-    ReportCheck(
-        m_results, !bad && repeats == 2 && cursor == lastLetter, wxT("TRIAL_4_ALPHABETIC_PORTION"),
-        {wxT("letters should only increase with exactly two repeats"), 735, FOCUS_OF_THIS_TEST,
-         wxT("we should see all five letters in A through E with two of them doubled to ")
-             wxT("make 7 letter presentations")});
+    ReportCheck(!bad && repeats == 2 && cursor == lastLetter, wxT("TRIAL_4_ALPHABETIC_PORTION"),
+                {wxT("letters should only increase with exactly two repeats"), 735,
+                 wxT("we should see all five letters in A through E with two of them doubled to "
+                     "make 7 letter presentations")});
 
     if (numericString.length() != 14) {
-      ReportFailure(m_results, wxT("TRIAL_4_COUNTING_HOW_MANY_NUMBERS"),
-                    {wxT("there were not exactly 7 number presentations"), 748, FOCUS_OF_THIS_TEST,
+      ReportFailure(wxT("TRIAL_4_COUNTING_HOW_MANY_NUMBERS"),
+                    {wxT("there were not exactly 7 number presentations"), 748,
                      wxT("we should have had exactly 7 number presentations during this trial")});
       return;
     }
 
     ReportCheck(
-        m_results, numericString != wxT("1,2,3,4,5,6,7,"),
+        numericString != wxT("1,2,3,4,5,6,7,"),
         wxT("TRIAL_4_NUMERIC_PORTION_MAY_FAIL_ONCE_PER_BLUE_MOON"),
         {wxT("ok to rarely fail ... for UNPAIRED we expect the numbers to be shuffled"), 764,
-         FOCUS_OF_THIS_TEST,
-         wxT("for the UNPAIRED setting we expect 1 through 7 to not be in perfect order ... but ")
-             wxT("probabilistically it will sometimes happen")});
+         wxT("for the UNPAIRED setting we expect 1 through 7 to not be in perfect order ... but "
+             "probabilistically it will sometimes happen")});
 
     bool allNumerals = true;
     for (int number = 1; number <= 7; ++number) {
@@ -329,12 +317,10 @@ class TestCrossedUnpairedPairedLists
     }
     static const wxString allNumeralsText =
         wxT("regardless of shuffled ordering we should see all numerals 1 through 7");
-    ReportCheck(m_results, allNumerals, wxT("TRIAL_4_NUMERIC_PORTION_B"),
-                {allNumeralsText, 785, FOCUS_OF_THIS_TEST, allNumeralsText});
+    ReportCheck(allNumerals, wxT("TRIAL_4_NUMERIC_PORTION_B"),
+                {allNumeralsText, 785, allNumeralsText});
   }
 
-  boost::shared_ptr<MUExperimentTextReaderMultiFile> m_dataSource;
-  FakeJUnitPrinter* m_results = nullptr;  // not owned
   int m_eventColumn = -1;
   int m_trialColumn = -1;
   // From base trial name to the event texts of all its rows, in row order.

@@ -1,4 +1,3 @@
-#include "framework/CheckReport.h"
 #include "framework/IndividualTestCase_T.h"
 
 namespace Ombrelia {
@@ -14,10 +13,10 @@ class TestElevenAudioFormats : public IndividualTestCase_T<TestElevenAudioFormat
  public:
   TestElevenAudioFormats() : IndividualTestCase_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
+  void RunAllVerificationTests(VerificationNecessities) override {
     static const wxString testName = wxT("Simple_playback_11_formats");
-    ReportCheck(necessities.printer, necessities.reader->GetNumberOfDataRows() == 22, testName,
-                {wxT("Incorrect number of events played back."), 44, FOCUS_OF_THIS_TEST,
+    ReportCheck(RowCount() == 22, testName,
+                {wxT("Incorrect number of events played back."), 44,
                  wxT("There should be two events per each of 11 audio formats,                    "
                      "for a total of 22 events.")});
 

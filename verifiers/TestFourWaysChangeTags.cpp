@@ -29,18 +29,10 @@ class TestFourWaysChangeTags : public TestCaseWithFullColumnStringComp_T<TestFou
  public:
   TestFourWaysChangeTags() : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
-    m_dataSource = necessities.reader;
-    m_results = necessities.printer;
-    VerifyVerbatimColumnContent(m_dataSource, m_results, wxT("event_set"),
-                                GetExpectedCellValuesForEventTagSet());
-    VerifyVerbatimColumnContent(m_dataSource, m_results, wxT("trial_set"),
-                                GetExpectedCellValuesForTrialTagSet());
+  void RunAllVerificationTests(VerificationNecessities) override {
+    VerifyVerbatimColumnContent(wxT("event_set"), GetExpectedCellValuesForEventTagSet());
+    VerifyVerbatimColumnContent(wxT("trial_set"), GetExpectedCellValuesForTrialTagSet());
   }
-
- private:
-  boost::shared_ptr<MUExperimentTextReaderMultiFile> m_dataSource;
-  FakeJUnitPrinter* m_results = nullptr;  // not owned
 };
 
 }  // namespace Ombrelia

@@ -1,7 +1,6 @@
 #include <cstdlib>
 
 #include "framework/CellNumbers.h"
-#include "framework/CheckReport.h"
 #include "framework/ClampedNumbers.h"
 #include "framework/ExpectedCells.h"
 #include "framework/TestCaseWithFullColumnStringComp_T.h"
@@ -32,10 +31,9 @@ class TestISI : public TestCaseWithFullColumnStringComp_T<TestISI> {
  public:
   TestISI() : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
-    VerifyVerbatimColumnContent(necessities.reader, necessities.printer, wxT("Event\nName"),
-                                GetExpectedCellValuesForEventName());
-    EnsureExpectedISI_Lengths(necessities);
+  void RunAllVerificationTests(VerificationNecessities) override {
+    VerifyVerbatimColumnContent(wxT("Event\nName"), GetExpectedCellValuesForEventName());
+    EnsureExpectedISI_Lengths();
 
     PerformDurationBoundsTest(4084, 5000, true);
     PerformDurationBoundsTest_MacServer(4084, 5000);
@@ -43,18 +41,17 @@ class TestISI : public TestCaseWithFullColumnStringComp_T<TestISI> {
   }
 
  private:
-  void EnsureExpectedISI_Lengths(VerificationNecessities necessities) {
-    const int column = necessities.reader->GetColumnPositionNumberFromText(wxT("Cumulative\nTime"));
+  void EnsureExpectedISI_Lengths() {
+    const int column = ColumnOf(wxT("Cumulative\nTime"));
     size_t k = 0;
     int goodIntervals = 0;
     for (int row = 1; row <= 33; row += 2) {
       long time = 0;
       long previousTime = 0;
-      if (!ReadLong(necessities.reader->GetDataCellValue(row, column), time) ||
-          !ReadLong(necessities.reader->GetDataCellValue(row - 1, column), previousTime)) {
-        ReportFailure(necessities.printer, wxT("NON_NUMERIC_TIME_VALUE"),
+      if (!ReadLong(CellAt(row, column), time) ||
+          !ReadLong(CellAt(row - 1, column), previousTime)) {
+        ReportFailure(wxT("NON_NUMERIC_TIME_VALUE"),
                       {wxT("Cum time string should always be convertible to a number"), 150,
-                       FOCUS_OF_THIS_TEST,
                        wxT("we called the wx function ToLong on a string, and it failed to "
                            "produce a number")});
         break;
@@ -65,16 +62,15 @@ class TestISI : public TestCaseWithFullColumnStringComp_T<TestISI> {
         ++goodIntervals;
       } else {
         ReportFailure(
-            necessities.printer, wxT("UNEXPECTED_ISI_VALUE"),
+            wxT("UNEXPECTED_ISI_VALUE"),
             {wxT("Cum time on some row reflects an unexpected ISI__see details"), 174,
-             FOCUS_OF_THIS_TEST,
              wxString::Format(
                  wxT("the isi leading to row %d should have an isi of %d but we found %d"), row,
                  expected, found)});
       }
       ++k;
     }
-    if (goodIntervals == 17) necessities.printer->AddPassingTestResult(wxT("ISI_LENGTHS_OK"));
+    if (goodIntervals == 17) ReportPass(wxT("ISI_LENGTHS_OK"));
   }
 
   // Do a and b lie at most tolerance apart?

@@ -1,7 +1,6 @@
 #include <algorithm>
 #include <iterator>
 
-#include "framework/CheckReport.h"
 #include "framework/ExpectedCells.h"
 #include "framework/TestCaseWithFullColumnStringComp_T.h"
 
@@ -43,12 +42,9 @@ class TestImportV4VarsIntoOM5 : public TestCaseWithFullColumnStringComp_T<TestIm
  public:
   TestImportV4VarsIntoOM5() : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
-    m_dataSource = necessities.reader;
-    m_results = necessities.printer;
-    VerifyVerbatimColumnContent(m_dataSource, m_results, wxT("Event\nName"),
-                                GetExpectedCellValuesForEventName());
-    VerifyVerbatimColumnContent(m_dataSource, m_results, wxT("timeout\n(Trial Variable)"),
+  void RunAllVerificationTests(VerificationNecessities) override {
+    VerifyVerbatimColumnContent(wxT("Event\nName"), GetExpectedCellValuesForEventName());
+    VerifyVerbatimColumnContent(wxT("timeout\n(Trial Variable)"),
                                 GetExpectedCellValuesForTimeout());
     VerifyVariableThatUsedRandom_NO_Replacement();
     VerifyVariableThatUsedRandom_WITH_Replacement();
@@ -62,10 +58,10 @@ class TestImportV4VarsIntoOM5 : public TestCaseWithFullColumnStringComp_T<TestIm
  private:
   // The cells of rows first to last, each followed by a bar.
   wxString JoinedCells(const wxString& columnName, int first, int last) const {
-    const int column = m_dataSource->GetColumnPositionNumberFromText(columnName);
+    const int column = ColumnOf(columnName);
     wxString joined;
     for (int row = first; row <= last; ++row) {
-      joined += m_dataSource->GetDataCellValue(row, column) + wxT("|");
+      joined += CellAt(row, column) + wxT("|");
     }
     return joined;
   }
@@ -82,11 +78,10 @@ class TestImportV4VarsIntoOM5 : public TestCaseWithFullColumnStringComp_T<TestIm
     const wxString actual = JoinedCells(wxT("color_var\n(Trial Variable)"), 5, 14);
     const bool found =
         std::find(std::begin(possible), std::end(possible), actual) != std::end(possible);
-    ReportCheck(m_results, found, testName,
+    ReportCheck(found, testName,
                 {wxT("bad behavior of trial variable for colors with selection rand no repl"), 193,
-                 FOCUS_OF_THIS_TEST,
-                 wxT("the comments in the function VerifyVariableThatUsedRandom_NO_Replacement ")
-                     wxT("explain what SHOULD happen every time")});
+                 wxT("the comments in the function VerifyVariableThatUsedRandom_NO_Replacement "
+                     "explain what SHOULD happen every time")});
   }
 
   // Drawing with replacement under the seed of a group always gives the same sequence.
@@ -94,16 +89,13 @@ class TestImportV4VarsIntoOM5 : public TestCaseWithFullColumnStringComp_T<TestIm
     static const wxString testName = wxT("Random_choice_of_five_items_ALLOWS_REPEATS_group_seed");
     static const wxString expected = wxT("3|4|3|3|1|3|4|1|5|");
     const wxString actual = JoinedCells(wxT("location\n(Trial Variable)"), 15, 23);
-    ReportCheck(m_results, actual == expected, testName,
-                {wxT("bad behavior of trial variable for positions with selection rand with ")
-                     wxT("repl group seed"),
-                 225, FOCUS_OF_THIS_TEST,
-                 wxT("the group seed should guarantee the same sequence... this test never has ")
-                     wxT("a reason to fail")});
+    ReportCheck(actual == expected, testName,
+                {wxT("bad behavior of trial variable for positions with selection rand with "
+                     "repl group seed"),
+                 225,
+                 wxT("the group seed should guarantee the same sequence... this test never has "
+                     "a reason to fail")});
   }
-
-  boost::shared_ptr<MUExperimentTextReaderMultiFile> m_dataSource;
-  FakeJUnitPrinter* m_results = nullptr;  // not owned
 };
 
 }  // namespace Ombrelia

@@ -54,13 +54,9 @@ class TestListTypeRSVP : public TestCaseWithFullColumnStringComp_T<TestListTypeR
  public:
   TestListTypeRSVP() : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST(), false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
-    m_dataSource = necessities.reader;
-    m_results = necessities.printer;
-    VerifyVerbatimColumnContent(m_dataSource, m_results, wxT("Event\nName"),
-                                GetExpectedCellValuesForEventName());
-    VerifyVerbatimColumnContent(m_dataSource, m_results, wxT("Trial\nName"),
-                                GetExpectedCellValuesForTrialName());
+  void RunAllVerificationTests(VerificationNecessities) override {
+    VerifyVerbatimColumnContent(wxT("Event\nName"), GetExpectedCellValuesForEventName());
+    VerifyVerbatimColumnContent(wxT("Trial\nName"), GetExpectedCellValuesForTrialName());
 
     PerformDurationBoundsTest(396, 460, true);
     PerformDurationBoundsTest_MacServer(396, 1000);
@@ -68,10 +64,6 @@ class TestListTypeRSVP : public TestCaseWithFullColumnStringComp_T<TestListTypeR
     PerformBoundsTest(5, 40, EXPANSION_TIME_COLUMN_NAME, true, true);
     PerformExpansionBoundsTest_MacServer(200, 300);
   }
-
- private:
-  boost::shared_ptr<MUExperimentTextReaderMultiFile> m_dataSource;
-  FakeJUnitPrinter* m_results = nullptr;  // not owned
 };
 
 }  // namespace Ombrelia

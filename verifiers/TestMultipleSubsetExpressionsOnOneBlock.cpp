@@ -1,6 +1,5 @@
 #include <limits>
 
-#include "framework/CheckReport.h"
 #include "framework/IndividualTestCase_T.h"
 
 namespace Ombrelia {
@@ -34,15 +33,13 @@ class TestMultipleSubsetExpressionsOnOneBlock
  public:
   TestMultipleSubsetExpressionsOnOneBlock() : IndividualTestCase_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
-    m_dataSource = necessities.reader;
-    m_junitPrinter = necessities.printer;
-    if (!m_dataSource) return;
+  void RunAllVerificationTests(VerificationNecessities) override {
+    if (!m_reader) return;
 
     // A right count leaves no result in the report.
-    if (m_dataSource->GetNumberOfDataRows() != 83) {
-      ReportFailure(m_junitPrinter, wxT("Improper_Row_Count"),
-                    {wxT("found either too many or too few data rows"), 37, FOCUS_OF_THIS_TEST,
+    if (RowCount() != 83) {
+      ReportFailure(wxT("Improper_Row_Count"),
+                    {wxT("found either too many or too few data rows"), 37,
                      wxT("by the design of this experiment, we should always have the same exact "
                          "number of data rows for every run")});
     }
@@ -60,16 +57,16 @@ class TestMultipleSubsetExpressionsOnOneBlock
  private:
   void NeverTwoConsecutiveFlips() {
     static const wxString testName = wxT("Never_Two_Consecutive_Coinflips");
-    const int column = m_dataSource->GetColumnPositionNumberFromText(wxT("Block\nName"));
+    const int column = ColumnOf(wxT("Block\nName"));
     bool foundTwo = false;
     wxString previous;
-    for (int row = 0; !foundTwo && row < m_dataSource->GetNumberOfDataRows(); ++row) {
-      const wxString block = m_dataSource->GetDataCellValue(row, column);
+    for (int row = 0; !foundTwo && row < RowCount(); ++row) {
+      const wxString block = CellAt(row, column);
       foundTwo = block == wxT("coinflips") && block == previous;
       previous = block;
     }
-    ReportCheck(m_junitPrinter, !foundTwo, testName,
-                {wxT("extra coinflip row"), 90, FOCUS_OF_THIS_TEST,
+    ReportCheck(!foundTwo, testName,
+                {wxT("extra coinflip row"), 90,
                  wxT("we should never see two consecutive rows that both are from block "
                      "coinflips")});
   }
@@ -77,18 +74,18 @@ class TestMultipleSubsetExpressionsOnOneBlock
   // A correct host fails this now and then: the words of the failure say so.
   void VarietyOfRightAndLeft() {
     static const wxString testName = wxT("Variety_of_Right_and_Left");
-    const int column = m_dataSource->GetColumnPositionNumberFromText(wxT("Trial\nName"));
+    const int column = ColumnOf(wxT("Trial\nName"));
     bool left = false;
     bool right = false;
-    for (int row = 0; !(left && right) && row < m_dataSource->GetNumberOfDataRows(); ++row) {
-      const wxString trial = m_dataSource->GetDataCellValue(row, column);
+    for (int row = 0; !(left && right) && row < RowCount(); ++row) {
+      const wxString trial = CellAt(row, column);
       if (trial == wxT("cues left")) left = true;
       if (trial == wxT("cues right")) right = true;
     }
-    ReportCheck(m_junitPrinter, left && right, testName,
+    ReportCheck(left && right, testName,
                 {wxT("did not see both left and right -- this OCCASIONALLY FAILS PERMISSIBLY. "
                      "ALLOW THIS TO HAPPEN RARELY"),
-                 132, FOCUS_OF_THIS_TEST,
+                 132,
                  wxT("after randomizing 12 items we normally want to see at least one go left and "
                      "at least one go right -- this OCCASIONALLY FAILS PERMISSIBLY. ALLOW THIS TO "
                      "HAPPEN RARELY")});
@@ -96,18 +93,18 @@ class TestMultipleSubsetExpressionsOnOneBlock
 
   void CheckExpectedCodeValueOutcome() {
     static const wxString testName = wxT("Random_codes_that_propagate_from_evt_to_trl");
-    const int eventName = m_dataSource->GetColumnPositionNumberFromText(wxT("Event\nName"));
-    const int trialTag = m_dataSource->GetColumnPositionNumberFromText(wxT("coinflips_trial"));
-    const int eventTag = m_dataSource->GetColumnPositionNumberFromText(wxT("coinflips_event"));
+    const int eventName = ColumnOf(wxT("Event\nName"));
+    const int trialTag = ColumnOf(wxT("coinflips_trial"));
+    const int eventTag = ColumnOf(wxT("coinflips_event"));
     BranchOfTheFlip one(wxT("1"));
     BranchOfTheFlip two(wxT("2"));
     const int first = FirstRowOfCoinflips(eventName);
     bool everySampleWasGood = true;
     int samples = 0;
     for (int row = first; everySampleWasGood && row < first + 71; row += 7) {
-      const wxString event = m_dataSource->GetDataCellValue(row, eventName);
-      const wxString trialCode = m_dataSource->GetDataCellValue(row, trialTag);
-      const wxString eventCode = m_dataSource->GetDataCellValue(row, eventTag);
+      const wxString event = CellAt(row, eventName);
+      const wxString trialCode = CellAt(row, trialTag);
+      const wxString eventCode = CellAt(row, eventTag);
       if (event == wxT("coinflips (1, coinflip)")) {
         everySampleWasGood = one.AcceptsSample(trialCode, eventCode);
       } else if (event == wxT("coinflips (2, coinflip)")) {
@@ -118,10 +115,10 @@ class TestMultipleSubsetExpressionsOnOneBlock
       ++samples;
     }
     ReportCheck(
-        m_junitPrinter, everySampleWasGood && samples == 11, testName,
+        everySampleWasGood && samples == 11, testName,
         {wxT("something is wrong with values for tags in columns coinflips_event and "
              "coinflips_trial"),
-         249, FOCUS_OF_THIS_TEST,
+         249,
          wxT("refer to the function CheckExpectedCodeValueOutcome in "
              "TestMultipleSubsetExpressionsOnOneBlock for details about expected behavior here")});
   }
@@ -134,7 +131,7 @@ class TestMultipleSubsetExpressionsOnOneBlock
     volatile bool found = false;
     int row = 0;
     while (!found) {
-      if (m_dataSource->GetDataCellValue(row, eventName).StartsWith(wxT("coinflips"))) {
+      if (CellAt(row, eventName).StartsWith(wxT("coinflips"))) {
         found = true;
       } else if (row < std::numeric_limits<int>::max()) {
         ++row;
@@ -142,9 +139,6 @@ class TestMultipleSubsetExpressionsOnOneBlock
     }
     return row;
   }
-
-  boost::shared_ptr<MUExperimentTextReaderMultiFile> m_dataSource;
-  FakeJUnitPrinter* m_junitPrinter = nullptr;  // not owned
 };
 
 }  // namespace Ombrelia

@@ -45,11 +45,9 @@ class TestMutableCodesAllTrialsPlusSharing
   TestMutableCodesAllTrialsPlusSharing()
       : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
-    VerifyVerbatimColumnContent(necessities.reader, necessities.printer, wxT("for_b1"),
-                                GetExpectedCellValuesForCodeB1());
-    VerifyVerbatimColumnContent(necessities.reader, necessities.printer, wxT("for_b2"),
-                                GetExpectedCellValuesForCodeB2());
+  void RunAllVerificationTests(VerificationNecessities) override {
+    VerifyVerbatimColumnContent(wxT("for_b1"), GetExpectedCellValuesForCodeB1());
+    VerifyVerbatimColumnContent(wxT("for_b2"), GetExpectedCellValuesForCodeB2());
 
     PerformDurationBoundsTest(30, 300, true);
     PerformDurationBoundsTest_MacServer(30, 800);

@@ -27,9 +27,8 @@ class TestOMExceptionThrownAndCaught
   TestOMExceptionThrownAndCaught()
       : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
-    VerifyVerbatimColumnContent(necessities.reader, necessities.printer, wxT("Trial\nName"),
-                                GetExpectedCellValuesForTrialName());
+  void RunAllVerificationTests(VerificationNecessities) override {
+    VerifyVerbatimColumnContent(wxT("Trial\nName"), GetExpectedCellValuesForTrialName());
   }
 };
 

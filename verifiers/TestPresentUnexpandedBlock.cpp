@@ -19,17 +19,9 @@ class TestPresentUnexpandedBlock
  public:
   TestPresentUnexpandedBlock() : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
-    m_readerInHand = necessities.reader;
-    m_printerInHand = necessities.printer;
-    VerifyVerbatimColumnContent(m_readerInHand, m_printerInHand, wxT("Event\nName"),
-                                GetExpectedCellValuesForEventName());
+  void RunAllVerificationTests(VerificationNecessities) override {
+    VerifyVerbatimColumnContent(wxT("Event\nName"), GetExpectedCellValuesForEventName());
   }
-
- private:
-  // Of the data file that is being verified.
-  Reader m_readerInHand;
-  FakeJUnitPrinter* m_printerInHand = nullptr;  // not owned
 };
 
 }  // namespace Ombrelia

@@ -35,10 +35,8 @@ class TestRStepMutableCodes : public TestCaseWithFullColumnStringComp_T<TestRSte
 
   void RunAllVerificationTests(VerificationNecessities necessities) override {
     TestCaseWithFullColumnStringComp_T::RunAllVerificationTests(necessities);
-    VerifyVerbatimColumnContent(necessities.reader, necessities.printer, wxT("trial_hey"),
-                                GetExpectedCellValuesForFirstCodeCol());
-    VerifyVerbatimColumnContent(necessities.reader, necessities.printer, wxT("trial_b"),
-                                GetExpectedCellValuesForSecondCodeCol());
+    VerifyVerbatimColumnContent(wxT("trial_hey"), GetExpectedCellValuesForFirstCodeCol());
+    VerifyVerbatimColumnContent(wxT("trial_b"), GetExpectedCellValuesForSecondCodeCol());
 
     PerformDurationBoundsTest(3000, 3900, true);
     PerformDurationBoundsTest_MacServer(3400, 3800);

@@ -99,8 +99,8 @@ const std::vector<wxString>& GetExpectedCellValuesForWithRepl02() {
   static const std::vector<wxString> targeted_result =
       ExpectedCells::Blank(ROWS)
           .Groups(FIRST_GROUP_ROW, 2, 0, 1,
-                  Words(wxT("02 01 02 06 06 07 02 02 06 06 04 01 07 06 06 04 07 07 07 03 07 06 ")
-                            wxT("04 06")))
+                  Words(wxT("02 01 02 06 06 07 02 02 06 06 04 01 07 06 06 04 07 07 07 03 07 06 "
+                            "04 06")))
           .Row(237, wxT("04"))
           .Row(239, wxT("06"))
           .Cells();
@@ -111,10 +111,10 @@ const std::vector<wxString>& GetExpectedCellValuesForManual01() {
   static const std::vector<wxString> targeted_result =
       ExpectedCells::Blank(ROWS)
           .Groups(FIRST_GROUP_ROW, 4, 1, 3, Words(wxT("01 01 02 07 04 04 01 06 01 07 05 04")))
-          .From(258, Words(wxT("05 05 06 06 07 05 01 01 01 06 01 03 02 02 04 06 03 05 06 04 ")
-                               wxT("05 02 05 02 07 05 04 02 01 06 03 07 01 02 03 02 04 05 02 02 ")
-                                   wxT("01 03 06 02 02 03 01 04 05 07 06 07 05 02 04 02 04 05 07 ")
-                                       wxT("04")))
+          .From(258, Words(wxT("05 05 06 06 07 05 01 01 01 06 01 03 02 02 04 06 03 05 06 04 "
+                               "05 02 05 02 07 05 04 02 01 06 03 07 01 02 03 02 04 05 02 02 "
+                               "01 03 06 02 02 03 01 04 05 07 06 07 05 02 04 02 04 05 07 "
+                               "04")))
           .Cells();
   return targeted_result;
 }
@@ -137,10 +137,7 @@ class TestRandomLevelsAndCountersAndRSVP
   TestRandomLevelsAndCountersAndRSVP()
       : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST(), false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
-    m_reader = necessities.reader;
-    m_printer = necessities.printer;
-
+  void RunAllVerificationTests(VerificationNecessities) override {
     Verify(wxT("ten colors 1\n(Trial Variable)"), GetExpectedCellValuesForTenColors1());
     Verify(wxT("ten colors 2\n(Trial Variable)"), GetExpectedCellValuesForWhollyEmptyColumn());
     Verify(wxT("ten colors 3. sequential. restart each trial\n(Trial Variable)"),
@@ -172,7 +169,7 @@ class TestRandomLevelsAndCountersAndRSVP
 
  private:
   void Verify(const wxString& columnName, const std::vector<wxString>& expected) {
-    VerifyVerbatimColumnContent(m_reader, m_printer, columnName, expected);
+    VerifyVerbatimColumnContent(columnName, expected);
   }
 };
 

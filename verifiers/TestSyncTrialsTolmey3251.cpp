@@ -3,7 +3,6 @@
 #include <cstdlib>
 
 #include "framework/CellNumbers.h"
-#include "framework/CheckReport.h"
 #include "framework/TestCaseWithFullColumnStringComp_T.h"
 
 namespace Ombrelia {
@@ -43,9 +42,7 @@ class TestSyncTrialsTolmey3251
  public:
   TestSyncTrialsTolmey3251() : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST(), false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
-    m_dataSource = necessities.reader;
-    m_results = necessities.printer;
+  void RunAllVerificationTests(VerificationNecessities) override {
     m_rows.clear();
     m_expectedNames = {wxT("the"), wxT("ee1"), wxT("ee2"), wxT("ee3"),
                        wxT("b ("), wxT("c ("), wxT("d ("), wxT("e (")};
@@ -68,17 +65,16 @@ class TestSyncTrialsTolmey3251
   };
 
   void PopulateOurSimpleVector() {
-    const int eventColumn = m_dataSource->GetColumnPositionNumberFromText(wxT("Event\nName"));
-    const int timeColumn = m_dataSource->GetColumnPositionNumberFromText(wxT("Cumulative\nTime"));
-    const int rows = static_cast<int>(m_dataSource->GetNumberOfDataRows());
+    const int eventColumn = ColumnOf(wxT("Event\nName"));
+    const int timeColumn = ColumnOf(wxT("Cumulative\nTime"));
+    const int rows = RowCount();
     for (int row = 0; row < rows; ++row) {
-      NameTime entry = {m_dataSource->GetDataCellValue(row, eventColumn).Left(3), 0};
-      if (!ReadLong(m_dataSource->GetDataCellValue(row, timeColumn), entry.time)) {
-        ReportFailure(m_results, wxT("NON_NUMERIC_TIME_VALUE"),
+      NameTime entry = {CellAt(row, eventColumn).Left(3), 0};
+      if (!ReadLong(CellAt(row, timeColumn), entry.time)) {
+        ReportFailure(wxT("NON_NUMERIC_TIME_VALUE"),
                       {wxT("Cum time string should always be convertible to a number"), 111,
-                       FOCUS_OF_THIS_TEST(),
-                       wxT("we called the wx function ToLong on a string, and it failed to ")
-                           wxT("produce a number")});
+                       wxT("we called the wx function ToLong on a string, and it failed to "
+                           "produce a number")});
       }
       m_rows.push_back(entry);
     }
@@ -110,32 +106,29 @@ class TestSyncTrialsTolmey3251
     for (size_t i = 0; i < EXPECTED_NAMES; ++i) {
       if (right[i]) continue;
       allRight = false;
-      ReportFailure(m_results,
-                    wxString::Format(wxT("CONTENT_CHECK_%d_OF_8"), static_cast<int>(i) + 1),
-                    {wxT("datafile content conflicts with the block rules and overall ")
-                         wxT("experiment structure"),
-                     lines[i], FOCUS_OF_THIS_TEST(),
-                     wxT("This test is for checking sync trial timing, but we also look at ")
-                         wxT("basic event sequence, which seems to have gone wrong just now")});
+      ReportFailure(wxString::Format(wxT("CONTENT_CHECK_%d_OF_8"), static_cast<int>(i) + 1),
+                    {wxT("datafile content conflicts with the block rules and overall "
+                         "experiment structure"),
+                     lines[i],
+                     wxT("This test is for checking sync trial timing, but we also look at "
+                         "basic event sequence, which seems to have gone wrong just now")});
     }
-    if (allRight) m_results->AddPassingTestResult(wxT("BASIC_CONTENT_CHECKING"));
+    if (allRight) ReportPass(wxT("BASIC_CONTENT_CHECKING"));
   }
 
   // A clean walk reports nothing of its own: the passes are those of the timestamps.
   void VerifyProperTrialSyncTolmey3251() {
     if (m_rows.empty() || m_rows[0].name != wxT("tim")) {
-      ReportFailure(
-          m_results, wxT("BAD_FIRST_EVENT_NAME"),
-          {wxT("the first event should always have the name timestamp"), 201, FOCUS_OF_THIS_TEST(),
-           wxT("whatever is the event name on the first data row seems wrong")});
+      ReportFailure(wxT("BAD_FIRST_EVENT_NAME"),
+                    {wxT("the first event should always have the name timestamp"), 201,
+                     wxT("whatever is the event name on the first data row seems wrong")});
       return;
     }
     const size_t second =
         m_rows.size() > 1 ? IndexOfExpectedName(m_rows[1].name) : NO_EXPECTED_NAME;
     if (second == NO_EXPECTED_NAME) {
-      ReportFailure(m_results, wxT("BAD_SECOND_EVENT_NAME"),
+      ReportFailure(wxT("BAD_SECOND_EVENT_NAME"),
                     {wxT("the second event should always match one of 8 expected names"), 212,
-                     FOCUS_OF_THIS_TEST(),
                      wxT("whatever is the event name on the second data row seems wrong")});
       return;
     }
@@ -148,11 +141,10 @@ class TestSyncTrialsTolmey3251
       if (current.name == wxT("***")) continue;
       const bool isTimestamp = current.name == wxT("tim");
       if (isTimestamp != timestampIsDue) {
-        ReportFailure(
-            m_results, wxT("ALWAYS_ONE_AND_ONE_TIMESTAMP_PER_EVENT"),
-            {wxT("we need to alternate between finding 1 timestamp 1 event"), 282,
-             FOCUS_OF_THIS_TEST(),
-             wxT("either 2 timestamps happened for 1 event, or 2 events for 1 ") wxT("timestamp")});
+        ReportFailure(wxT("ALWAYS_ONE_AND_ONE_TIMESTAMP_PER_EVENT"),
+                      {wxT("we need to alternate between finding 1 timestamp 1 event"), 282,
+                       wxT("either 2 timestamps happened for 1 event, or 2 events for 1 "
+                           "timestamp")});
         return;
       }
       if (isTimestamp) {
@@ -163,10 +155,9 @@ class TestSyncTrialsTolmey3251
       }
       const size_t index = IndexOfExpectedName(current.name);
       if (index == NO_EXPECTED_NAME) {
-        ReportFailure(
-            m_results, wxT("BAD_MIDRUN_EVENT_NAME"),
-            {wxT("the events should always match *** or tim or one of 8 expected names"), 266,
-             FOCUS_OF_THIS_TEST(), wxT("whatever is the event name on some data row seems wrong")});
+        ReportFailure(wxT("BAD_MIDRUN_EVENT_NAME"),
+                      {wxT("the events should always match *** or tim or one of 8 expected names"),
+                       266, wxT("whatever is the event name on some data row seems wrong")});
         return;
       }
       interval = SYNC_INTERVALS[index];
@@ -193,16 +184,14 @@ class TestSyncTrialsTolmey3251
     static int calls = 0;
     const wxString testName = wxString::Format(wxT("CHECK_TIMESTAMP_%d"), ++calls);
     const wxString words = wxString::Format(
-        wxT("Subsequent timestamps were not ok, given prior and current of %ld and %ld and an ")
-            wxT("interval of %ld for best diff %ld"),
+        wxT("Subsequent timestamps were not ok, given prior and current of %ld and %ld and an "
+            "interval of %ld for best diff %ld"),
         prior, current, interval, bestDifference);
-    ReportCheck(m_results, good, testName, {words, 178, FOCUS_OF_THIS_TEST(), words});
+    ReportCheck(good, testName, {words, 178, words});
   }
 
   std::vector<NameTime> m_rows;  // one for each data row
   std::vector<wxString> m_expectedNames;
-  boost::shared_ptr<MUExperimentTextReaderMultiFile> m_dataSource;
-  FakeJUnitPrinter* m_results = nullptr;  // not owned
 };
 
 }  // namespace Ombrelia

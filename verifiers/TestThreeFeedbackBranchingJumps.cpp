@@ -59,8 +59,7 @@ class TestThreeFeedbackBranchingJumps
 
   void RunAllVerificationTests(VerificationNecessities necessities) override {
     TestCaseWithFullColumnStringComp_T::RunAllVerificationTests(necessities);
-    VerifyVerbatimColumnContent(necessities.reader, necessities.printer, wxT("init"),
-                                GetExpectedCellValuesForInit());
+    VerifyVerbatimColumnContent(wxT("init"), GetExpectedCellValuesForInit());
 
     PerformDurationBoundsTest(90, 400, true);
     PerformDurationBoundsTest_MacServer(90, 350);

@@ -1,5 +1,4 @@
 #include "framework/CellNumbers.h"
-#include "framework/CheckReport.h"
 #include "framework/ClampedNumbers.h"
 #include "framework/ExpectedCells.h"
 #include "framework/TestCaseWithFullColumnStringComp_T.h"
@@ -86,18 +85,12 @@ class TestTimerActionsAndCriteria
  public:
   TestTimerActionsAndCriteria() : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
-    m_readerInHand = necessities.reader;
-    m_printerInHand = necessities.printer;
+  void RunAllVerificationTests(VerificationNecessities) override {
     VerifyThatOptionDisablingSavesWasHonored();
-    VerifyVerbatimColumnContent(m_readerInHand, m_printerInHand, wxT("Trial\nName"),
-                                GetExpectedCellValuesForTrialName());
-    VerifyVerbatimColumnContent(m_readerInHand, m_printerInHand, wxT("Event\nName"),
-                                GetExpectedCellValuesForEventName());
-    VerifyVerbatimColumnContent(m_readerInHand, m_printerInHand, wxT("flag_a"),
-                                GetExpectedCellValuesForFlagA());
-    VerifyVerbatimColumnContent(m_readerInHand, m_printerInHand, wxT("flag_c"),
-                                GetExpectedCellValuesForFlagC());
+    VerifyVerbatimColumnContent(wxT("Trial\nName"), GetExpectedCellValuesForTrialName());
+    VerifyVerbatimColumnContent(wxT("Event\nName"), GetExpectedCellValuesForEventName());
+    VerifyVerbatimColumnContent(wxT("flag_a"), GetExpectedCellValuesForFlagA());
+    VerifyVerbatimColumnContent(wxT("flag_c"), GetExpectedCellValuesForFlagC());
     TestBehaviorOfTimer_1();
     TestBehaviorOfTimer_2();
 
@@ -114,10 +107,10 @@ class TestTimerActionsAndCriteria
     const bool honored = ColumnOf(wxT("timer_4")) >= 1 && ColumnOf(wxT("timer_not_saved")) < 0 &&
                          ColumnOf(wxT("flag_a")) >= 1 && ColumnOf(wxT("flag_b")) < 0;
     ReportCheck(
-        m_printerInHand, honored, testName,
+        honored, testName,
         {wxT("Datafile columns are NOT as expected. can fail when you set "
              "HALVEX_OBTRUSIVE_DIAGNOSTIC_LOGGING."),
-         269, FOCUS_OF_THIS_TEST,
+         269,
          wxT("we wanted to FIND some columns and NOT find others. note that "
              "HALVEX_OBTRUSIVE_DIAGNOSTIC_LOGGING causes all params to get a column despite "
              "experiment settings. you may get a spurious failure due to that environment "
@@ -141,8 +134,7 @@ class TestTimerActionsAndCriteria
     if (!LiesJustAbove(GetNumericCellValue(25, column), 2500, 200)) {
       message += wxT("at row 25 timer_1 needs to be approx 2500 ms. ");
     }
-    ReportCheck(m_printerInHand, message.empty(), testName,
-                {wxT("Timer 1 is malfunctioning."), 385, FOCUS_OF_THIS_TEST, message});
+    ReportCheck(message.empty(), testName, {wxT("Timer 1 is malfunctioning."), 385, message});
   }
 
   void TestBehaviorOfTimer_2() {
@@ -162,8 +154,7 @@ class TestTimerActionsAndCriteria
     if (!LiesJustAbove(GetNumericCellValue(25, column), 2000, 200)) {
       message += wxT("at row 25 timer_2 needs to be approx 2000 ms. ");
     }
-    ReportCheck(m_printerInHand, message.empty(), testName,
-                {wxT("Timer 2 is malfunctioning."), 470, FOCUS_OF_THIS_TEST, message});
+    ReportCheck(message.empty(), testName, {wxT("Timer 2 is malfunctioning."), 470, message});
   }
 
   // Did the timer hold still from firstRow to lastRow, after running on by at most 12 ms when the
@@ -193,26 +184,15 @@ class TestTimerActionsAndCriteria
   // A cell that holds no number is a failing test of its own, and counts as -1.
   int GetNumericCellValue(int row, int column) {
     long value = 0;
-    if (ReadLong(m_readerInHand->GetDataCellValue(row, column), value)) return ClampedToInt(value);
+    if (ReadLong(CellAt(row, column), value)) return ClampedToInt(value);
     ReportFailure(
-        m_printerInHand, wxString::Format(wxT("NON_NUMERIC_VALUE_%d_%d"), row, column),
+        wxString::Format(wxT("NON_NUMERIC_VALUE_%d_%d"), row, column),
         {wxT("Data cell string should always be convertible to a number here"), 485,
-         FOCUS_OF_THIS_TEST,
          wxT("we called the wx function ToLong on a string, and it failed to produce a number")});
     return -1;
   }
 
-  bool CellIsZeroText(int row, int column) const {
-    return m_readerInHand->GetDataCellValue(row, column) == wxT("0");
-  }
-
-  int ColumnOf(const wxString& name) const {
-    return m_readerInHand->GetColumnPositionNumberFromText(name);
-  }
-
-  // Of the data file that is being verified.
-  Reader m_readerInHand;
-  FakeJUnitPrinter* m_printerInHand = nullptr;  // not owned
+  bool CellIsZeroText(int row, int column) const { return CellAt(row, column) == wxT("0"); }
 };
 
 }  // namespace Ombrelia

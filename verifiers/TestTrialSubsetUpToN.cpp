@@ -36,11 +36,9 @@ class TestTrialSubsetUpToN : public TestCaseWithFullColumnStringComp_T<TestTrial
  public:
   TestTrialSubsetUpToN() : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
-    VerifyVerbatimColumnContent(necessities.reader, necessities.printer, wxT("Event\nName"),
-                                GetExpectedCellValuesForEventNames());
-    VerifyVerbatimColumnContent(necessities.reader, necessities.printer, wxT("red_blue"),
-                                GetExpectedCellValuesForRedBlueCode());
+  void RunAllVerificationTests(VerificationNecessities) override {
+    VerifyVerbatimColumnContent(wxT("Event\nName"), GetExpectedCellValuesForEventNames());
+    VerifyVerbatimColumnContent(wxT("red_blue"), GetExpectedCellValuesForRedBlueCode());
 
     PerformDurationBoundsTest(200, 1000, true);
     PerformDurationBoundsTest_MacServer(450, 2200);

@@ -1,6 +1,5 @@
 #include <map>
 
-#include "framework/CheckReport.h"
 #include "framework/ExpectedCells.h"
 #include "framework/TestCaseWithFullColumnStringComp_T.h"
 
@@ -26,9 +25,8 @@ class TestTrialVariableLevelsCase_1618
   TestTrialVariableLevelsCase_1618()
       : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
-    VerifyVerbatimColumnContent(necessities.reader, necessities.printer, wxT("Presented"),
-                                GetExpectedCellValuesForCode());
+  void RunAllVerificationTests(VerificationNecessities) override {
+    VerifyVerbatimColumnContent(wxT("Presented"), GetExpectedCellValuesForCode());
 
     const std::vector<wxString> sorted = {
         wxT("01 - Left Left"),   wxT("02 - Left"),   wxT("03 - Middle"), wxT("04 - Right"),
@@ -40,10 +38,9 @@ class TestTrialVariableLevelsCase_1618
                                       {wxT("04 - Right"), 0},
                                       {wxT("05 - Right Right"), 0}};
     bool shuffled = false;
-    const int column = necessities.reader->GetColumnPositionNumberFromText(
-        wxT("Random Number Locations\n(Trial Variable)"));
-    for (int row = 0; row < necessities.reader->GetNumberOfDataRows(); ++row) {
-      const wxString level = necessities.reader->GetDataCellValue(row, column);
+    const int column = ColumnOf(wxT("Random Number Locations\n(Trial Variable)"));
+    for (int row = 0; row < RowCount(); ++row) {
+      const wxString level = CellAt(row, column);
       ++counts[level];
       const size_t entry = static_cast<size_t>(row);
       if (entry < sorted.size() && level != sorted[entry]) shuffled = true;
@@ -52,16 +49,15 @@ class TestTrialVariableLevelsCase_1618
     const bool eachOnce = counts[wxT("03 - Middle")] == 1 && counts[wxT("04 - Right")] == 1 &&
                           counts[wxT("05 - Right Right")] == 1 &&
                           counts[wxT("01 - Left Left")] == 1 && counts[wxT("02 - Left")] == 1;
-    ReportCheck(necessities.printer, eachOnce, COL_6_TEST_NAME,
+    ReportCheck(eachOnce, COL_6_TEST_NAME,
                 {wxT("We didn't find exactly one occurrence of each of the five levels."), 107,
-                 FOCUS_OF_THIS_TEST,
                  wxT("There should have been a left-left, a left, a middle, a right, and a "
                      "right-right.                   Exactly one of each.")});
     ReportCheck(
-        necessities.printer, shuffled, COL_6_PATHOLOGY_TEST_NAME,
+        shuffled, COL_6_PATHOLOGY_TEST_NAME,
         {wxT("could fail VERY RARELY... the levels were in perfect SORTED order rather than "
              "random"),
-         123, FOCUS_OF_THIS_TEST,
+         123,
          wxT("probability dictates this will fail once in a BLUE MOON. normally we expect a "
              "SHUFFLED ordering")});
 

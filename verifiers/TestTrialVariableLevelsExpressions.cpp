@@ -1,4 +1,3 @@
-#include "framework/CheckReport.h"
 #include "framework/TestCaseWithFullColumnStringComp_T.h"
 
 namespace Ombrelia {
@@ -27,10 +26,7 @@ class TestTrialVariableLevelsExpressions
   TestTrialVariableLevelsExpressions()
       : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST(), false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
-    m_dataSource = necessities.reader;
-    m_junitPrinter = necessities.printer;
-
+  void RunAllVerificationTests(VerificationNecessities) override {
     TestExpressionResultsPriorToAnyLevelUsage();
     TestExpressionResultsUsingNoRepl();
     TestExpressionResultsUsingSequential();
@@ -54,9 +50,8 @@ class TestTrialVariableLevelsExpressions
       if (!allOne) break;
     }
     ReportCheck(
-        m_junitPrinter, allOne, testName,
+        allOne, testName,
         {wxT("bad behavior of trial variable expressions prior to any selections"), 96,
-         FOCUS_OF_THIS_TEST(),
          wxT("before anything in the experiment has APPLIED any variable value the expression "
              "should determine we are at the first level")});
   }
@@ -83,9 +78,9 @@ class TestTrialVariableLevelsExpressions
 
   void CheckRules(const RowList& rows, const wxString& columnName, const wxString& testName,
                   const wxString& subject, long line) {
-    const int column = m_dataSource->GetColumnPositionNumberFromText(columnName);
-    ReportCheck(m_junitPrinter, RulesRowsMatchEventRows(rows, column), testName,
-                {subject, line, FOCUS_OF_THIS_TEST(),
+    const int column = ColumnOf(columnName);
+    ReportCheck(RulesRowsMatchEventRows(rows, column), testName,
+                {subject, line,
                  wxT("trial variable expressions in rules do not seem to evaluate according to "
                      "where the position level actually went")});
   }
@@ -103,15 +98,10 @@ class TestTrialVariableLevelsExpressions
     return true;
   }
 
-  int EventNameColumn() const {
-    return m_dataSource->GetColumnPositionNumberFromText(wxT("Event\nName"));
-  }
+  int EventNameColumn() const { return ColumnOf(wxT("Event\nName")); }
   wxString DataCell(unsigned long row, int column) const {
-    return m_dataSource->GetDataCellValue(static_cast<int>(row), column);
+    return CellAt(static_cast<int>(row), column);
   }
-
-  boost::shared_ptr<MUExperimentTextReaderMultiFile> m_dataSource;
-  FakeJUnitPrinter* m_junitPrinter = nullptr;  // not owned
 };
 
 }  // namespace Ombrelia

@@ -1,5 +1,4 @@
 #include "framework/CellNumbers.h"
-#include "framework/CheckReport.h"
 #include "framework/ClampedNumbers.h"
 #include "framework/IndividualTestCase_T.h"
 #include "framework/StimAreaTesting.h"
@@ -73,24 +72,21 @@ class TestTrialVariableTimeLimitOnFeedback_2405
   void RunAllVerificationTests(VerificationNecessities necessities) override {
     const wxString location = CommonTestHelperLogic::GetFileStringForLine(0, FOCUS_OF_THIS_TEST);
     CommonTestHelperLogic::BothPlatforms_VerifySequentialStimData(
-        *necessities.stimAreas, GetExpectedStimAreaSequence_EitherPlatform(), necessities.printer,
-        location);
+        *necessities.stimAreas, GetExpectedStimAreaSequence_EitherPlatform(), m_printer, location);
     CommonTestHelperLogic::MacOSX_VerifySequentialStimData(
-        *necessities.stimAreas, GetExpectedStimAreaSequence(), necessities.printer, location);
+        *necessities.stimAreas, GetExpectedStimAreaSequence(), m_printer, location);
 
-    const Sightings seen = LookThroughAllRows(*necessities.reader);
-    ReportCheck(
-        necessities.printer, seen.sawCorrect, wxT("Event_named_correct_is_expected"),
-        {wxT("The event 'correct' should have happened. Where is it?"), 146, FOCUS_OF_THIS_TEST,
-         wxT("We expected the event with name 'correct' to have been displayed during the "
-             "experiment.")});
-    ReportCheck(necessities.printer, !seen.sawIncorrect, wxT("Event_named_incorrect_is_unwanted"),
-                {wxT("Unwanted event has been displayed somehow."), 156, FOCUS_OF_THIS_TEST,
+    const Sightings seen = LookThroughAllRows(*m_reader);
+    ReportCheck(seen.sawCorrect, wxT("Event_named_correct_is_expected"),
+                {wxT("The event 'correct' should have happened. Where is it?"), 146,
+                 wxT("We expected the event with name 'correct' to have been displayed during the "
+                     "experiment.")});
+    ReportCheck(!seen.sawIncorrect, wxT("Event_named_incorrect_is_unwanted"),
+                {wxT("Unwanted event has been displayed somehow."), 156,
                  wxT("As long as there was no human interaction we expect to NOT find this event. "
                      "This runs unattended, so how could there be interaction...?")});
-    ReportCheck(necessities.printer, seen.longEnough,
-                wxT("Variable_time_should_be_greater_than_6000"),
-                {wxT("Looks like bug 2405 is back."), 173, FOCUS_OF_THIS_TEST,
+    ReportCheck(seen.longEnough, wxT("Variable_time_should_be_greater_than_6000"),
+                {wxT("Looks like bug 2405 is back."), 173,
                  wxT("The event named 'correct' should have been on screen for 6000 ms or more.")});
 
     PerformDurationBoundsTest(9800, 11950, true);

@@ -24,21 +24,13 @@ class TestWaysToAttachResponses
  public:
   TestWaysToAttachResponses() : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
-    m_readerInHand = necessities.reader;
-    m_printerInHand = necessities.printer;
-    VerifyVerbatimColumnContent(m_readerInHand, m_printerInHand, wxT("Block\nName"),
-                                GetExpectedCellValuesForBlockName());
+  void RunAllVerificationTests(VerificationNecessities) override {
+    VerifyVerbatimColumnContent(wxT("Block\nName"), GetExpectedCellValuesForBlockName());
 
     PerformDurationBoundsTest(180, 1100, true);
     PerformDurationBoundsTest_MacServer(200, 250);
     PerformExpansionBoundsTest_MacServer(250, 350);
   }
-
- private:
-  // Of the data file that is being verified.
-  Reader m_readerInHand;
-  FakeJUnitPrinter* m_printerInHand = nullptr;  // not owned
 };
 
 }  // namespace Ombrelia

@@ -1,4 +1,3 @@
-#include "framework/CheckReport.h"
 #include "framework/IndividualTestCase_T.h"
 
 namespace Ombrelia {
@@ -27,20 +26,19 @@ class Test_2011_11_1_tolmey_2552_Randomization
  public:
   Test_2011_11_1_tolmey_2552_Randomization() : IndividualTestCase_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
+  void RunAllVerificationTests(VerificationNecessities) override {
     static const wxString testName = wxT("Experiment_is_a_bunch_of_coinflips_as_expected");
-    const float proportion = ProportionOfBlue(*necessities.reader);
+    const float proportion = ProportionOfBlue(*m_reader);
     // The precisions decide at the edges of the band: 43 of 100 in single precision lies just above
     // the double-precision 0.43.
     const double widened = proportion;
     if (0.43 < widened && widened < 0.57) {
-      necessities.printer->AddPassingTestResult(wxString::Format(
-          wxT("%s_and_percent_was_%d"), testName, static_cast<int>(proportion * 100.0f)));
+      ReportPass(wxString::Format(wxT("%s_and_percent_was_%d"), testName,
+                                  static_cast<int>(proportion * 100.0f)));
     } else {
       ReportFailure(
-          necessities.printer, testName,
+          testName,
           {wxT("The trial variable Font Color occurs too often or not often enough"), 63,
-           FOCUS_OF_THIS_TEST,
            wxString::Format(wxT("We expected very close to a proportion of 0.50 blue to red. "
                                 "Instead, we got %f."),
                             widened)});

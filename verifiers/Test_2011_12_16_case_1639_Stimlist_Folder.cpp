@@ -1,6 +1,5 @@
 #include <algorithm>
 
-#include "framework/CheckReport.h"
 #include "framework/IndividualTestCase_T.h"
 
 namespace Ombrelia {
@@ -30,27 +29,26 @@ class Test_2011_12_16_case_1639_Stimlist_Folder
  public:
   Test_2011_12_16_case_1639_Stimlist_Folder() : IndividualTestCase_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
-    const int column = necessities.reader->GetColumnPositionNumberFromText(wxT("Event\nName"));
-    const int rows = necessities.reader->GetNumberOfDataRows();
+  void RunAllVerificationTests(VerificationNecessities) override {
+    const int column = ColumnOf(wxT("Event\nName"));
+    const int rows = RowCount();
     const std::vector<wxString>& names = GetPossibleEventNames();
     bool allAreProper = true;
     wxString cell;
     for (int row = 0; row < rows && allAreProper; ++row) {
-      cell = necessities.reader->GetDataCellValue(row, column);
+      cell = CellAt(row, column);
       cell.MakeLower();
       allAreProper = std::find(names.begin(), names.end(), cell) != names.end();
     }
     // The passing and the failing test have different names.
     if (allAreProper) {
-      necessities.printer->AddPassingTestResult(
-          wxT("All the entries in the Event Name column are as they should be."));
+      ReportPass(wxT("All the entries in the Event Name column are as they should be."));
     } else {
       ReportFailure(
-          necessities.printer, wxT("Filenames show up in the data file as expected."),
+          wxT("Filenames show up in the data file as expected."),
           {wxT("One or more strings contained in the Event Name column of the datafile is "
                "somehow improper."),
-           77, FOCUS_OF_THIS_TEST,
+           77,
            wxString::Format(
                wxT("At least one Event Name entry isn't correct. First such offending string: %s"),
                cell)});

@@ -1,4 +1,3 @@
-#include "framework/CheckReport.h"
 #include "framework/IndividualTestCase_T.h"
 #include "framework/RowScan.h"
 
@@ -17,16 +16,14 @@ class Test_2012_3_16_tolmey_2670_loop_guard_block_level
   Test_2012_3_16_tolmey_2670_loop_guard_block_level()
       : IndividualTestCase_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
+  void RunAllVerificationTests(VerificationNecessities) override {
     static const wxString testName = wxT("The_loop_guard_works");
     const RowScan rule = RowScan::Positional({wxT("event 1"), wxT("event 2"), wxT("event 1"),
                                               wxT("event 2"), wxT("event 1"), wxT("event 3")});
-    ReportCheck(
-        necessities.printer, rule.HoldsFor(*necessities.reader, wxT("Event\nName")), testName,
-        {wxT("Something bad happened instead."), 88, FOCUS_OF_THIS_TEST,
-         wxT("Can we even get this fail message? I mean if the loop guard has stopped ")
-             wxT("working then we should've never finished the experiment. I guess we might ")
-                 wxT("still be capable of seeing this.")});
+    CheckEventNames(rule, testName, 88,
+                    wxT("Can we even get this fail message? I mean if the loop guard has stopped "
+                        "working then we should've never finished the experiment. I guess we might "
+                        "still be capable of seeing this."));
   }
 };
 

@@ -1,4 +1,3 @@
-#include "framework/CheckReport.h"
 #include "framework/IndividualTestCase_T.h"
 #include "framework/RowScan.h"
 
@@ -17,15 +16,13 @@ class Test_2012_3_9_tolmey_2668_expr_time_since_exp
   Test_2012_3_9_tolmey_2668_expr_time_since_exp()
       : IndividualTestCase_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
+  void RunAllVerificationTests(VerificationNecessities) override {
     static const wxString testName =
         wxT("Time_since_start_of_experiment_expression_functions_as_expected");
     const RowScan rule = RowScan::Positional({wxT("event 1"), wxT("event 2")});
-    ReportCheck(necessities.printer, rule.HoldsFor(*necessities.reader, wxT("Event\nName")),
-                testName,
-                {wxT("Something bad happened instead."), 63, FOCUS_OF_THIS_TEST,
-                 wxT("We expected to see event 1 once and event 2 also once as that's what the "
-                     "macro is set up to do.")});
+    CheckEventNames(rule, testName, 63,
+                    wxT("We expected to see event 1 once and event 2 also once as that's what the "
+                        "macro is set up to do."));
 
     PerformDurationBoundsTest(4000, 4050, true);
     PerformDurationBoundsTest_MacServer(4000, 4100);

@@ -1,4 +1,3 @@
-#include "framework/CheckReport.h"
 #include "framework/IndividualTestCase_T.h"
 
 namespace Ombrelia {
@@ -16,10 +15,10 @@ class Test_2012_3_9_tolmey_2668_macro_exit_experiment
   Test_2012_3_9_tolmey_2668_macro_exit_experiment()
       : IndividualTestCase_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
+  void RunAllVerificationTests(VerificationNecessities) override {
     static const wxString testName = wxT("Experiment_exited_after_one_trial_as_expected");
-    ReportCheck(necessities.printer, necessities.reader->GetNumberOfDataRows() == 1, testName,
-                {wxT("Something bad happened instead."), 43, FOCUS_OF_THIS_TEST,
+    ReportCheck(RowCount() == 1, testName,
+                {wxT("Something bad happened instead."), 43,
                  wxT("We expected the experiment to exit after one trial.")});
 
     PerformDurationBoundsTest(800, 900, true);

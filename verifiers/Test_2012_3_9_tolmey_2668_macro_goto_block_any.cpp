@@ -1,4 +1,3 @@
-#include "framework/CheckReport.h"
 #include "framework/IndividualTestCase_T.h"
 #include "framework/RowScan.h"
 
@@ -17,15 +16,13 @@ class Test_2012_3_9_tolmey_2668_macro_goto_block_any
   Test_2012_3_9_tolmey_2668_macro_goto_block_any()
       : IndividualTestCase_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
+  void RunAllVerificationTests(VerificationNecessities) override {
     static const wxString testName = wxT("Go_to_block_any_functions_as_expected");
     const RowScan rule = RowScan::Anywhere({wxT("event 1"), wxT("event 3")}, 1);
-    ReportCheck(necessities.printer, rule.HoldsFor(*necessities.reader, wxT("Event\nName")),
-                testName,
-                {wxT("Something bad happened instead."), 65, FOCUS_OF_THIS_TEST,
-                 wxT("We expected to see exactly two events, event 1 and event 3, as the ")
-                     wxT("block containing event 1 was set to present the block containing event ")
-                         wxT("3.")});
+    CheckEventNames(rule, testName, 65,
+                    wxT("We expected to see exactly two events, event 1 and event 3, as the "
+                        "block containing event 1 was set to present the block containing event "
+                        "3."));
 
     PerformDurationBoundsTest(1600, 1660, true);
     PerformDurationBoundsTest_MacServer(1600, 1700);

@@ -1,4 +1,3 @@
-#include "framework/CheckReport.h"
 #include "framework/IndividualTestCase_T.h"
 #include "framework/RowScan.h"
 
@@ -17,15 +16,13 @@ class Test_2012_3_9_tolmey_2668_macro_goto_block_prev
   Test_2012_3_9_tolmey_2668_macro_goto_block_prev()
       : IndividualTestCase_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
+  void RunAllVerificationTests(VerificationNecessities) override {
     static const wxString testName = wxT("Go_to_block_previous_functions_as_expected");
     const RowScan rule = RowScan::Positional(
         {wxT("event 1"), wxT("event 2"), wxT("event 1"), wxT("event 2"), wxT("event 2")});
-    ReportCheck(necessities.printer, rule.HoldsFor(*necessities.reader, wxT("Event\nName")),
-                testName,
-                {wxT("Something bad happened instead."), 78, FOCUS_OF_THIS_TEST,
-                 wxT("We expected to see exactly five events, event 1, 2, 1, 2, 2 due to ")
-                     wxT("interactions between the when to run settings and macros.")});
+    CheckEventNames(rule, testName, 78,
+                    wxT("We expected to see exactly five events, event 1, 2, 1, 2, 2 due to "
+                        "interactions between the when to run settings and macros."));
 
     PerformDurationBoundsTest(7600, 7700, true);
     PerformDurationBoundsTest_MacServer(7600, 7900);

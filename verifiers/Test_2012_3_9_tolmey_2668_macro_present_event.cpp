@@ -1,4 +1,3 @@
-#include "framework/CheckReport.h"
 #include "framework/IndividualTestCase_T.h"
 #include "framework/RowScan.h"
 
@@ -17,13 +16,12 @@ class Test_2012_3_9_tolmey_2668_macro_present_event
   Test_2012_3_9_tolmey_2668_macro_present_event()
       : IndividualTestCase_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
+  void RunAllVerificationTests(VerificationNecessities) override {
     static const wxString testName = wxT("Present_event_functions_as_expected");
     const RowScan rule = RowScan::Positional({wxT("event 2"), wxT("event 1"), wxT("event 2")});
-    ReportCheck(
-        necessities.printer, rule.HoldsFor(*necessities.reader, wxT("Event\nName")), testName,
-        {wxT("Something bad happened instead."), 70, FOCUS_OF_THIS_TEST,
-         wxT("We expected to see exactly three events, event 2, event 1, event 2 ") wxT("again.")});
+    CheckEventNames(rule, testName, 70,
+                    wxT("We expected to see exactly three events, event 2, event 1, event 2 "
+                        "again."));
 
     PerformDurationBoundsTest(5000, 5100, true);
     PerformDurationBoundsTest_MacServer(5000, 5190);

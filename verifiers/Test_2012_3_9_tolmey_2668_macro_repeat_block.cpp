@@ -1,4 +1,3 @@
-#include "framework/CheckReport.h"
 #include "framework/IndividualTestCase_T.h"
 #include "framework/RowScan.h"
 
@@ -17,14 +16,12 @@ class Test_2012_3_9_tolmey_2668_macro_repeat_block
   Test_2012_3_9_tolmey_2668_macro_repeat_block()
       : IndividualTestCase_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
+  void RunAllVerificationTests(VerificationNecessities) override {
     static const wxString testName = wxT("Repeat_block_functions_as_expected");
     const RowScan rule = RowScan::Count(wxT("event 1"), 3, 2);
-    ReportCheck(necessities.printer, rule.HoldsFor(*necessities.reader, wxT("Event\nName")),
-                testName,
-                {wxT("Something bad happened instead."), 59, FOCUS_OF_THIS_TEST,
-                 wxT("We expected to see event 1 three times as that's what the macro is set ")
-                     wxT("up to do.")});
+    CheckEventNames(rule, testName, 59,
+                    wxT("We expected to see event 1 three times as that's what the macro is set "
+                        "up to do."));
 
     PerformDurationBoundsTest(2400, 2500, true);
     PerformDurationBoundsTest_MacServer(2400, 2580);

@@ -1,4 +1,3 @@
-#include "framework/CheckReport.h"
 #include "framework/IndividualTestCase_T.h"
 #include "framework/RowScan.h"
 
@@ -17,15 +16,13 @@ class Test_2012_3_9_tolmey_2668_macro_reset_trial_count
   Test_2012_3_9_tolmey_2668_macro_reset_trial_count()
       : IndividualTestCase_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
+  void RunAllVerificationTests(VerificationNecessities) override {
     static const wxString testName = wxT("Reset_trial_count_functions_as_expected");
     const RowScan rule = RowScan::Positional({wxT("event 1"), wxT("event 2")});
-    ReportCheck(necessities.printer, rule.HoldsFor(*necessities.reader, wxT("Event\nName")),
-                testName,
-                {wxT("Something bad happened instead."), 63, FOCUS_OF_THIS_TEST,
-                 wxT("We expected to see event 1 once and event 2 also once as that's what ")
-                     wxT("the macro is set up to do. This one is tricky-ish as it uses both a ")
-                         wxT("when to run experession and a macro to work.")});
+    CheckEventNames(rule, testName, 63,
+                    wxT("We expected to see event 1 once and event 2 also once as that's what "
+                        "the macro is set up to do. This one is tricky-ish as it uses both a "
+                        "when to run experession and a macro to work."));
   }
 };
 

@@ -1,4 +1,3 @@
-#include "framework/CheckReport.h"
 #include "framework/IndividualTestCase_T.h"
 #include "framework/RowScan.h"
 
@@ -16,14 +15,12 @@ class Test_2012_3_9_tolmey_2668_macro_skip_trial
  public:
   Test_2012_3_9_tolmey_2668_macro_skip_trial() : IndividualTestCase_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
+  void RunAllVerificationTests(VerificationNecessities) override {
     static const wxString testName = wxT("Repeat_block_functions_as_expected");
     const RowScan rule = RowScan::Positional({wxT("event 1"), wxT("event 3")});
-    ReportCheck(necessities.printer, rule.HoldsFor(*necessities.reader, wxT("Event\nName")),
-                testName,
-                {wxT("Something bad happened instead."), 63, FOCUS_OF_THIS_TEST,
-                 wxT("We expected to see event 1 once and event 3 also once as that's what ")
-                     wxT("the macro is set up to do.")});
+    CheckEventNames(rule, testName, 63,
+                    wxT("We expected to see event 1 once and event 3 also once as that's what "
+                        "the macro is set up to do."));
 
     PerformDurationBoundsTest(1600, 1620, true);
     PerformDurationBoundsTest_MacServer(1600, 1730);

@@ -1,4 +1,3 @@
-#include "framework/CheckReport.h"
 #include "framework/RowScan.h"
 #include "framework/TestCaseWithFullColumnStringComp_T.h"
 
@@ -22,16 +21,13 @@ class Test_2012_3_9_tolmey_2668_trial_wtp_codes
   Test_2012_3_9_tolmey_2668_trial_wtp_codes()
       : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
+  void RunAllVerificationTests(VerificationNecessities) override {
     static const wxString testName = wxT("Presenting_trials_based_on_code_functions_as_expected");
     const RowScan rule = RowScan::Positional({wxT("event 1"), wxT("event 2")});
-    ReportCheck(necessities.printer, rule.HoldsFor(*necessities.reader, wxT("Event\nName")),
-                testName,
-                {wxT("Something bad happened instead."), 80, FOCUS_OF_THIS_TEST,
-                 wxT("We expected to see event 1 once and event 2 also once as that's what ")
-                     wxT("the macro is set up to do.")});
-    VerifyVerbatimColumnContent(necessities.reader, necessities.printer, wxT("code"),
-                                GetExpectedCellValuesForCode());
+    CheckEventNames(rule, testName, 80,
+                    wxT("We expected to see event 1 once and event 2 also once as that's what "
+                        "the macro is set up to do."));
+    VerifyVerbatimColumnContent(wxT("code"), GetExpectedCellValuesForCode());
 
     PerformDurationBoundsTest(1600, 1630, true);
     PerformDurationBoundsTest_MacServer(1600, 1720);

@@ -1,4 +1,3 @@
-#include "framework/CheckReport.h"
 #include "framework/IndividualTestCase_T.h"
 #include "framework/RowScan.h"
 
@@ -17,14 +16,12 @@ class Test_2012_3_9_tolmey_2668_trial_wtp_less_than_equal
   Test_2012_3_9_tolmey_2668_trial_wtp_less_than_equal()
       : IndividualTestCase_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
+  void RunAllVerificationTests(VerificationNecessities) override {
     static const wxString testName = wxT("The_greater_or_equal_to_operator_works");
     const RowScan rule = RowScan::Anywhere({wxT("event 1")}, 1);
-    ReportCheck(necessities.printer, rule.HoldsFor(*necessities.reader, wxT("Event\nName")),
-                testName,
-                {wxT("Something bad happened instead."), 60, FOCUS_OF_THIS_TEST,
-                 wxT("We expected to see event 1 once. I really hope this test never fails. ")
-                     wxT("Wow I'm really curious what happens in ombrelia right now.")});
+    CheckEventNames(rule, testName, 60,
+                    wxT("We expected to see event 1 once. I really hope this test never fails. "
+                        "Wow I'm really curious what happens in ombrelia right now."));
 
     PerformDurationBoundsTest(1600, 1650, true);
     PerformDurationBoundsTest_MacServer(1600, 1710);

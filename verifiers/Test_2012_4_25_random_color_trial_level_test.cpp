@@ -1,4 +1,3 @@
-#include "framework/CheckReport.h"
 #include "framework/IndividualTestCase_T.h"
 
 namespace Ombrelia {
@@ -31,10 +30,10 @@ class Test_2012_4_25_random_color_trial_level_test
   Test_2012_4_25_random_color_trial_level_test()
       : IndividualTestCase_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
+  void RunAllVerificationTests(VerificationNecessities) override {
     static const wxString testName = wxT("Test_didnt_randomly_break_and_all_trials_were_presented");
-    ReportCheck(necessities.printer, EachColorWasPresented(*necessities.reader), testName,
-                {wxT("Something bad happened instead."), 63, FOCUS_OF_THIS_TEST,
+    ReportCheck(EachColorWasPresented(*m_reader), testName,
+                {wxT("Something bad happened instead."), 63,
                  wxT("We expected to see three events with three different values of the trial "
                      "variable.")});
 

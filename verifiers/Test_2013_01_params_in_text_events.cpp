@@ -1,6 +1,5 @@
-#include "framework/CheckReport.h"
+#include "framework/CellCounts.h"
 #include "framework/IndividualTestCase_T.h"
-#include "framework/RowPrefixes.h"
 
 namespace Ombrelia {
 
@@ -16,18 +15,17 @@ class Test_2013_01_params_in_text_events
  public:
   Test_2013_01_params_in_text_events() : IndividualTestCase_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
+  void RunAllVerificationTests(VerificationNecessities) override {
     static const wxString testName = wxT("we_presented_all_events");
-    const int rows = necessities.reader->GetNumberOfDataRows();
-    const std::vector<int> rowsOfEachKind = CountRowsByPrefix(
-        *necessities.reader, wxT("Trial\nName"),
+    const int rows = RowCount();
+    const std::vector<int> rowsOfEachKind = CountCellsByPrefix(
+        *m_reader, wxT("Trial\nName"),
         {wxT("block without params trial"), wxT("pause block trial"), wxT("param block trial")});
     const bool allPresented = rows == 56 && rowsOfEachKind == std::vector<int>{20, 6, 30};
-    ReportCheck(
-        necessities.printer, allPresented, testName,
-        {wxString::Format(wxT("Something bad happened instead %d."), rows), 67, FOCUS_OF_THIS_TEST,
-         wxT("We expected to see 56 rows of data split up into three kinds of trials in a "
-             "20-6-30 proportion.")});
+    ReportCheck(allPresented, testName,
+                {wxString::Format(wxT("Something bad happened instead %d."), rows), 67,
+                 wxT("We expected to see 56 rows of data split up into three kinds of trials in a "
+                     "20-6-30 proportion.")});
 
     PerformDurationBoundsTest(16300, 17000, true);
     PerformDurationBoundsTest_MacServer(16000, 18000);

@@ -1,4 +1,3 @@
-#include "framework/CheckReport.h"
 #include "framework/IndividualTestCase_T.h"
 #include "framework/RowScan.h"
 
@@ -17,17 +16,16 @@ class Test_2772_1_macr_1_reg_1_feed
  public:
   Test_2772_1_macr_1_reg_1_feed() : IndividualTestCase_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
+  void RunAllVerificationTests(VerificationNecessities) override {
     static const wxString testName =
-        wxT("Having_1_event_presented_normally_and_1_presented_via_feedback_and_")
-            wxT("block_Level_macro_functions");
+        wxT("Having_1_event_presented_normally_and_1_presented_via_feedback_and_"
+            "block_Level_macro_functions");
     const RowScan colours = RowScan::Anywhere({wxT("Red"), wxT("Green"), wxT("Blue")}, 2);
     const RowScan places = RowScan::Anywhere({wxT("one"), wxT("two"), wxT("three")}, 2);
-    const bool eachOnce =
-        colours.HoldsFor(*necessities.reader, wxT("Font Color\n(Trial Variable)")) &&
-        places.HoldsFor(*necessities.reader, wxT("Screen Location\n(Trial Variable)"));
-    ReportCheck(necessities.printer, eachOnce, testName,
-                {wxT("Something bad happened instead."), 95, FOCUS_OF_THIS_TEST,
+    const bool eachOnce = colours.HoldsFor(*m_reader, wxT("Font Color\n(Trial Variable)")) &&
+                          places.HoldsFor(*m_reader, wxT("Screen Location\n(Trial Variable)"));
+    ReportCheck(eachOnce, testName,
+                {wxT("Something bad happened instead."), 95,
                  wxT("We expected to see each variable name to show up exactly once.")});
 
     PerformDurationBoundsTest(2990, 3170, true);

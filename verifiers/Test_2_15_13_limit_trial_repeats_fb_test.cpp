@@ -32,9 +32,7 @@ class Test_2_15_13_limit_trial_repeats_fb_test
   }
 
   void RunAllVerificationTests(VerificationNecessities necessities) override {
-    if (TestLengthOfData(necessities.reader, necessities.printer)) {
-      TestContentOfData(necessities.reader, necessities.printer);
-    }
+    TestCaseWithFullColumnStringComp_T::RunAllVerificationTests(necessities);
 
     PerformDurationBoundsTest(2500, 2700, true);
     PerformDurationBoundsTest_MacServer(2500, 2700);

@@ -1,5 +1,4 @@
 #include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
-#include "framework/CheckReport.h"
 #include "framework/IndividualTestCase_T.h"
 #include "framework/RowRuns.h"
 
@@ -19,15 +18,13 @@ class Test_3002_spec_trial_level_actions_expressions
   Test_3002_spec_trial_level_actions_expressions()
       : IndividualTestCase_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
+  void RunAllVerificationTests(VerificationNecessities) override {
     static const wxString testName =
         wxT("Having_events_presented_with_the_right_color_variables_in_specific_order");
     static const std::vector<wxString> colors = {wxT("red"), wxT("green"), wxT("blue"),
                                                  wxT("red"), wxT("green"), wxT("blue")};
-    const int column =
-        necessities.reader->GetColumnPositionNumberFromText(wxT("color\n(Trial Variable)"));
-    ReportCheck(necessities.printer, RunEquals(*necessities.reader, column, 0, colors), testName,
-                {wxT("Something bad happened instead."), 79, FOCUS_OF_THIS_TEST,
+    ReportCheck(RunEquals(*m_reader, wxT("color\n(Trial Variable)"), 0, colors), testName,
+                {wxT("Something bad happened instead."), 79,
                  wxT("We expected RGBRGB to show up in the data file in that precise order")});
 
     PerformDurationBoundsTest(3000, 3300, true);

@@ -1,5 +1,4 @@
 #include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
-#include "framework/CheckReport.h"
 #include "framework/IndividualTestCase_T.h"
 
 namespace Ombrelia {
@@ -42,14 +41,13 @@ class Test_9_25_13_all_param2param_actions
  public:
   Test_9_25_13_all_param2param_actions() : IndividualTestCase_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
+  void RunAllVerificationTests(VerificationNecessities) override {
     static const wxString testName =
         wxT("Having_parameters_get_modified_by_values_in_other_parameters");
-    ReportCheck(necessities.printer, CountMatches(*necessities.reader) == PARAMETERS * ROWS,
-                testName,
-                {wxT("Something bad happened instead."), 123, FOCUS_OF_THIS_TEST,
-                 wxT("We expected very  specific values to be in the parameter cells, at least ")
-                     wxT("one of them wasn't right.")});
+    ReportCheck(CountMatches(*m_reader) == PARAMETERS * ROWS, testName,
+                {wxT("Something bad happened instead."), 123,
+                 wxT("We expected very  specific values to be in the parameter cells, at least "
+                     "one of them wasn't right.")});
 
     PerformDurationBoundsTest(1500, 1620, true);
     PerformDurationBoundsTest_SmallTestBox(1700, 2050);

@@ -1,4 +1,3 @@
-#include "framework/CheckReport.h"
 #include "framework/IndividualTestCase_T.h"
 
 namespace Ombrelia {
@@ -35,18 +34,18 @@ class Test_fake_input_when_resp_is_fb_test
  public:
   Test_fake_input_when_resp_is_fb_test() : IndividualTestCase_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
+  void RunAllVerificationTests(VerificationNecessities) override {
     static const wxString testName =
         wxT("Use the fake input plugin to trigger feedback events when appropriate.");
-    const int column = necessities.reader->GetColumnPositionNumberFromText(wxT("Event\nName"));
-    const int rows = necessities.reader->GetNumberOfDataRows();
+    const int column = ColumnOf(wxT("Event\nName"));
+    const int rows = RowCount();
     std::vector<wxString> cells;
     cells.reserve(static_cast<size_t>(rows));
     for (int row = 0; row < rows; ++row) {
-      cells.push_back(necessities.reader->GetDataCellValue(row, column));
+      cells.push_back(CellAt(row, column));
     }
-    ReportCheck(necessities.printer, cells == GetExpectedEventNames(), testName,
-                {wxT("Something bad happened instead."), 98, FOCUS_OF_THIS_TEST,
+    ReportCheck(cells == GetExpectedEventNames(), testName,
+                {wxT("Something bad happened instead."), 98,
                  wxT("We expected to see exactly five events in that order:\n"
                      "non-fb-event1, should show one fb; feedback event a; "
                      "non-fb-event2, should not show fb; non-fb-event3, should show one fb; "

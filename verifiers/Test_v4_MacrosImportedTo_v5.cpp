@@ -104,13 +104,10 @@ class Test_v4_MacrosImportedTo_v5
  public:
   Test_v4_MacrosImportedTo_v5() : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
-    VerifyVerbatimColumnContent(necessities.reader, necessities.printer, wxT("Block\nName"),
-                                GetExpectedCellValuesForBlockName());
-    VerifyVerbatimColumnContent(necessities.reader, necessities.printer, wxT("Trial\nName"),
-                                GetExpectedCellValuesForTrialName());
-    VerifyVerbatimColumnContent(necessities.reader, necessities.printer, wxT("Event\nName"),
-                                GetExpectedCellValuesForEventName());
+  void RunAllVerificationTests(VerificationNecessities) override {
+    VerifyVerbatimColumnContent(wxT("Block\nName"), GetExpectedCellValuesForBlockName());
+    VerifyVerbatimColumnContent(wxT("Trial\nName"), GetExpectedCellValuesForTrialName());
+    VerifyVerbatimColumnContent(wxT("Event\nName"), GetExpectedCellValuesForEventName());
 
     PerformDurationBoundsTest(600, 2000, true);
     PerformDurationBoundsTest_MacServer(1000, 3500);

@@ -36,11 +36,9 @@ class TrialSubsetUpToNMultipleBlockParents
   TrialSubsetUpToNMultipleBlockParents()
       : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST, false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
-    VerifyVerbatimColumnContent(necessities.reader, necessities.printer, wxT("Event\nName"),
-                                GetExpectedCellValuesForEventNames());
-    VerifyVerbatimColumnContent(necessities.reader, necessities.printer, wxT("red_blue"),
-                                GetExpectedCellValuesForRedBlueCode());
+  void RunAllVerificationTests(VerificationNecessities) override {
+    VerifyVerbatimColumnContent(wxT("Event\nName"), GetExpectedCellValuesForEventNames());
+    VerifyVerbatimColumnContent(wxT("red_blue"), GetExpectedCellValuesForRedBlueCode());
 
     PerformDurationBoundsTest(880, 2000, true);
     PerformDurationBoundsTest_MacServer(900, 3000);

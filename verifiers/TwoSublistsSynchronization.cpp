@@ -39,13 +39,12 @@ class TwoSublistsSynchronization
  public:
   TwoSublistsSynchronization() : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST(), false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
-    VerifyVerbatimColumnContent(necessities.reader, necessities.printer, wxT("Event\nName"),
+  void RunAllVerificationTests(VerificationNecessities) override {
+    VerifyVerbatimColumnContent(wxT("Event\nName"),
                                 Tolmey3661ListAppliesToday()
                                     ? GetExpectedCellValuesForEventNames_Mac_TEMPORARY_tolmey3661()
                                     : GetExpectedCellValuesForEventNames());
-    VerifyVerbatimColumnContent(necessities.reader, necessities.printer, wxT("color"),
-                                GetExpectedCellValuesForTags());
+    VerifyVerbatimColumnContent(wxT("color"), GetExpectedCellValuesForTags());
 
     PerformDurationBoundsTest(500, 5200, true);
     PerformDurationBoundsTest_MacServer(500, 650);

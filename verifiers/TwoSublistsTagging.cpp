@@ -29,11 +29,9 @@ class TwoSublistsTagging : public TestCaseWithFullColumnStringComp_T<TwoSublists
  public:
   TwoSublistsTagging() : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST(), false) {}
 
-  void RunAllVerificationTests(VerificationNecessities necessities) override {
-    VerifyVerbatimColumnContent(necessities.reader, necessities.printer, wxT("color"),
-                                GetExpectedCellValuesForColorTagSet());
-    VerifyVerbatimColumnContent(necessities.reader, necessities.printer, wxT("direction"),
-                                GetExpectedCellValuesForDirectionTagSet());
+  void RunAllVerificationTests(VerificationNecessities) override {
+    VerifyVerbatimColumnContent(wxT("color"), GetExpectedCellValuesForColorTagSet());
+    VerifyVerbatimColumnContent(wxT("direction"), GetExpectedCellValuesForDirectionTagSet());
 
     PerformDurationBoundsTest(900, 5200, true);
     PerformDurationBoundsTest_MacServer(900, 1100);

@@ -12,21 +12,22 @@ using Ombrelia::CheckFailure;
 using Ombrelia::ReportCheck;
 using Ombrelia::ReportFailure;
 
-const CheckFailure FAILURE = {wxT("A subject."), 79, wxT("an_experiment.om5"), wxT("A message.")};
+const CheckFailure FAILURE = {wxT("A subject."), 79, wxT("A message.")};
+const wxString EXPERIMENT = wxT("an_experiment.om5");
 const char* const FAILED =
     "FAIL A_check | A subject. | Whichever/File/Focuses/On/Verifying/an_experiment.om5:79 | "
     "A message.";
 
 TEST(CheckReport, RecordsAPassWithItsNameAlone) {
   RecordingPrinter printer;
-  ReportCheck(&printer, true, wxT("A_check"), FAILURE);
+  ReportCheck(&printer, EXPERIMENT, true, wxT("A_check"), FAILURE);
   EXPECT_EQ(printer.lines, Lines{"pass A_check"});
 }
 
 TEST(CheckReport, RecordsAFailureWithItsFourTexts) {
   RecordingPrinter printer;
-  ReportCheck(&printer, false, wxT("A_check"), FAILURE);
-  ReportFailure(&printer, wxT("A_check"), FAILURE);
+  ReportCheck(&printer, EXPERIMENT, false, wxT("A_check"), FAILURE);
+  ReportFailure(&printer, EXPERIMENT, wxT("A_check"), FAILURE);
   EXPECT_EQ(printer.lines, (Lines{FAILED, FAILED}));
 }
 

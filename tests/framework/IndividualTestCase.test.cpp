@@ -27,6 +27,9 @@ class FrameProbe : public IndividualTestCase_T<FrameProbe, false> {
     areas = necessities.stimAreas->size();
     if (checks) checks(*this);
   }
+  using IndividualTestCase_T::CellAt;
+  using IndividualTestCase_T::CheckEventNames;
+  using IndividualTestCase_T::ColumnOf;
   using IndividualTestCase_T::GetColumnIndexFromText_StartsWith;
   using IndividualTestCase_T::GetExpansionTime;
   using IndividualTestCase_T::m_reader;
@@ -35,6 +38,10 @@ class FrameProbe : public IndividualTestCase_T<FrameProbe, false> {
   using IndividualTestCase_T::PerformDurationBoundsTest_MacServer;
   using IndividualTestCase_T::PerformDurationBoundsTest_SmallTestBox;
   using IndividualTestCase_T::PerformExpansionBoundsTest_MacServer;
+  using IndividualTestCase_T::ReportCheck;
+  using IndividualTestCase_T::ReportFailure;
+  using IndividualTestCase_T::ReportPass;
+  using IndividualTestCase_T::RowCount;
 
   std::function<void(FrameProbe&)> checks;
   int runs = 0;
@@ -188,6 +195,41 @@ TEST(IndividualTestCase, DoesNotRegisterWhenTold) {
   EXPECT_EQ(Ombrelia::DataHookOutputTestingPlugin::PrivateImpl::m_static_verifiers().count(
                 wxT("NEVER_REGISTERED.OM5")),
             0U);
+}
+
+TEST(Checks, AreReportedUnderTheExperiment) {
+  EXPECT_EQ(RecordOf(SomeFile(),
+                     [](FrameProbe& probe) {
+                       const Ombrelia::CheckFailure failure = {wxT("Subject."), 7, wxT("Message.")};
+                       probe.ReportPass(wxT("one"));
+                       probe.ReportCheck(true, wxT("two"), failure);
+                       probe.ReportCheck(false, wxT("three"), failure);
+                       probe.ReportFailure(wxT("four"), failure);
+                     }),
+            (Lines{"pass one", "pass two", Fail("three", "Subject.", PROBE, 7, "Message."),
+                   Fail("four", "Subject.", PROBE, 7, "Message.")}));
+}
+
+TEST(Checks, HoldTheEventNamesAgainstARule) {
+  const auto check = [](std::vector<wxString> names) {
+    return RecordOf(SomeFile(), [&](FrameProbe& probe) {
+      probe.CheckEventNames(Ombrelia::RowScan::Positional(names), wxT("order"), 12, wxT("Wrong."));
+    });
+  };
+  EXPECT_EQ(check({wxT("a"), wxT("b"), wxT("c")}), Lines{"pass order"});
+  EXPECT_EQ(check({wxT("a"), wxT("c"), wxT("b")}),
+            Lines{Fail("order", "Something bad happened instead.", PROBE, 12, "Wrong.")});
+}
+
+TEST(Cells, AreReadFromTheTableInHand) {
+  RecordOf(SomeFile(), [](FrameProbe& probe) {
+    EXPECT_EQ(probe.RowCount(), 3);
+    EXPECT_EQ(probe.ColumnOf(wxT("Cumulative\nTime")), 1);
+    EXPECT_EQ(probe.ColumnOf(wxT("Cumulative")), -1);
+    EXPECT_EQ(probe.CellAt(2, 1), wxT("1500"));
+    EXPECT_EQ(probe.CellAt(3, 1), wxT("?"));
+    EXPECT_EQ(probe.CellAt(2, -1), wxT("?"));
+  });
 }
 
 TEST(Tracking, FailsWithoutTheDurationColumnAndBoundsNothing) {

@@ -68,6 +68,7 @@ TEST(RowScanCount, HoldsForTheOneLastRowOnly) {
 // The last row's index is 0 then, which one row gives as well.
 TEST(RowScan, HoldsForNoTableWithoutRows) {
   EXPECT_FALSE(Holds(RowScan::Positional({wxT("a")}), {}));
+  EXPECT_FALSE(Holds(RowScan::Positional({wxT("?")}), {}));
   EXPECT_FALSE(Holds(RowScan::Anywhere({wxT("a")}, 0), {}));
   EXPECT_FALSE(Holds(RowScan::Count(wxT("a"), 1, 0), {}));
 }

@@ -25,6 +25,7 @@ class ColumnProbe : public TestCaseWithFullColumnStringComp_T<ColumnProbe> {
   const wxString& GetTargetedColumnName() override {
     return useDefaults ? TestCaseWithFullColumnStringComp_T::GetTargetedColumnName() : column;
   }
+  using IndividualTestCase_T::m_printer;
   using IndividualTestCase_T::m_reader;
   using TestCaseWithFullColumnStringComp_T::TestContentOfData_Internal;
   using TestCaseWithFullColumnStringComp_T::VerifyVerbatimColumnContent;
@@ -135,6 +136,23 @@ TEST(VerbatimComparison, FailsWithoutRowsEvenIfNothingIsExpected) {
   EXPECT_EQ(printer.lines,
             Lines{Mismatch("At datafile row index 0 we expected {ERRORERROR}, but that was not the "
                            "actual content.")});
+}
+
+// The short form compares the table in hand and reports to the printer in hand.
+TEST(VerbatimComparison, ComparesTheTableOfTheFrame) {
+  RecordingPrinter printer;
+  Rows({"a", "b"}).Verify();
+  Probe().m_printer = &printer;
+  EXPECT_TRUE(Probe().VerifyVerbatimColumnContent(wxT("Event\nName"), {wxT("a"), wxT("b")}));
+  EXPECT_FALSE(Probe().VerifyVerbatimColumnContent(wxT("Event\nName"), {wxT("a"), wxT("c")}));
+  EXPECT_FALSE(Probe().VerifyVerbatimColumnContent(wxT("Event\nName"), {wxT("a")}));
+  Probe().m_printer = nullptr;
+  EXPECT_EQ(printer.lines,
+            (Lines{"pass Data_appears_completely_and_in_order",
+                   Mismatch("At datafile row index 1 we expected {c}, but that was not the actual "
+                            "content."),
+                   Fail("Correct_quantity_of_data_cells",
+                        "Too many data cells. More than expected.", PROBE, 89, "No extra info.")}));
 }
 
 TEST(VerbatimComparison, AnswersWhetherAllIsWell) {

@@ -1,13 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <boost/make_shared.hpp>
-#include <filesystem>
-#include <fstream>
 
-#include "framework/IndividualTestCase_T.h"
-#include "plugin/DataHookOutputTestingPluginImpl.h"
+#include "tests/support/ChecksOnTable.h"
 #include "tests/support/DataFile.h"
-#include "tests/support/RecordingPrinter.h"
 
 namespace Ombrelia {
 class Test_2011_11_1_tolmey_2552_Randomization;
@@ -109,28 +105,10 @@ TEST(Test_2011_11_1_tolmey_2552_Randomization, NamesEachPassAfterItsOwnFile) {
   EXPECT_EQ(Outcome(DataFile::Sample(EXPERIMENT)), Passed("51"));
 }
 
-// A file without rows cannot be read, so the verifier is handed a table without rows directly. A
-// readable file goes before it, because the bounds look at the table of the last data file.
+// A file without rows cannot be read, so the check is handed a table without rows.
 TEST(Test_2011_11_1_tolmey_2552_Randomization, FailsOnATableWithoutRows) {
-  using Frame =
-      Ombrelia::IndividualTestCase_T<Ombrelia::Test_2011_11_1_tolmey_2552_Randomization, false>;
-  const std::string path =
-      (std::filesystem::current_path() / (std::string(EXPERIMENT) + " 1.txt")).string();
-  std::ofstream(path, std::ios::binary) << DataFile::Sample(EXPERIMENT).Text();
-  const wxString file = wxString::FromUTF8(path.c_str());
-  auto* verifier = Ombrelia::DataHookOutputTestingPlugin::PrivateImpl::m_static_verifiers()
-                       .at(Ombrelia::LookupKeyOfDatafile(file))
-                       .verifier;
-  const std::vector<Ombrelia::StimAreaData> noAreas;
-  RecordingPrinter printer;
-  verifier->VerifyDatafile(file, noAreas, &printer);
-  std::filesystem::remove(path);
-  printer.lines.clear();
-
-  static_cast<Frame*>(verifier)->RunAllVerificationTests(
-      {boost::make_shared<MUExperimentTextReaderMultiFile>(nullptr), &printer, &noAreas});
-
-  const Lines failures = FailuresOf(printer.lines);
+  const Lines failures = RecordOfChecksOn<Ombrelia::Test_2011_11_1_tolmey_2552_Randomization>(
+      boost::make_shared<MUExperimentTextReaderMultiFile>(nullptr), EXPERIMENT);
   ASSERT_EQ(failures.size(), 1U);
   // Whether a sign stands before it is the C library's choice.
   EXPECT_TRUE(failures[0] == CheckFailed("nan") || failures[0] == CheckFailed("-nan"))

@@ -1,11 +1,10 @@
 #include <gtest/gtest.h>
 
-#include "framework/IndividualTestCase_T.h"
-#include "plugin/DataHookOutputTestingPluginImpl.h"
-#include "tests/BuildPaths.h"
+#include <boost/make_shared.hpp>
+
+#include "tests/support/ChecksOnTable.h"
 #include "tests/support/DataFile.h"
 #include "tests/support/FrameFailures.h"
-#include "tests/support/RecordingPrinter.h"
 
 namespace Ombrelia {
 class Test_2011_12_16_case_1639_Stimlist_Folder;
@@ -88,29 +87,11 @@ TEST(Test_2011_12_16_case_1639_Stimlist_Folder, ChecksTheBoundAfterAFailure) {
             (Lines{CheckFailed("x"), ExpansionOutOfBounds(EXPERIMENT, 5, 40, "4")}));
 }
 
-// No file without rows is readable, so the check is handed a table that holds none.
+// A file without rows cannot be read, so the check is handed a table without rows.
 TEST(Test_2011_12_16_case_1639_Stimlist_Folder, PassesOnATableWithoutRows) {
-  const wxString path = wxString::FromUTF8(OMBRELIA_SOURCE_DIR) +
-                        wxT("/samples/datafiles/2011-12-16_test_for_case_1639_Stimlist_Folder.om4 ")
-                            wxT("1.txt");
-  auto& registry = Ombrelia::DataHookOutputTestingPlugin::PrivateImpl::m_static_verifiers();
-  const auto found = registry.find(Ombrelia::LookupKeyOfDatafile(path));
-  ASSERT_NE(found, registry.end());
-  using Frame =
-      Ombrelia::IndividualTestCase_T<Ombrelia::Test_2011_12_16_case_1639_Stimlist_Folder, false>;
-  RecordingPrinter printer;
-  const std::vector<Ombrelia::StimAreaData> noAreas;
-  found->second.verifier->VerifyDatafile(path, noAreas, &printer);
-  printer.lines.clear();
-
-  const boost::shared_ptr<MUExperimentTextReaderMultiFile> table(
-      new MUExperimentTextReaderMultiFile(nullptr));
-  ASSERT_EQ(table->GetNumberOfDataRows(), 0);
-  static_cast<Frame*>(found->second.verifier)->RunAllVerificationTests({table, &printer, &noAreas});
-  // The bound is that of the file before.
-  EXPECT_EQ(printer.lines,
-            (Lines{"pass All the entries in the Event Name column are as they should be.",
-                   "pass Expansion_duration_2011-12-16_test_for_case_1639_Stimlist_Folder.om4"}));
+  EXPECT_EQ(RecordOfChecksOn<Ombrelia::Test_2011_12_16_case_1639_Stimlist_Folder>(
+                boost::make_shared<MUExperimentTextReaderMultiFile>(nullptr), EXPERIMENT),
+            Lines{"pass All the entries in the Event Name column are as they should be."});
 }
 
 }  // namespace
