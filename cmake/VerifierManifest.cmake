@@ -1,5 +1,10 @@
 # Reads verifiers/manifest.json, the one table of all verifiers, into OMBRELIA_VERIFIER_CLASSES.
-# The same table makes docs/verifiers.md and is held against sources, samples and registry by a test.
+# The same table makes docs/verifiers.md. Here it is held against sources, samples and tests, and by a test against
+# the registry.
+include(CheckVerifierFiles)
+ombrelia_check_verifier_files("${PROJECT_SOURCE_DIR}")
+# A source that comes or goes is noticed by the next build.
+file(GLOB verifier_sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/verifiers/*.cpp")
 
 set(OMBRELIA_VERIFIER_MANIFEST "${PROJECT_SOURCE_DIR}/verifiers/manifest.json")
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${OMBRELIA_VERIFIER_MANIFEST}")
