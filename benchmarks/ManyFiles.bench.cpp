@@ -16,7 +16,8 @@ const ScratchFolder scratch;
 const bool registered = [] {
   WriteDataFiles(scratch.Path(), MANY_FILES, MANY_FILES_SIZE);
   const std::string folder = scratch.Path().string();
-  for (const char* const work : {"open-files", "load-batch", "load-notified"}) {
+  for (const char* const work :
+       {"open-files", "load-batch", "load-notified", "load-notified-viewer"}) {
     RegisterChild(work, {ProgramBeside("bench-work"), work, folder}, "seconds");
   }
   if (DuckDb::Library() != nullptr) {

@@ -19,6 +19,45 @@ void Require(bool condition, const std::filesystem::path& file) {
   std::exit(1);
 }
 
+// Hooks the steps as a viewer does that counts them; the table cannot know what else they do.
+class ViewerTable : public MUExperimentTextReaderMultiFile {
+ public:
+  using MUExperimentTextReaderMultiFile::MUExperimentTextReaderMultiFile;
+
+  void ExtractAll(MUInterfaceExperimentDataFileInputReader* reader) override {
+    ++m_steps;
+    MUExperimentTextReaderMultiFile::ExtractAll(reader);
+  }
+  void UnsuppressColumnsBasedOnMultipleFileNames(const std::deque<wxString>& fullNames) override {
+    ++m_steps;
+    MUExperimentTextReaderMultiFile::UnsuppressColumnsBasedOnMultipleFileNames(fullNames);
+  }
+  void ResetKeysIntoCurrentRowsAll() override {
+    ++m_steps;
+    MUExperimentTextReaderMultiFile::ResetKeysIntoCurrentRowsAll();
+  }
+  void EraseAllCachedStatefulOptimizedStoredData() override {
+    ++m_steps;
+    MUExperimentTextReaderMultiFile::EraseAllCachedStatefulOptimizedStoredData();
+  }
+  void IdleTimeProcessAllNotifications() override {
+    ++m_steps;
+    MUExperimentTextReaderMultiFile::IdleTimeProcessAllNotifications();
+  }
+
+ private:
+  std::size_t m_steps = 0;
+};
+
+std::unique_ptr<Table> LoadNotified(std::unique_ptr<Table> table, const Files& files) {
+  for (const std::filesystem::path& file : files) {
+    Require(table->AddExperimentOcurrence_SimulateIdleLoop_UsedWhenNoTabulonWindowIsShown(
+                wxFileName(TextOf(file)), false, nullptr),
+            file);
+  }
+  return table;
+}
+
 }  // namespace
 
 wxString TextOf(const std::filesystem::path& path) { return wxString::FromUTF8(path.c_str()); }
@@ -54,13 +93,11 @@ std::unique_ptr<Table> LoadBatch(const Files& files) {
 }
 
 std::unique_ptr<Table> LoadNotified(const Files& files) {
-  auto table = std::make_unique<Table>(nullptr);
-  for (const std::filesystem::path& file : files) {
-    Require(table->AddExperimentOcurrence_SimulateIdleLoop_UsedWhenNoTabulonWindowIsShown(
-                wxFileName(TextOf(file)), false, nullptr),
-            file);
-  }
-  return table;
+  return LoadNotified(std::make_unique<Table>(nullptr), files);
+}
+
+std::unique_ptr<Table> LoadNotifiedIntoViewer(const Files& files) {
+  return LoadNotified(std::make_unique<ViewerTable>(nullptr), files);
 }
 
 std::size_t ReadColumn(const Table& table, const wxString& column) {

@@ -29,6 +29,8 @@ std::unique_ptr<Table> LoadOne(const std::filesystem::path& file, wxFile* openFi
 std::unique_ptr<Table> LoadBatch(const Files& files);
 // File by file with a notification after each.
 std::unique_ptr<Table> LoadNotified(const Files& files);
+// The same with a viewer's table, which overrides the steps of a load and of a notification.
+std::unique_ptr<Table> LoadNotifiedIntoViewer(const Files& files);
 
 // Sum of the lengths of a column's cells in the order of presentation, without a text of its own for
 // each cell.

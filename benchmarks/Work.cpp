@@ -76,6 +76,12 @@ void LoadFilesNotified(const Arguments& arguments) {
   PrintSeconds("seconds", [&] { table = LoadNotified(files); });
 }
 
+void LoadFilesNotifiedIntoViewer(const Arguments& arguments) {
+  const Files files = FilesIn(arguments);
+  std::unique_ptr<Table> table;
+  PrintSeconds("seconds", [&] { table = LoadNotifiedIntoViewer(files); });
+}
+
 void LoadFilesIntoDuckDb(const Arguments& arguments) {
   DuckDb database;
   PrintSeconds("seconds", [&] { database.Load(arguments.at(0)); });
@@ -142,6 +148,7 @@ int Run(int argc, char** argv) {
       {"open-files", OpenFiles},
       {"load-batch", LoadFilesInBatch},
       {"load-notified", LoadFilesNotified},
+      {"load-notified-viewer", LoadFilesNotifiedIntoViewer},
       {"load-duckdb", LoadFilesIntoDuckDb},
       {"peak-memory-open", PeakMemoryOfOpen},
       {"peak-memory-load", PeakMemoryOfLoad},

@@ -89,6 +89,8 @@ GOALS = [
     ("where / DuckDB", ratio("query/first/where", "query/duckdb/where"), 3),
     ("read a column after a sort / DuckDB", ratio("query/first/read_column", "query/duckdb/read_column"), 3),
     ("200 notified loads / one batch", ratio("load-notified", "load-batch"), 1.2),
+    ("200 notified loads into a derived table that overrides the steps / one batch",
+     ratio("load-notified-viewer", "load-batch"), 4),
     ("68 samples through the plug-in, process start included / the same comparisons as pytest with `--junitxml`",
      ratio("samples/plugin", "samples/pytest"), 1 / 12),
     ("growth of the load's time per row, 10^4 to 10^7 rows: dearest / 10^4", growth(load_cost), 1.5),

@@ -1,10 +1,10 @@
 #include "Tabulon/src/queries/MUColumnDictionaries.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "Tabulon/src/queries/MUColumnDictionary.h"
 #include "Tabulon/src/rows/MURowStore.h"
-#include "Tabulon/src/rows/MURowText.h"
 
 MUColumnDictionaries::Pointer MUColumnDictionaries::Of(const wxString& column,
                                                        const MURowStore& rows) {
@@ -22,7 +22,6 @@ MUColumnDictionaries::Pointer MUColumnDictionaries::OfFewTexts(const wxString& c
 }
 
 MUColumnDictionaries::Pointer MUColumnDictionaries::Kept(const wxString& column, Pointer made) {
-  if (!made->RowsArePlain()) return made;
   if (m_entries.size() == MOST_ENTRIES) m_entries.pop_front();
   m_entries.push_back({column, made});
   return made;
@@ -30,13 +29,17 @@ MUColumnDictionaries::Pointer MUColumnDictionaries::Kept(const wxString& column,
 
 MUColumnDictionaries::Pointer MUColumnDictionaries::Find(const wxString& column,
                                                          const MURowStore& rows) {
-  if (m_versionOfRows != rows.Version() || m_versionOfOverlays != MURowText::VersionOfOverlays()) {
-    m_entries.clear();
-    m_versionOfRows = rows.Version();
-    m_versionOfOverlays = MURowText::VersionOfOverlays();
-  }
-  for (const Entry& entry : m_entries) {
-    if (entry.column == column) return entry.dictionary;
-  }
+  DropStale(rows);
+  const auto entry = std::find_if(m_entries.begin(), m_entries.end(),
+                                  [&](const Entry& known) { return known.column == column; });
+  if (entry == m_entries.end()) return nullptr;
+  if (entry->dictionary->TellsTheTextsOf(rows)) return entry->dictionary;
+  m_entries.erase(entry);
   return nullptr;
+}
+
+void MUColumnDictionaries::DropStale(const MURowStore& rows) {
+  if (m_versionOfRows == rows.Version()) return;
+  m_entries.clear();
+  m_versionOfRows = rows.Version();
 }

@@ -11,18 +11,24 @@
 class MUColumnDictionary;
 class MURowStore;
 
-// Kept as long as the rows are the same and none has entries of its own, which could be written at any
-// time; and no more than a few, because each has a number for every row.
+// Effect: makes dictionaries and keeps the last few of them while they tell what the rows hold.
+// Cost: a dictionary takes a walk over all rows to make and a number per row to keep. One that is kept costs
+// a look at each file, and at each row that has entries of its own.
+// Lifetime: a dictionary that was handed out tells of the rows as they were then, also after they changed.
+// Threads: one at a time.
+// Failure: any column may be asked for; a column that no row has is one of empty texts.
 class MUColumnDictionaries {
  public:
   using Pointer = std::shared_ptr<const MUColumnDictionary>;
 
-  // The one of the column; made if there is none.
+  // The dictionary of the column, made if none is kept. rows: always those of the same table.
   Pointer Of(const wxString& column, const MURowStore& rows);
-  // The same for a column of few different texts; null for another one.
+  // The same for a column of at most 4096 different texts; null for another one.
   Pointer OfFewTexts(const wxString& column, const MURowStore& rows);
-  // Null if there is none.
+  // Null if none is kept.
   Pointer Find(const wxString& column, const MURowStore& rows);
+  // Lets go of those that rows which came or went have made useless, and of the files that they keep.
+  void DropStale(const MURowStore& rows);
 
  private:
   struct Entry {
@@ -36,7 +42,6 @@ class MUColumnDictionaries {
   static constexpr std::size_t FEW_TEXTS = 4096;
   std::deque<Entry> m_entries;
   unsigned long m_versionOfRows = 0;
-  unsigned long m_versionOfOverlays = 0;
 };
 
 #endif

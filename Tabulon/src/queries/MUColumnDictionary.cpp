@@ -8,11 +8,11 @@
 
 namespace {
 
-// Few texts in so many slots are nearly all found at the first look.
+// Enough slots that a few texts are nearly all found at the first look.
 constexpr std::size_t FIRST_SLOTS = 1024;
-// From so many on, memory is taken for as many as there can be.
+// With this number of texts, memory is taken for as many as there can be.
 constexpr std::size_t MANY_TEXTS = 65536;
-// So many slots are in the cache anyhow.
+// Up to this number, the slots are in the cache anyhow.
 constexpr std::size_t NEAR_SLOTS = 4096;
 
 // The slots take the high bits, which depend on all of the text.
@@ -24,7 +24,8 @@ std::uint32_t HashOf(const MUCellText& text) {
 
 MUColumnDictionary::MUColumnDictionary(const MURowStore& rows, const wxString& column,
                                        std::size_t mostTexts)
-    : m_rowCount(rows.size()),
+    : m_column(column),
+      m_rowCount(rows.size()),
       m_firstKey(rows.Runs().empty() ? 0 : rows.Runs().front().firstKey),
       m_numbers(rows.Runs().empty() ? 0 : rows.Runs().back().endKey - m_firstKey),
       m_slots(FIRST_SLOTS),
@@ -34,6 +35,9 @@ MUColumnDictionary::MUColumnDictionary(const MURowStore& rows, const wxString& c
 
   MUColumnReader reader(column);
   for (const MURowStore::Run& run : rows.Runs()) {
+    if (run.block != nullptr && (m_files.empty() || m_files.back().block != run.block)) {
+      m_files.push_back({run.block, run.versionOfRows});
+    }
     const std::size_t position =
         run.block == nullptr || run.block->FindHiddenCell(column) != nullptr
             ? MUDataFileBlock::NOT_FOUND
@@ -47,14 +51,24 @@ MUColumnDictionary::MUColumnDictionary(const MURowStore& rows, const wxString& c
       }
     } else {
       m_everyRowHasTheCell = false;
-      m_rowsArePlain = m_rowsArePlain && run.block != nullptr;
       for (unsigned long key = run.firstKey; key != run.endKey && !HasGivenUp(); ++key) {
         const MUSingleRowDataPlusRowProperties& row = *rows.find(key);
+        if (run.block == nullptr) m_ownRows.push_back(key);
         Add(key, m_keeper.Keep(row, reader.TextOf(row)));
       }
     }
   }
   NumberWaiting();
+}
+
+bool MUColumnDictionary::TellsTheTextsOf(const MURowStore& rows) const {
+  const bool filesStand = std::all_of(m_files.begin(), m_files.end(), [](const File& file) {
+    return file.block->VersionOfRows() == file.versionOfRows;
+  });
+  MUColumnReader reader(m_column);
+  return filesStand && std::all_of(m_ownRows.begin(), m_ownRows.end(), [&](unsigned long key) {
+           return reader.TextOf(*rows.find(key)) == Text(NumberOfRow(key));
+         });
 }
 
 void MUColumnDictionary::Add(unsigned long key, const MUCellText& text) {

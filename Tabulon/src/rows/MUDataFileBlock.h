@@ -73,6 +73,11 @@ class MUDataFileBlock {
   // The text of the hidden cell of that name, borrowed from the block, or null.
   const wxString* FindHiddenCell(const wxString& name) const;
 
+  // Changes whenever a row of the block gets its first own entry or becomes another row; compare it to
+  // detect what was concluded from the block alone and no longer holds. Rows call NoteChangedRow.
+  unsigned long VersionOfRows() const { return m_versionOfRows; }
+  void NoteChangedRow() const { ++m_versionOfRows; }
+
  private:
   friend class MUDataFileBlockBuilder;
   friend void intrusive_ptr_add_ref(const MUDataFileBlock* block) { ++block->m_references; }
@@ -94,6 +99,7 @@ class MUDataFileBlock {
   };
 
   mutable std::size_t m_references;
+  mutable unsigned long m_versionOfRows = 0;
   bool m_isWide;
   MUPoolVector<char> m_narrowText;
   MUPoolVector<wchar_t> m_wideText;

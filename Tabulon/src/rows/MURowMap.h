@@ -20,13 +20,15 @@ using MURowMapped =
     std::conditional_t<KIND == MURowMapKind::CELLS, wxString,
                        std::conditional_t<KIND == MURowMapKind::TEXT_FITS_IN_HASH, bool, double>>;
 
-// A std::map from a column's name to T, as far as anybody can see: the same entries, the same order
-// (wxString::compare), insert keeps an existing entry, the subscript inserts. What it hands out by
-// reference or iterator stays valid until the entry is erased or the row dies: such an entry is copied
-// into the row when it is first asked for, also by the const operations. ValueOrDefault, count, size
-// and empty copy nothing; prefer them, and the row's CellAt, where many rows are read.
-//
-// It has no data and works only as a member of MURowMaps, which alone can make or copy it.
+// Effect: a std::map from a column's name to the mapped type, as far as anybody can see: the same entries,
+// the same order (wxString::compare), insert keeps an existing entry, the subscript inserts. It has no data
+// and works only as a member of MURowMaps, which alone can make or copy it.
+// Cost: an entry is copied into the row when it is first handed out by reference or iterator, and a walk
+// copies them all. ValueOrDefault, count, size and empty copy nothing; prefer them, and the row's CellAt,
+// where many rows are read.
+// Lifetime: references and iterators hold until the entry is erased or the row dies.
+// Threads: one at a time for all rows of a file; const operations that hand out an entry write to the row.
+// Failure: a missing key is answered as std::map answers it; only memory can run out.
 template <MURowMapKind KIND>
 class MURowMap {
  public:

@@ -6,13 +6,15 @@
 
 #include <map>
 
-// Entries of one map that stand beside the block, or, when complete, instead of it.
+// The own entries of one map. They stand beside what the block gives for other keys; once m_complete is
+// set, they stand instead of it. T: the map's mapped type.
 template <typename T>
 struct MURowOverlay {
   std::map<wxString, T> m_entries;
   bool m_complete = false;
 };
 
+// The own entries of a row's five maps. A row has this record only after the first write or reference.
 struct MURowOverlays {
   MURowOverlay<wxString> m_cells;
   MURowOverlay<double> m_hash01;

@@ -9,18 +9,17 @@ bool MURowStore::insert(unsigned long key, Row* row) {
   if (page == nullptr) page = std::make_unique<Page>();
   Row*& slot = page->rows[key % PAGE_SIZE];
   if (slot != nullptr) return false;
+  if (m_size == 0) {
+    ForgetRuns();
+    m_runsStand = true;
+  }
+  // As rows arrive: at this moment they are in the cache.
+  if (m_runsStand && !m_runs.empty() && key < m_runs.back().endKey) ForgetRuns();
+  if (m_runsStand) AppendToRuns(key, row);
   slot = row;
   ++page->used;
-  if (m_size == 0) {
-    m_runs.clear();
-    m_runsStand = true;
-    m_runsOverlayVersion = MURowText::VersionOfOverlays();
-  }
   ++m_size;
   ++m_version;
-  // As rows arrive: then they are in the cache yet.
-  m_runsStand = m_runsStand && (m_runs.empty() || m_runs.back().endKey <= key);
-  if (m_runsStand) AppendToRuns(key, row);
   return true;
 }
 
@@ -31,7 +30,7 @@ bool MURowStore::erase(unsigned long key) {
   if (--page->used == 0) page.reset();
   --m_size;
   ++m_version;
-  m_runsStand = false;
+  ForgetRuns();
   return true;
 }
 
@@ -39,37 +38,50 @@ void MURowStore::clear() {
   m_pages.clear();
   m_size = 0;
   ++m_version;
-  m_runsStand = false;
+  ForgetRuns();
 }
 
 void MURowStore::AppendToRuns(unsigned long key, const Row* row) const {
   const bool isPlain = row->Block() != nullptr && !row->HasOverlay();
   const MUDataFileBlock* const block = isPlain ? row->Block() : nullptr;
   const std::size_t line = isPlain ? row->m_text.RowInBlock() : 0;
+  const unsigned long version = isPlain ? block->VersionOfRows() : 0;
   if (!m_runs.empty()) {
     Run& last = m_runs.back();
     const bool continues = last.endKey == key && last.block == block &&
+                           last.versionOfRows == version &&
                            (!isPlain || last.firstRow + (key - last.firstKey) == line);
     if (continues) {
       ++last.endKey;
       return;
     }
   }
-  m_runs.push_back({key, key + 1, block, line});
+  m_runs.push_back({key, key + 1, block, line, version});
 }
 
-const std::vector<MURowStore::Run>* MURowStore::StandingRuns() const {
-  return m_runsStand && m_runsOverlayVersion == MURowText::VersionOfOverlays() ? &m_runs : nullptr;
+// Lets go of the blocks, too: with their rows they shall go.
+void MURowStore::ForgetRuns() const {
+  m_runs.clear();
+  m_runsStand = false;
 }
 
 const std::vector<MURowStore::Run>& MURowStore::Runs() const {
-  if (StandingRuns() == nullptr) {
-    m_runs.clear();
+  const bool stand = m_runsStand && std::all_of(m_runs.begin(), m_runs.end(), [](const Run& run) {
+                       return run.block == nullptr || run.IsPlain();
+                     });
+  if (!stand) {
+    ForgetRuns();
     ForEach([this](unsigned long key, const Row* row) { AppendToRuns(key, row); });
     m_runsStand = true;
-    m_runsOverlayVersion = MURowText::VersionOfOverlays();
   }
   return m_runs;
+}
+
+const MURowStore::Run* MURowStore::SearchPlainRun(unsigned long key) const {
+  const auto found =
+      std::upper_bound(m_runs.begin(), m_runs.end(), key,
+                       [](unsigned long wanted, const Run& run) { return wanted < run.endKey; });
+  return found != m_runs.end() && found->Holds(key) && found->IsPlain() ? &*found : nullptr;
 }
 
 std::size_t MURowStore::FirstUsedPlaceFrom(std::size_t place) const {

@@ -4,18 +4,25 @@
 
 #include <algorithm>
 #include <array>
+#include <boost/smart_ptr/intrusive_ptr.hpp>
 #include <cstddef>
 #include <memory>
 #include <vector>
 
 #include "Tabulon/src/memory/MUPooledMemory.h"
+#include "Tabulon/src/rows/MUDataFileBlock.h"
 
-class MUDataFileBlock;
 struct MUSingleRowDataPlusRowProperties;
 
-// Answers like a map from key to row, in constant time: keys are dense and ascending, so they lead
-// straight to a place in a page of fixed size. A page whose rows are all erased is freed, so that a table
-// whose files come and go does not grow. Rows are not owned.
+// Effect: answers like a map from key to row. Rows stand in pages of fixed size under their keys, which are
+// dense and ascending.
+// Cost: find, insert and erase take constant time. A page is freed with its last row, so that a table whose
+// files come and go does not grow. Runs may walk over all rows.
+// Lifetime: rows are borrowed, and an erased row is not deleted. Iterators hold until an insertion, runs
+// until any insertion or erasure.
+// Threads: one at a time; the const Runs writes what it remembers.
+// Failure: an unknown key is answered with null or false. Memory for pages up to the highest key is taken
+// at once; std::bad_alloc or std::length_error leave the store as it was.
 class MURowStore {
  public:
   using Row = MUSingleRowDataPlusRowProperties;
@@ -25,16 +32,22 @@ class MURowStore {
     Row* second;
   };
 
-  // Rows with neighbouring keys that are nothing but neighbouring lines of one file: the keys from firstKey
-  // up to endKey, which is not one of them, the first of them on the line firstRow of the block.
+  // Neighbouring keys whose rows are neighbouring lines of one file: the keys from firstKey up to endKey,
+  // which is not one of them; the first of them is the line firstRow of the block.
   struct Run {
     unsigned long firstKey;
     unsigned long endKey;
-    const MUDataFileBlock* block;  // null: each row has to be asked itself
+    // Null: each row has to be asked itself. Shared, so that it outlives rows that become others.
+    boost::intrusive_ptr<const MUDataFileBlock> block;
     std::size_t firstRow;
+    unsigned long versionOfRows;  // the block's when the run was made
+
+    bool Holds(unsigned long key) const { return firstKey <= key && key < endKey; }
+    // Whether the block alone tells what the rows' cells are.
+    bool IsPlain() const { return block != nullptr && block->VersionOfRows() == versionOfRows; }
   };
 
-  // Goes through the rows in key order. Erasing any row leaves it valid, inserting does not.
+  // Visits the rows in key order. Erasing any row leaves it valid, inserting does not.
   class const_iterator {
    public:
     const_iterator(const MURowStore* store, std::size_t place) : m_store(store), m_place(place) {}
@@ -54,34 +67,40 @@ class MURowStore {
   std::size_t size() const { return m_size; }
   bool empty() const { return m_size == 0; }
   const_iterator begin() const { return {this, FirstUsedPlaceFrom(0)}; }
-  // From the first row whose key is at least this one.
-  const_iterator from(unsigned long key) const {
-    return {this, FirstUsedPlaceFrom(std::min<std::size_t>(key, PlaceCount()))};
-  }
   const_iterator end() const { return {this, PlaceCount()}; }
 
   // Above every key.
   unsigned long KeyLimit() const { return PlaceCount(); }
-  // Another number after every change. Who keeps what he found out about the rows can tell whether it holds.
+  // Changes on every insertion or erasure; compare it to detect stale cached facts.
   unsigned long Version() const { return m_version; }
 
   // Calls action(key, row) for every row in key order. The action must not insert or erase.
   template <typename ACTION>
   void ForEach(ACTION action) const {
-    unsigned long key = 0;
-    for (const std::unique_ptr<Page>& page : m_pages) {
-      for (std::size_t i = 0; page != nullptr && i < PAGE_SIZE; ++i) {
-        if (page->rows[i] != nullptr) action(key + i, page->rows[i]);
+    ForEachFrom(0, action);
+  }
+  // The same for the rows whose key is at least firstKey.
+  template <typename ACTION>
+  void ForEachFrom(unsigned long firstKey, ACTION action) const {
+    std::size_t first = firstKey % PAGE_SIZE;
+    for (std::size_t number = firstKey / PAGE_SIZE; number < m_pages.size(); ++number, first = 0) {
+      const Page* const page = m_pages[number].get();
+      if (page == nullptr) continue;
+      for (std::size_t i = first; i < PAGE_SIZE; ++i) {
+        if (page->rows[i] != nullptr) action(number * PAGE_SIZE + i, page->rows[i]);
       }
-      key += PAGE_SIZE;
     }
   }
 
-  // The rows as runs, in key order. Borrowed until the rows change or one of them gets entries of its own;
-  // after that it takes a walk over all rows to make them anew.
+  // All rows as runs, in key order, each of them plain or of rows that have to be asked. Made anew, by a walk
+  // over all rows, if a row was erased or changed since they were made.
   const std::vector<Run>& Runs() const;
-  // Null if that walk would be necessary.
-  const std::vector<Run>* StandingRuns() const;
+  // The plain run that holds the key; null if none is known, and then the row has to be asked. Makes nothing
+  // anew. hint: a run that this call answered before, or null; it saves the search if it holds the key, too.
+  const Run* FindPlainRun(unsigned long key, const Run* hint) const {
+    if (hint != nullptr && hint->Holds(key) && hint->IsPlain()) return hint;
+    return SearchPlainRun(key);
+  }
 
   // Null if no row has the key.
   Row* find(unsigned long key) const {
@@ -109,6 +128,8 @@ class MURowStore {
 
   std::size_t PlaceCount() const { return m_pages.size() * PAGE_SIZE; }
   void AppendToRuns(unsigned long key, const Row* row) const;
+  void ForgetRuns() const;
+  const Run* SearchPlainRun(unsigned long key) const;
 
   // The number of places if there is none.
   std::size_t FirstUsedPlaceFrom(std::size_t place) const;
@@ -117,8 +138,7 @@ class MURowStore {
   std::size_t m_size = 0;
   unsigned long m_version = 0;
   mutable std::vector<Run> m_runs;
-  mutable bool m_runsStand = true;
-  mutable unsigned long m_runsOverlayVersion = 0;
+  mutable bool m_runsStand = true;  // they hold all keys; whether each is plain, it knows itself
 };
 
 #endif

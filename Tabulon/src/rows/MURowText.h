@@ -1,4 +1,4 @@
-// What a row knows of its text: the block of its file and its place in it.
+// What a row knows of its text: the block of its file and its line in it.
 #ifndef OMBRELIA_TABULON_SRC_ROWS_MUROWTEXT_H
 #define OMBRELIA_TABULON_SRC_ROWS_MUROWTEXT_H
 
@@ -9,10 +9,15 @@
 
 struct MURowOverlays;
 
-// Copying copies what was changed in the row and shares the block.
+// Effect: leads from a row to the cells of its line, and to the entries that the row has of its own.
+// Cost: 24 bytes a row. A copy shares the block and copies the row's own entries.
+// Lifetime: shares the ownership of the block and owns the entries; what is borrowed holds until the row
+// dies, is assigned to, or the entry is erased.
+// Threads: one at a time for all rows of a block; a const MakeOverlays writes to the row and the block.
+// Failure: any row and position may be asked for and is then empty; only memory can run out.
 class MURowText {
  public:
-  // No block: a row whose maps hold what is put into them and nothing else.
+  // Without a block: a row whose maps hold what is put into them and nothing else.
   MURowText() : m_overlays(nullptr), m_row(0), m_columnCount(0) {}
   // columnCount: columns that were known when the row was read; later ones are not the row's.
   MURowText(const MUDataFileBlockPtr& block, std::size_t row, std::size_t columnCount)
@@ -34,11 +39,10 @@ class MURowText {
     return m_block ? m_block->Cell(m_row, position) : MUCellText();
   }
 
-  // The entries of the row's maps that were asked for by reference or put in; null if none.
+  // The entries that were put into the row's maps or asked for by reference; null if there are none.
   const MURowOverlays* Overlays() const { return m_overlays; }
+  // The same, made if there are none; the first call of a row changes its block's VersionOfRows.
   MURowOverlays& MakeOverlays() const;
-  // Another number whenever any row has got its first entry, or has become another one.
-  static unsigned long VersionOfOverlays();
 
  private:
   MUDataFileBlockPtr m_block;

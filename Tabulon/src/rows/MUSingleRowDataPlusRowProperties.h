@@ -10,15 +10,16 @@
 #include "Tabulon/src/rows/MURowMap.h"
 #include "Tabulon/src/rows/MURowText.h"
 
-// A reader makes rows; the table owns and deletes them. A row made by the default constructor is a
-// plain record that is filled through its maps. Copies are independent of each other but share the
-// block of the file.
-//
-// Fast reading, without a copy: if HasOverlay() is false and Block() is not null, the row's cell in a
-// column is CellAt(Block()->PositionOf(name)), where the position may be looked up once per block and
-// column. Only a name that Block()->FindHiddenCell knows has the hidden text instead (its sort keys are
-// those of the cell all the same). HasCellAt tells whether the column is the row's, HasSortKeysAt
-// whether its sort keys are; where they are not, the subscript would answer 0.0 and false.
+// Effect: one row's record. A reader makes rows; the table owns and deletes them. A row made by the default
+// constructor is a plain record that is filled through its maps.
+// Cost: 80 bytes a row. Fast reading, without a copy: if HasOverlay() is false and Block() is not null, the
+// row's cell in a column is CellAt(Block()->PositionOf(name)), where the position may be looked up once per
+// block and column. A name that Block()->FindHiddenCell knows has the hidden text instead, but the cell's
+// sort keys.
+// Lifetime: what the maps and CellAt lend holds until the row dies, is assigned to, or the entry is erased.
+// Copies are independent of each other but share the block of the file.
+// Threads: one at a time for all rows of a file; reading a map by reference writes to the row.
+// Failure: a position that the row lacks has an empty text and no sort keys, which read as 0.0 and false.
 struct MUSingleRowDataPlusRowProperties : MURowMaps {
   static constexpr unsigned long NO_INDEX = static_cast<unsigned long>(-1);
   static constexpr double NO_REACTION_TIME = -999999.0;
@@ -38,7 +39,7 @@ struct MUSingleRowDataPlusRowProperties : MURowMaps {
   const MUDataFileBlock* Block() const { return m_text.Block(); }
   // True once an entry was put into a map or asked for by reference: then only the maps tell the truth.
   bool HasOverlay() const { return m_text.Overlays() != nullptr; }
-  bool HasCellAt(std::size_t position) const { return position < m_text.ColumnCount(); }
+  // Whether the line reaches to the position.
   bool HasSortKeysAt(std::size_t position) const { return position < m_text.CellCount(); }
   // The text of the cell at a position of the block; empty beyond the line's last cell. Any position
   // may be asked for, MUDataFileBlock::NOT_FOUND included.

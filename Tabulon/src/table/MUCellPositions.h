@@ -4,25 +4,34 @@
 
 #include <wx/string.h>
 
+#include <boost/smart_ptr/intrusive_ptr.hpp>
 #include <cstddef>
 #include <unordered_map>
 #include <vector>
 
 #include "Tabulon/src/rows/MUDataFileBlock.h"
 
-// Looks all columns up when a file's first cell is asked for, so that every further cell of the file costs
-// no search for a name. To be cleared whenever the displayed columns change. It keeps the blocks that it
-// knows alive, so that none of them can be taken for another one at the same address.
+// Effect: remembers the positions of columns, so that only a file's first cell costs a search for names.
+// Cost: a position per file and column; the first cell of a file looks all columns up. A change of a name
+// costs all that was remembered.
+// Lifetime: it keeps the blocks that it knows alive until Clear, so that none of them can be taken for
+// another one at the same address.
+// Threads: one at a time.
+// Failure: a column that a file lacks is at NOT_FOUND.
 class MUCellPositions {
  public:
-  // A column whose cell is not in the block's lines but a hidden one, the same on every row.
+  // The column's cell is not in the block's lines but a hidden one, the same on every row.
   static constexpr std::size_t HIDDEN = MUDataFileBlock::NOT_FOUND - 1;
 
-  // One position per name, in the order of names; NOT_FOUND for a column that the file does not have.
-  const std::vector<std::size_t>& In(const MUDataFileBlock& block,
-                                     const std::vector<wxString>& names) {
-    if (m_lastBlock != &block) LookUp(block, names);
-    return *m_lastPositions;
+  // The position of the column names[place] in the block. place: below names.size().
+  std::size_t Of(const MUDataFileBlock& block, const std::vector<wxString>& names,
+                 std::size_t place) {
+    if (place >= m_names.size() || m_names[place] != names[place]) {
+      Clear();
+      m_names = names;
+    }
+    if (m_lastBlock != &block) LookUp(block);
+    return (*m_lastPositions)[place];
   }
   void Clear();
 
@@ -32,8 +41,9 @@ class MUCellPositions {
     std::vector<std::size_t> positions;
   };
 
-  void LookUp(const MUDataFileBlock& block, const std::vector<wxString>& names);
+  void LookUp(const MUDataFileBlock& block);
 
+  std::vector<wxString> m_names;  // that the positions belong to
   std::unordered_map<const MUDataFileBlock*, Entry> m_entries;
   const MUDataFileBlock* m_lastBlock = nullptr;
   const std::vector<std::size_t>* m_lastPositions = nullptr;

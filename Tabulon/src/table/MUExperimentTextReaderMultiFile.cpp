@@ -37,7 +37,7 @@ bool MUExperimentTextReaderMultiFile::PerformSetup(const wxFileName&) {
          this, wxID_ANY);
   Bind(refreshRequest, &MUExperimentTextReaderMultiFile::HandleQueuedEventAfterNotifications, this,
        wxID_ANY);
-  RowsChangedOtherwiseThanByArrival();
+  m_loadOrder.Forget();
   m_currentShownRowKeys = &m_shownRowKeysA;
   m_previousShownRowKeys = &m_shownRowKeysB;
   m_currentColumnNames = &m_columnNamesA;

@@ -19,12 +19,12 @@
 
 #include "Tabulon/src/memory/MUScratchArray.h"
 #include "Tabulon/src/queries/MUCachingKeySelectedData.h"
-#include "Tabulon/src/queries/MUColumnDictionaries.h"
 #include "Tabulon/src/queries/MUSelectedTexts.h"
 #include "Tabulon/src/rows/MURowStore.h"
-#include "Tabulon/src/table/MUCellPositions.h"
+#include "Tabulon/src/table/MUColumnTexts.h"
 #include "Tabulon/src/table/MUInterfaceFileObserver.h"
 #include "Tabulon/src/table/MUInterfaceMultiExperimentDataSource.h"
+#include "Tabulon/src/table/MULoadOrder.h"
 #include "Tabulon/src/table/TriStateTrueFalseUnknown.h"
 #include "Tabulon/src/text/MUCellText.h"
 
@@ -212,13 +212,11 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
   virtual bool CheckColumnForFlagBits(const wxString& name, unsigned int bits) const;  // life
 
  protected:
-  using RowKeys = MULargeVector<unsigned long>;
+  using RowKeys = MURowKeyLists::RowKeys;
   using RowIndexList = std::list<unsigned long>;
 
-  // For a derived viewer that hooks the steps. What queries write is mutable. A viewer that changes flags of
-  // rows or takes rows out by itself calls RowsChangedOtherwiseThanByArrival, or the next notification may
-  // only append what arrived.
-  void RowsChangedOtherwiseThanByArrival() { m_unsortedOrder.m_stands = false; }
+  // For a derived viewer that hooks the steps; it may write all of it, rows and columns included. What queries
+  // write is mutable.
   const RowIndexList m_emptyIndexList;  // the answer of a predicate search without rows to search
   std::deque<MUColumnNamePlusProperties*> m_columns;  // in display order; owned
   MURowStore m_rows;                                  // the rows are owned
@@ -273,8 +271,7 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
   MUSingleRowDataPlusRowProperties* FindShownRow(int shownRow) const;
   const RowKeys* KeysOfSet(TARGETED_ROW_SEARCH_SET set) const;
   bool SortColumnHasAnActiveFile() const;
-  void ForgetRowOrder();
-  bool UnsortedOrderOnlyGrew() const;
+  MURowKeyLists KeyLists() { return {m_allRowKeys, m_activeRowKeys, *m_currentShownRowKeys}; }
   // Queries
   void NoteRedFlagDependence(const MUCachingKeySelectedData& key, unsigned flags) const;
   const RowIndexList* InternalFindCurrentRowIndicesMatchingRowTruthPredicate(
@@ -292,22 +289,8 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
   // Batches
   void DeleteColumnsWithoutFile();
 
-  mutable MUCellPositions m_cellPositions;  // of the current names
-  mutable MUColumnDictionaries m_dictionaries;
-  // The lists of keys in load order as they were last made. While rows only arrive, a notification appends.
-  struct UnsortedOrder {
-    bool m_stands = false;
-    unsigned long m_nextKey = 0;             // rows from this key on are in no list yet
-    const RowKeys* m_shownKeys = nullptr;    // the buffer that holds the shown ones
-    RowKeys::size_type m_shownKeyCount = 0;  // how many it held
-    // How many of them the notification before had shown already: so many stand in both buffers.
-    RowKeys::size_type m_previousKeyCount = 0;
-  };
-  UnsortedOrder m_unsortedOrder;
-  // Whether any file's share of a column can be suppressed.
-  bool m_someSharesAreSuppressed = false;
-  // Somebody outside holds records of rows and may change their flags at any time.
-  mutable bool m_rowRecordsWereHandedOut = false;
+  mutable MUColumnTexts m_columnTexts{CELL_STRING_VALUE_WHEN_CELL_IS_UNDEFINED};
+  mutable MULoadOrder m_loadOrder;
 };
 
 #endif

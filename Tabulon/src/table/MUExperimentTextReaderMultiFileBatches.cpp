@@ -184,5 +184,4 @@ void MUExperimentTextReaderMultiFile::IdleTimeFreeMemoryUsedForRowCopies() {
 void MUExperimentTextReaderMultiFile::RotateQueuedCopiesOfRowCollectionAndColCollection() {
   std::swap(m_currentShownRowKeys, m_previousShownRowKeys);
   std::swap(m_currentColumnNames, m_previousColumnNames);
-  m_cellPositions.Clear();
 }

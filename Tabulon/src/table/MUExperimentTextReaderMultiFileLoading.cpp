@@ -17,8 +17,6 @@
 
 namespace {
 
-constexpr std::size_t A_FEW_SHARES = 64;
-
 wxString MillisecondsText(unsigned long milliseconds) {
   return wxString::Format(wxGetTranslation(wxT(" %u milliseconds.")),
                           static_cast<unsigned>(milliseconds));
@@ -83,16 +81,7 @@ void MUExperimentTextReaderMultiFile::MergeNewHeadingsWithOldHeadings(
 void MUExperimentTextReaderMultiFile::UnsuppressColumnsBasedOnMultipleFileNames(
     const std::deque<wxString>& fullNames) {
   const MUFileNames names(fullNames.begin(), fullNames.end());
-  bool someAreSuppressed = false;
-  for (MUColumnNamePlusProperties* column : m_columns) {
-    // A column may have a share of each of thousands of files. So many are looked through only where one of
-    // them can be suppressed; a few cost nothing.
-    if (m_someSharesAreSuppressed || column->m_fileStatuses.size() <= A_FEW_SHARES ||
-        (column->m_columnPropertyFlags & MU_COL_FLAG_SUPPRESSED_BY_FILE) != 0) {
-      someAreSuppressed = UnsuppressColumnForFiles(*column, names) || someAreSuppressed;
-    }
-  }
-  m_someSharesAreSuppressed = someAreSuppressed;
+  for (MUColumnNamePlusProperties* column : m_columns) UnsuppressColumnForFiles(*column, names);
 }
 
 void MUExperimentTextReaderMultiFile::MaintainRunningListOfExperimentFiles(const wxString& fullName,
@@ -133,7 +122,7 @@ void MUExperimentTextReaderMultiFile::IdleTimeProcessAllNotifications() {
   if (m_shownRowCount == 0 && m_shownColumnCount == 0) m_emptySearchFinished = true;
   if (m_allRowKeys.empty()) {
     m_nextRowKey = 0;
-    RowsChangedOtherwiseThanByArrival();
+    m_loadOrder.Forget();
   }
   if (m_statusPrinter != nullptr) AddPendingEvent(wxCommandEvent(wxEVT_COMMAND_REFRESH_REQUEST));
 }

@@ -248,12 +248,15 @@ MUExperimentTextReaderMultiFile::InternalFindCurrentRowIndicesMatchingRowTruthPr
   }
 
   auto found = std::make_unique<RowIndexList>();
-  m_rowRecordsWereHandedOut = true;
-  const RowKeys& keys = *KeysOfSet(set);
-  for (unsigned long place = first; place <= last; ++place) {
-    Row* row = m_rows.find(keys[place]);
-    if (row != nullptr && decider->DecideRow(row) == 1) found->push_back(place);
+  // A copy: a decider may search, sort or notify by itself.
+  const RowKeys& setKeys = *KeysOfSet(set);
+  const RowKeys keys(setKeys.data() + first, setKeys.data() + last + 1);
+  for (std::size_t i = 0; i < keys.size(); ++i) {
+    m_loadOrder.LendForASearch();
+    Row* row = m_rows.find(keys[i]);
+    if (row != nullptr && decider->DecideRow(row) == 1) found->push_back(first + i);
   }
+  m_loadOrder.LendForASearch();
 
   const RowIndexList* result = found.release();
   if (key != nullptr) {
@@ -297,7 +300,7 @@ void MUExperimentTextReaderMultiFile::SelectDistinctPerColumn(const wxString& co
 MUSelectedTexts MUExperimentTextReaderMultiFile::DistinctTexts(const wxString& column,
                                                                const RowKeys& keys,
                                                                bool trim) const {
-  const auto dictionary = m_dictionaries.Of(column, m_rows);
+  const auto dictionary = m_columnTexts.Dictionaries().Of(column, m_rows);
   MUSelectedTexts distinct;
   distinct.keeper = dictionary;
   distinct.texts.reserve(std::min(dictionary->TextCount(), keys.size()));
@@ -323,7 +326,7 @@ void MUExperimentTextReaderMultiFile::ForEachRowWhere(const wxString& column, co
                                                       const RowKeys& keys, ACTION action) const {
   const MUWantedText wanted(text);
   // One that is there answers faster; making one for a single question would take longer than the answer.
-  if (const auto dictionary = m_dictionaries.Find(column, m_rows)) {
+  if (const auto dictionary = m_columnTexts.Dictionaries().Find(column, m_rows)) {
     const std::uint32_t number = dictionary->NumberOfText(wanted.View());
     if (number == MUColumnDictionary::NONE) return;
     for (const unsigned long key : keys) {
@@ -332,7 +335,7 @@ void MUExperimentTextReaderMultiFile::ForEachRowWhere(const wxString& column, co
     return;
   }
   MUColumnReader cells(column);
-  if (m_unsortedOrder.m_stands || keys.size() < m_rows.size() / 4) {
+  if (m_loadOrder.Stands() || keys.size() < m_rows.size() / 4) {
     ForEachRow(keys, m_rows, [&](const Row* row) {
       if (wanted.Equals(cells.TextOf(*row))) action(*row);
     });

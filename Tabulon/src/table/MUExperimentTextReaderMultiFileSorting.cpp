@@ -1,5 +1,6 @@
 // The sorted order of the rows.
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "Tabulon/src/reading/MUInterfaceExperimentDataFileInputReader.h"
@@ -15,6 +16,82 @@ namespace {
 bool SortsByReactionTime(const wxString& column) {
   using Reader = MUInterfaceExperimentDataFileInputReader;
   return column == Reader::GetStandardizedDataFileStringValue(Reader::RTIME_COLUMN_HEADING);
+}
+
+using Row = MUSingleRowDataPlusRowProperties;
+
+// The rows in key order, the fully shown ones apart from the others.
+struct PartitionedRows {
+  struct KeyedRow {
+    unsigned long key;
+    Row* row;
+  };
+
+  // Writes each row's key into it.
+  PartitionedRows(const MURowStore& rows, const UnaryPredPartitionByVisibility& isShown)
+      : shownRows(rows.size()), shownKeys(rows.size()) {
+    rows.ForEach([&](unsigned long key, Row* row) {
+      row->m_rowKey = key;
+      if (isShown(row)) {
+        shownRows[shownCount] = row;
+        shownKeys[shownCount] = key;
+        ++shownCount;
+      } else {
+        others.push_back({key, row});
+      }
+    });
+  }
+
+  MUScratchArray<Row*> shownRows;
+  MUScratchArray<unsigned long> shownKeys;
+  std::size_t shownCount = 0;
+  std::vector<KeyedRow> others;
+};
+
+MUScratchArray<MUPlace> SortedPlacesOfShownRows(const PartitionedRows& rows, const wxString& column,
+                                                bool descending, const MURowStore& allRows,
+                                                MUColumnDictionaries& dictionaries) {
+  if (SortsByReactionTime(column)) {
+    return SortedPlacesByReactionTime(rows.shownRows.begin(), rows.shownCount, descending);
+  }
+  // A line without any cell has sort keys of its own under the empty name, which no dictionary knows.
+  if (!column.empty()) {
+    if (const auto dictionary = dictionaries.OfFewTexts(column, allRows)) {
+      auto places = SortedPlaces(*dictionary, rows.shownKeys.begin(), rows.shownCount, descending);
+      if (places) return *std::move(places);
+    }
+  }
+  return SortedPlaces(rows.shownRows.begin(), rows.shownCount, column, descending);
+}
+
+// One counter serves the shown rows in all three lists: they stand first in each.
+void WriteShownRows(const PartitionedRows& rows, const MUScratchArray<MUPlace>& places,
+                    const MURowKeyLists& lists) {
+  lists.shown.resize(rows.shownCount);
+  MUScratchArray<MUPlace> indexAtPlace(rows.shownCount);
+  for (std::size_t index = 0; index < rows.shownCount; ++index) {
+    lists.shown[index] = rows.shownKeys[places[index]];
+    indexAtPlace[places[index]] = static_cast<MUPlace>(index);
+  }
+  lists.all = lists.shown;
+  lists.active = lists.shown;
+  // Row by row as they lie in memory.
+  for (std::size_t place = 0; place < rows.shownCount; ++place) {
+    Row& row = *rows.shownRows[place];
+    row.m_indexAmongAllRows = row.m_indexAmongShownRows = row.m_indexAmongActiveRows =
+        indexAtPlace[place];
+  }
+}
+
+// In their order, behind the shown ones.
+void AppendOtherRows(const PartitionedRows& rows, const MURowKeyLists& lists) {
+  for (const auto& [key, row] : rows.others) {
+    row->m_indexAmongAllRows = lists.all.size();
+    lists.all.push_back(key);
+    if ((row->m_rowPropertyFlags & MU_INACTIVE_MASK) != 0) continue;
+    row->m_indexAmongActiveRows = lists.active.size();
+    lists.active.push_back(key);
+  }
 }
 
 }  // namespace
@@ -51,66 +128,19 @@ void MUExperimentTextReaderMultiFile::ResetKeysUsingSortSettings() {
   static const wxString identifier(
       wxT("MUExperimentTextReaderMultiFile::ResetKeysUsingSortSettings"));
   m_sortRanSinceNotification = true;
-  ForgetRowOrder();
+  m_loadOrder.Forget();
+  m_currentShownRowKeys->clear();
+  m_allRowKeys.clear();
+  m_activeRowKeys.clear();
   if (m_rows.empty()) return;
   MUUtilitarianFunctions::TimeMeProductionRelease(true, identifier, nullptr);
-
-  using Row = MUSingleRowDataPlusRowProperties;
-  struct KeyedRow {
-    unsigned long key;
-    Row* row;
-  };
-  const UnaryPredPartitionByVisibility isShown(m_sortColumnName);
-  MUScratchArray<Row*> shownRows(m_rows.size());
-  MUScratchArray<unsigned long> shownKeys(m_rows.size());
-  std::size_t shownCount = 0;
-  std::vector<KeyedRow> otherRows;
-  m_rows.ForEach([&](unsigned long key, Row* row) {
-    row->m_rowKey = key;
-    if (isShown(row)) {
-      shownRows[shownCount] = row;
-      shownKeys[shownCount] = key;
-      ++shownCount;
-    } else {
-      otherRows.push_back({key, row});
-    }
-  });
-  std::optional<MUScratchArray<MUPlace>> places;
-  // A line without any cell has sort keys of its own under the empty name, which no dictionary knows.
-  if (SortsByReactionTime(m_sortColumnName)) {
-    places = SortedPlacesByReactionTime(shownRows.begin(), shownCount, m_sortReverse);
-  } else if (!m_sortColumnName.empty()) {
-    if (const auto dictionary = m_dictionaries.OfFewTexts(m_sortColumnName, m_rows)) {
-      places = SortedPlaces(*dictionary, shownKeys.begin(), shownCount, m_sortReverse);
-    }
-  }
-  if (!places) {
-    places = SortedPlaces(shownRows.begin(), shownCount, m_sortColumnName, m_sortReverse);
-  }
-
-  // One counter serves the shown rows in all three lists: they stand first in each.
-  m_currentShownRowKeys->resize(shownCount);
-  m_allRowKeys.reserve(m_rows.size());
-  m_activeRowKeys.reserve(m_rows.size());
-  MUScratchArray<MUPlace> indexAtPlace(shownCount);
-  for (std::size_t index = 0; index < shownCount; ++index) {
-    (*m_currentShownRowKeys)[index] = shownKeys[(*places)[index]];
-    indexAtPlace[(*places)[index]] = static_cast<MUPlace>(index);
-  }
-  m_allRowKeys = *m_currentShownRowKeys;
-  m_activeRowKeys = *m_currentShownRowKeys;
-  // Row by row as they lie in memory.
-  for (std::size_t place = 0; place < shownCount; ++place) {
-    Row& row = *shownRows[place];
-    row.m_indexAmongAllRows = row.m_indexAmongShownRows = row.m_indexAmongActiveRows =
-        indexAtPlace[place];
-  }
-  for (const auto& [key, row] : otherRows) {
-    row->m_indexAmongAllRows = m_allRowKeys.size();
-    m_allRowKeys.push_back(key);
-    if ((row->m_rowPropertyFlags & MU_INACTIVE_MASK) != 0) continue;
-    row->m_indexAmongActiveRows = m_activeRowKeys.size();
-    m_activeRowKeys.push_back(key);
-  }
+  const PartitionedRows rows(m_rows, UnaryPredPartitionByVisibility(m_sortColumnName));
+  const MUScratchArray<MUPlace> places = SortedPlacesOfShownRows(
+      rows, m_sortColumnName, m_sortReverse, m_rows, m_columnTexts.Dictionaries());
+  const MURowKeyLists lists = KeyLists();
+  lists.all.reserve(m_rows.size());
+  lists.active.reserve(m_rows.size());
+  WriteShownRows(rows, places, lists);
+  AppendOtherRows(rows, lists);
   MUUtilitarianFunctions::TimeMeProductionRelease(false, identifier, &m_sortMilliseconds);
 }

@@ -63,7 +63,7 @@ void MUExperimentTextReaderMultiFile::HideOneSingleRowPerArbitraryUserRequest(
     MUSingleRowDataPlusRowProperties* row = m_rows.find((*m_currentShownRowKeys)[shownRow]);
     if (row != nullptr) row->m_rowPropertyFlags |= MU_ROW_FLAG_HIDDEN_BY_USER;
   }
-  RowsChangedOtherwiseThanByArrival();
+  m_loadOrder.Forget();
   NotifyMyObservers();
 }
 
@@ -76,7 +76,7 @@ void MUExperimentTextReaderMultiFile::
   ForEachRowByFile(m_rows, isActive, [](MUSingleRowDataPlusRowProperties& row, bool active) {
     if (active) row.m_rowPropertyFlags &= ~MU_ROW_FLAG_HIDDEN_BY_USER;
   });
-  RowsChangedOtherwiseThanByArrival();
+  m_loadOrder.Forget();
   NotifyMyObservers();
 }
 
@@ -98,7 +98,6 @@ void MUExperimentTextReaderMultiFile::UnhideOneSingleColumnPerArbitraryUserReque
 
 void MUExperimentTextReaderMultiFile::SimultaneousColumnsSuppressAndUnsuppress(
     const std::deque<DichotomousFileRequest>& requests) {
-  m_someSharesAreSuppressed = true;
   const MUFileDecisions decisions = LastDecisions(requests);
   for (MUColumnNamePlusProperties* column : m_columns) {
     HideOrShowBasedOnMultipleFileRequests(*column, decisions);
@@ -116,12 +115,11 @@ void MUExperimentTextReaderMultiFile::SimultaneousRowsSuppressAndUnsuppress(
         row.m_rowPropertyFlags =
             ApplyEnMasseShowOrHideUsingDichotomousFileRequest(row.m_rowPropertyFlags, request);
       });
-  RowsChangedOtherwiseThanByArrival();
+  m_loadOrder.Forget();
 }
 
 void MUExperimentTextReaderMultiFile::SuppressColumnsBasedOnMultipleFileNames(
     const std::deque<wxString>& fullNames) {
-  m_someSharesAreSuppressed = true;
   const MUFileNames names(fullNames.begin(), fullNames.end());
   for (MUColumnNamePlusProperties* column : m_columns) SuppressColumnForFiles(*column, names);
 }
@@ -235,7 +233,7 @@ void MUExperimentTextReaderMultiFile::MoveColumnPosition(const wxString& moved,
 void MUExperimentTextReaderMultiFile::GetOuterLimitsOfPreservedRange(int* row, int* column) const {
   *row = m_shownRowCount == 0 ? -1
                               : LastEqualPlace(*m_currentShownRowKeys, *m_previousShownRowKeys,
-                                               m_unsortedOrder.m_previousKeyCount);
+                                               m_loadOrder.CommonKeyCount());
   *column =
       m_shownColumnCount == 0 ? -1 : LastEqualPlace(*m_currentColumnNames, *m_previousColumnNames);
 }
@@ -267,7 +265,7 @@ bool MUExperimentTextReaderMultiFile::DeleteAllRows_WhereField_Y_Matches_Anythin
   }
   // Not before the end of the walk: the reader of the column looks at the last row's file.
   for (const MUSingleRowDataPlusRowProperties* row : doomed) delete row;
-  if (!doomed.empty()) RowsChangedOtherwiseThanByArrival();
+  if (!doomed.empty()) m_loadOrder.Forget();
   if (notify) NotifyMyObservers();
   return true;
 }

@@ -14,19 +14,15 @@ bool AllSharesSuppressed(const MUColumnNamePlusProperties& column) {
 
 }  // namespace
 
-bool UnsuppressColumnForFiles(MUColumnNamePlusProperties& column, const MUFileNames& fullNames) {
-  if (column.m_fileStatuses.empty()) return false;
-  bool someAreSuppressed = false;
+void UnsuppressColumnForFiles(MUColumnNamePlusProperties& column, const MUFileNames& fullNames) {
+  if (column.m_fileStatuses.empty()) return;
   for (FileStatusStruct& status : column.m_fileStatuses) {
-    if (status.m_suppressed == 0) continue;
-    if (fullNames.count(status.m_fullFileName) != 0) {
+    // The state first: a column may have a share of each of thousands of files, nearly all of them live.
+    if (status.m_suppressed != 0 && fullNames.count(status.m_fullFileName) != 0) {
       status.m_suppressed = 0;
-    } else {
-      someAreSuppressed = true;
     }
   }
   if (!AllSharesSuppressed(column)) column.m_columnPropertyFlags &= ~MU_COL_FLAG_SUPPRESSED_BY_FILE;
-  return someAreSuppressed;
 }
 
 void SuppressColumnForFiles(MUColumnNamePlusProperties& column, const MUFileNames& fullNames) {

@@ -18,8 +18,8 @@ using MUFileNames = std::unordered_set<wxString, wxStringHash>;
 using MUFileDecisions = std::unordered_map<wxString, bool, wxStringHash>;
 
 // The column's share of the named files is live again. A column that then has a live share is no longer
-// suppressed; one without any file is left alone. Whether other shares of it are still suppressed.
-bool UnsuppressColumnForFiles(MUColumnNamePlusProperties& column, const MUFileNames& fullNames);
+// suppressed; one without any file is left alone.
+void UnsuppressColumnForFiles(MUColumnNamePlusProperties& column, const MUFileNames& fullNames);
 // The opposite; a column without any file counts as suppressed.
 void SuppressColumnForFiles(MUColumnNamePlusProperties& column, const MUFileNames& fullNames);
 

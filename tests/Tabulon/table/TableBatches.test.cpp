@@ -170,7 +170,6 @@ TEST_F(TableBatches, AColumnThatLostItsLiveFileStaysSuppressed) {
   EXPECT_EQ(table.m_columns.size(), 2u);
 }
 
-// More files than are looked through without need.
 TEST_F(TableBatches, AShareAmongManyIsLiveAgainAfterItsFileIs) {
   ProbeTable many;
   std::deque<wxString> paths;
@@ -306,189 +305,276 @@ TEST_F(TableBatches, AnIdleCallDoesOneOfTwoThings) {
 
 // ---- Hooks
 
-// Counts each step that the table calls through the virtual table.
+// Notes each step that the table calls through the virtual table, in the order of the calls.
 class HookedTable : public ProbeTable {
  public:
   using ProbeTable::ProbeTable;
-  mutable std::map<std::string, int> calls;
+  mutable Texts calls;
 
   bool AddExperimentOcurrence(const wxFileName& file, bool notify) override {
-    ++calls["AddExperimentOcurrence"];
+    calls.push_back("AddExperimentOcurrence");
     return ProbeTable::AddExperimentOcurrence(file, notify);
   }
   void NotifyMyObservers() override {
-    ++calls["NotifyMyObservers"];
+    calls.push_back("NotifyMyObservers");
     ProbeTable::NotifyMyObservers();
   }
   void MergeNewHeadingsWithOldHeadings(MUInterfaceExperimentDataFileInputReader* reader,
                                        const wxString& name) override {
-    ++calls["MergeNewHeadingsWithOldHeadings"];
+    calls.push_back("MergeNewHeadingsWithOldHeadings");
     ProbeTable::MergeNewHeadingsWithOldHeadings(reader, name);
   }
   void ExtractAll(MUInterfaceExperimentDataFileInputReader* reader) override {
-    ++calls["ExtractAll"];
+    calls.push_back("ExtractAll");
     ProbeTable::ExtractAll(reader);
   }
   void EraseCachesOfQueries() override {
-    ++calls["EraseCachesOfQueries"];
+    calls.push_back("EraseCachesOfQueries");
     ProbeTable::EraseCachesOfQueries();
   }
   void ResetKeysIntoCurrentRowsAll() override {
-    ++calls["ResetKeysIntoCurrentRowsAll"];
+    calls.push_back("ResetKeysIntoCurrentRowsAll");
+    NoteWhatStands();
     ProbeTable::ResetKeysIntoCurrentRowsAll();
   }
   void ResetKeysUsingSortSettings() override {
-    ++calls["ResetKeysUsingSortSettings"];
+    calls.push_back("ResetKeysUsingSortSettings");
+    NoteWhatStands();
     ProbeTable::ResetKeysUsingSortSettings();
   }
   void EraseAllCachedStatefulOptimizedStoredData() override {
-    ++calls["EraseAllCachedStatefulOptimizedStoredData"];
+    calls.push_back("EraseAllCachedStatefulOptimizedStoredData");
     ProbeTable::EraseAllCachedStatefulOptimizedStoredData();
   }
   void RemoveColumnsBasedOnMultipleFileNames(const std::deque<wxString>& names) override {
-    ++calls["RemoveColumnsBasedOnMultipleFileNames"];
+    calls.push_back("RemoveColumnsBasedOnMultipleFileNames");
     ProbeTable::RemoveColumnsBasedOnMultipleFileNames(names);
   }
   void SuppressColumnsBasedOnMultipleFileNames(const std::deque<wxString>& names) override {
-    ++calls["SuppressColumnsBasedOnMultipleFileNames"];
+    calls.push_back("SuppressColumnsBasedOnMultipleFileNames");
     ProbeTable::SuppressColumnsBasedOnMultipleFileNames(names);
   }
   void UnsuppressColumnsBasedOnMultipleFileNames(const std::deque<wxString>& names) override {
-    ++calls["UnsuppressColumnsBasedOnMultipleFileNames"];
+    calls.push_back("UnsuppressColumnsBasedOnMultipleFileNames");
     ProbeTable::UnsuppressColumnsBasedOnMultipleFileNames(names);
   }
   void SimultaneousRowsSuppressAndUnsuppress(
       const std::deque<DichotomousFileRequest>& requests) override {
-    ++calls["SimultaneousRowsSuppressAndUnsuppress"];
+    calls.push_back("SimultaneousRowsSuppressAndUnsuppress");
     ProbeTable::SimultaneousRowsSuppressAndUnsuppress(requests);
   }
   void SimultaneousColumnsSuppressAndUnsuppress(
       const std::deque<DichotomousFileRequest>& requests) override {
-    ++calls["SimultaneousColumnsSuppressAndUnsuppress"];
+    calls.push_back("SimultaneousColumnsSuppressAndUnsuppress");
     ProbeTable::SimultaneousColumnsSuppressAndUnsuppress(requests);
   }
   void LastMinuteFileAdditionSoWeCanProceedWithBatchOfRequests(const wxFileName& file) override {
-    ++calls["LastMinuteFileAddition"];
+    calls.push_back("LastMinuteFileAddition");
     ProbeTable::LastMinuteFileAdditionSoWeCanProceedWithBatchOfRequests(file);
   }
   void AddMultipleFiles(const std::deque<wxString>& names) override {
-    ++calls["AddMultipleFiles"];
+    calls.push_back("AddMultipleFiles");
     ProbeTable::AddMultipleFiles(names);
   }
   void RemoveMultipleFiles(const std::deque<wxString>& names) override {
-    ++calls["RemoveMultipleFiles"];
+    calls.push_back("RemoveMultipleFiles");
     ProbeTable::RemoveMultipleFiles(names);
   }
   void IdleTimeProcessAllNotifications() override {
-    ++calls["IdleTimeProcessAllNotifications"];
+    calls.push_back("IdleTimeProcessAllNotifications");
     ProbeTable::IdleTimeProcessAllNotifications();
   }
   bool CheckColumnForFlagBits(const wxString& name, unsigned int bits) const override {
-    ++calls["CheckColumnForFlagBits"];
+    calls.push_back("CheckColumnForFlagBits " + std::to_string(bits));
     return ProbeTable::CheckColumnForFlagBits(name, bits);
   }
   void HideOneSingleColumnPerArbitraryUserRequest(const wxString& name) override {
-    ++calls["HideOneSingleColumn"];
+    calls.push_back("HideOneSingleColumn " + Utf8(name));
     ProbeTable::HideOneSingleColumnPerArbitraryUserRequest(name);
   }
   void SelectDistinctPerColumn(const wxString& column, std::vector<wxString>& values,
                                TARGETED_ROW_SEARCH_SET set, bool trim) const override {
-    ++calls["SelectDistinctPerColumn"];
+    calls.push_back("SelectDistinctPerColumn " + Utf8(column) + " " + std::to_string(set) +
+                    (trim ? " trimmed" : ""));
     ProbeTable::SelectDistinctPerColumn(column, values, set, trim);
+  }
+  bool GetRowFlagStatus(int row) const override {
+    calls.push_back("GetRowFlagStatus");
+    return ProbeTable::GetRowFlagStatus(row);
+  }
+  void SetRowFlag(int row, bool value) override {
+    calls.push_back(value ? "SetRowFlag" : "ClearRowFlag");
+    ProbeTable::SetRowFlag(row, value);
   }
   bool DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(
       const wxString& field, const std::deque<wxString>& values, bool notify) override {
-    ++calls["DeleteAllRows"];
+    calls.push_back("DeleteAllRows");
     return ProbeTable::DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(field, values,
                                                                                    notify);
   }
   std::deque<wxString> FindColumnNamesWherePropertyFlagIsAbsent(unsigned flags) const override {
-    ++calls["FindColumnNamesWherePropertyFlagIsAbsent"];
+    calls.push_back("FindColumnNames");
     return ProbeTable::FindColumnNamesWherePropertyFlagIsAbsent(flags);
   }
 
-  std::map<std::string, int> Taken() {
-    std::map<std::string, int> taken;
+  Texts Taken() {
+    Texts taken;
     taken.swap(calls);
     return taken;
   }
+
+ private:
+  // Before the lists are made anew, a notification has emptied all that tells of the old ones.
+  void NoteWhatStands() const {
+    const bool isEmpty = m_shownRowCount == 0 && m_shownColumnCount == 0 &&
+                         m_currentColumnNames->empty() && m_columnHasText.empty() &&
+                         m_cacheStringSelects.empty() && m_cacheColumnNames.empty() &&
+                         m_cacheRowIndicesByFlags.empty();
+    calls.push_back(isEmpty ? "nothing stands" : "the old answers stand");
+  }
 };
 
-using Calls = std::map<std::string, int>;
+Texts operator+(Texts left, const Texts& right) {
+  left.insert(left.end(), right.begin(), right.end());
+  return left;
+}
 
-TEST_F(TableBatches, EachStepIsCalledThroughTheVirtualTable) {
+const Texts NOTIFICATION = {"IdleTimeProcessAllNotifications",
+                            "EraseAllCachedStatefulOptimizedStoredData",
+                            "EraseCachesOfQueries",
+                            "ResetKeysIntoCurrentRowsAll",
+                            "nothing stands",
+                            "FindColumnNames"};
+const Texts SORTED_NOTIFICATION = {"IdleTimeProcessAllNotifications",
+                                   "EraseAllCachedStatefulOptimizedStoredData",
+                                   "EraseCachesOfQueries",
+                                   "ResetKeysUsingSortSettings",
+                                   "nothing stands",
+                                   "FindColumnNames"};
+const Texts READING = {"ExtractAll", "MergeNewHeadingsWithOldHeadings",
+                       "UnsuppressColumnsBasedOnMultipleFileNames"};
+
+class TableHooks : public TableBatches {
+ protected:
   HookedTable hooked;
-  const Calls notification = {{"IdleTimeProcessAllNotifications", 1},
-                              {"EraseAllCachedStatefulOptimizedStoredData", 1},
-                              {"EraseCachesOfQueries", 1},
-                              {"ResetKeysIntoCurrentRowsAll", 1},
-                              {"FindColumnNamesWherePropertyFlagIsAbsent", 1}};
-  const Calls reading = {{"ExtractAll", 1},
-                         {"MergeNewHeadingsWithOldHeadings", 1},
-                         {"UnsuppressColumnsBasedOnMultipleFileNames", 1}};
-  Calls expected = notification;
-  expected.insert(reading.begin(), reading.end());
+};
+
+TEST_F(TableHooks, OfALoadAreCalledInOrder) {
   hooked.Load(pathA);
-  EXPECT_EQ(hooked.Taken(), expected);
-
+  EXPECT_EQ(hooked.Taken(), READING + NOTIFICATION);
   hooked.Load(bad);
-  EXPECT_EQ(hooked.Taken(), Calls());
+  EXPECT_EQ(hooked.Taken(), Texts());
+  hooked.AddExperimentOcurrence(wxFileName(pathB), true);
+  EXPECT_EQ(hooked.Taken(),
+            Texts({"AddExperimentOcurrence"}) + READING + Texts({"NotifyMyObservers"}));
+  hooked.AddExperimentOcurrence(wxFileName(bad), true);
+  EXPECT_EQ(hooked.Taken(), Texts({"AddExperimentOcurrence", "NotifyMyObservers"}));
+}
 
-  hooked.SimultaneousFileRequestsAddAndRemove({{pathB, true}});
-  expected = reading;
-  expected["AddExperimentOcurrence"] = 1;
-  expected["AddMultipleFiles"] = 1;
-  expected["RemoveMultipleFiles"] = 1;
-  expected["NotifyMyObservers"] = 1;
-  EXPECT_EQ(hooked.Taken(), expected);
-
+TEST_F(TableHooks, OfABatchAreCalledInOrder) {
+  hooked.SimultaneousFileRequestsAddAndRemove({{pathA, true}, {pathB, true}});
+  EXPECT_EQ(hooked.Taken(),
+            Texts({"RemoveMultipleFiles", "AddMultipleFiles", "AddExperimentOcurrence"}) + READING +
+                Texts({"AddExperimentOcurrence"}) + READING + Texts({"NotifyMyObservers"}));
   hooked.OnIdle();
-  EXPECT_EQ(hooked.Taken(), notification);
+  EXPECT_EQ(hooked.Taken(), NOTIFICATION);
   hooked.OnIdle();
-  EXPECT_EQ(hooked.Taken(), Calls());
+  EXPECT_EQ(hooked.Taken(), Texts());
 
   hooked.SimultaneousFileRequestsAddAndRemove({{pathB, false}});
-  EXPECT_EQ(hooked.Taken(), Calls({{"AddMultipleFiles", 1},
-                                   {"RemoveMultipleFiles", 1},
-                                   {"DeleteAllRows", 1},
-                                   {"RemoveColumnsBasedOnMultipleFileNames", 1},
-                                   {"SuppressColumnsBasedOnMultipleFileNames", 1},
-                                   {"NotifyMyObservers", 2}}));
+  EXPECT_EQ(hooked.Taken(), Texts({"RemoveMultipleFiles", "DeleteAllRows", "NotifyMyObservers",
+                                   "RemoveColumnsBasedOnMultipleFileNames",
+                                   "SuppressColumnsBasedOnMultipleFileNames", "AddMultipleFiles",
+                                   "NotifyMyObservers"}));
 
   hooked.SimultaneousFileRequestsSuppressAndUnsuppress({{pathB, false}});
-  expected = reading;
-  expected["LastMinuteFileAddition"] = 1;
-  expected["AddExperimentOcurrence"] = 1;
-  expected["SimultaneousColumnsSuppressAndUnsuppress"] = 1;
-  expected["SimultaneousRowsSuppressAndUnsuppress"] = 1;
-  expected["NotifyMyObservers"] = 1;
-  EXPECT_EQ(hooked.Taken(), expected);
+  EXPECT_EQ(hooked.Taken(),
+            Texts({"LastMinuteFileAddition", "AddExperimentOcurrence"}) + READING +
+                Texts({"SimultaneousColumnsSuppressAndUnsuppress",
+                       "SimultaneousRowsSuppressAndUnsuppress", "NotifyMyObservers"}));
 
   hooked.RemoveColumnsBasedOnFileName(wxFileName(pathB));
-  EXPECT_EQ(hooked.Taken(), Calls({{"SuppressColumnsBasedOnMultipleFileNames", 1}}));
+  EXPECT_EQ(hooked.Taken(), Texts({"SuppressColumnsBasedOnMultipleFileNames"}));
+}
 
+TEST_F(TableHooks, OfASortAndOfDeletingAreCalled) {
+  hooked.Load(pathA);
+  std::vector<wxString> values;
+  hooked.SelectDistinctPerColumn(wxT("A"), values, ProbeTable::ALL_ROWS, false);
+  hooked.Taken();
+  hooked.SetSortColumn(wxT("A"), false);
+  EXPECT_EQ(hooked.Taken(), Texts({"ResetKeysUsingSortSettings", "the old answers stand"}));
+  hooked.Notify();
+  EXPECT_EQ(hooked.Taken(), SORTED_NOTIFICATION);
+  hooked.RevertAnyAndAllSortOptions();
+  EXPECT_EQ(hooked.Taken(), Texts({"ResetKeysIntoCurrentRowsAll", "the old answers stand"}));
+  hooked.DeleteAllRows_WhereField_Y_Matches_Z(wxT("A"), wxT("a1"));
+  EXPECT_EQ(hooked.Taken(), Texts({"DeleteAllRows", "NotifyMyObservers"}));
+}
+
+TEST_F(TableHooks, OfFlagsAndVisibilityAreCalled) {
+  hooked.Load(pathA);
+  hooked.Taken();
   hooked.IsColumnTrialVarColumn(wxT("A"));
   hooked.IsColumnCodeValColulmn(wxT("A"));
-  EXPECT_EQ(hooked.Taken(), Calls({{"CheckColumnForFlagBits", 2}}));
+  EXPECT_EQ(hooked.Taken(), Texts({"CheckColumnForFlagBits 1", "CheckColumnForFlagBits 2"}));
 
-  hooked.SetSortColumn(wxT("A"), false);
-  EXPECT_EQ(hooked.Taken(), Calls({{"ResetKeysUsingSortSettings", 1}}));
-  hooked.Notify();
-  expected = notification;
-  expected.erase("ResetKeysIntoCurrentRowsAll");
-  expected["ResetKeysUsingSortSettings"] = 1;
-  EXPECT_EQ(hooked.Taken(), expected);
-  hooked.RevertAnyAndAllSortOptions();
-  EXPECT_EQ(hooked.Taken(), Calls({{"ResetKeysIntoCurrentRowsAll", 1}}));
+  hooked.ToggleRowFlag(0);
+  hooked.ToggleRowFlag(0);
+  EXPECT_EQ(hooked.Taken(),
+            Texts({"GetRowFlagStatus", "SetRowFlag", "GetRowFlagStatus", "ClearRowFlag"}));
 
-  hooked.DeleteAllRows_WhereField_Y_Matches_Z(wxT("A"), wxT("a1"));
-  EXPECT_EQ(hooked.Taken(), Calls({{"DeleteAllRows", 1}, {"NotifyMyObservers", 1}}));
+  hooked.HideOneSingleRowPerArbitraryUserRequest(0);
+  hooked.HideOneSingleRowPerArbitraryUserRequest(99);
+  hooked.RemoveUserDesignatedRowHiddennessBasedOnCurrentlyActiveFiles();
+  hooked.UnhideOneSingleColumnPerArbitraryUserRequest(wxT("A"));
+  hooked.MoveColumnPosition(wxT("B"), wxT("A"), false);
+  EXPECT_EQ(hooked.Taken(), Texts(5, "NotifyMyObservers"));
+  hooked.UnhideOneSingleColumnPerArbitraryUserRequest(wxT("nobody"));
+  hooked.MoveColumnPosition(wxT("nobody"), wxT("A"), false);
+  EXPECT_EQ(hooked.Taken(), Texts());
+  hooked.HideOneSingleColumnPerArbitraryUserRequest(wxT("A"));
+  EXPECT_EQ(hooked.Taken(), Texts({"HideOneSingleColumn A", "NotifyMyObservers"}));
+}
 
-  hooked.Load(folder.WriteData("e.txt", {"E"}, {{""}}));
-  hooked.DeleteAllRows_WhereField_Y_Matches_Z(wxT("E"), wxT("x"));
+TEST_F(TableHooks, OfTheSearchForEmptyColumnsAreCalled) {
+  hooked.Load(folder.WriteData("e.txt", {"E", "F", "G"}, {{"", "", "g"}}));
   hooked.Taken();
+  hooked.m_columnHasText[0] = TRI_STATE_FALSE;
   hooked.HideEmptyColumnsBasedOnCurrentlyShownRows();
-  EXPECT_EQ(hooked.Taken()["SelectDistinctPerColumn"], 3);
+  EXPECT_EQ(hooked.Taken(), Texts({"HideOneSingleColumn E", "NotifyMyObservers",
+                                   "SelectDistinctPerColumn F 1 trimmed", "HideOneSingleColumn F",
+                                   "NotifyMyObservers", "SelectDistinctPerColumn G 1 trimmed"}));
+}
+
+// Asks for another notification from inside of one.
+class AskingObserver : public MUInterfaceExperimentDataObserver {
+ public:
+  AskingObserver(HookedTable& table) : m_table(table) {}
+  void OnDataShapeChanged(unsigned, unsigned, unsigned long, int, int) override {
+    m_table.calls.push_back("OnDataShapeChanged");
+    m_table.NotifyMyObservers();
+  }
+  void OnRefreshRequest(wxCommandEvent&) override { m_table.calls.push_back("OnRefreshRequest"); }
+
+ private:
+  HookedTable& m_table;
+};
+
+TEST_F(TableHooks, ObserversComeLastAndAnIdleCallForgetsWhatTheyAskFor) {
+  AskingObserver observer(hooked);
+  hooked.AddObserver(&observer);
+  hooked.AddExperimentOcurrence(wxFileName(pathA), true);
+  hooked.Taken();
+  hooked.OnIdle();
+  EXPECT_EQ(hooked.Taken(),
+            NOTIFICATION + Texts({"OnDataShapeChanged", "NotifyMyObservers", "OnRefreshRequest"}));
+  EXPECT_FALSE(hooked.m_notificationPending);
+  hooked.OnIdle();
+  EXPECT_EQ(hooked.Taken(), Texts());
+  // Outside of an idle call the request stands.
+  hooked.Notify();
+  EXPECT_TRUE(hooked.m_notificationPending);
 }
 
 // ---- Order of slots

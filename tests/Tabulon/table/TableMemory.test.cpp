@@ -207,6 +207,42 @@ TEST_F(ColumnDictionaries, AreKeptUntilTheRowsChange) {
   EXPECT_EQ(dictionaries.Of(wxT("A"), table.m_rows)->TextCount(), 2u);
 }
 
+TEST_F(ColumnDictionaries, AreKeptForRowsThatCanBeWrittenUntilOneIs) {
+  Load("a.txt", {{"x", "1"}, {"y", "2"}});
+  wxString& cell = table.m_rows.find(0)->m_cells[wxT("A")];
+  const auto first = dictionaries.Of(wxT("A"), table.m_rows);
+  EXPECT_FALSE(first->RowsArePlain());
+  EXPECT_EQ(dictionaries.Of(wxT("A"), table.m_rows), first);
+  cell = wxT("written");
+  EXPECT_EQ(dictionaries.Find(wxT("A"), table.m_rows), nullptr);
+  EXPECT_EQ(NumberedText(*first, 0), "x");
+  EXPECT_EQ(NumberedText(*dictionaries.Of(wxT("A"), table.m_rows), 0), "written");
+}
+
+TEST_F(ColumnDictionaries, AndRunsOfOneTableOutliveAWriteToAnother) {
+  Load("a.txt", {{"x", "1"}, {"y", "2"}});
+  const auto kept = dictionaries.Of(wxT("A"), table.m_rows);
+  ProbeTable other;
+  ASSERT_TRUE(other.Load(folder.PathOf("a.txt")));
+  other.m_rows.find(0)->m_cells[wxT("A")] = wxT("written");
+  *other.m_rows.find(1) = *other.m_rows.find(0);
+  EXPECT_EQ(other.m_rows.FindPlainRun(0, nullptr), nullptr);
+  EXPECT_NE(table.m_rows.FindPlainRun(0, nullptr), nullptr);
+  EXPECT_EQ(dictionaries.Find(wxT("A"), table.m_rows), kept);
+}
+
+TEST_F(ColumnDictionaries, AreNotTrustedAfterARowBecameAnotherOne) {
+  Load("a.txt", {{"x", "1"}, {"y", "2"}});
+  Load("b.txt", {{"z", "3"}});
+  const auto kept = dictionaries.Of(wxT("A"), table.m_rows);
+  // The last row of its file: nothing else keeps the file's text.
+  *table.m_rows.find(2) = *table.m_rows.find(1);
+  EXPECT_EQ(dictionaries.Find(wxT("A"), table.m_rows), nullptr);
+  EXPECT_EQ(NumberedText(*dictionaries.Of(wxT("A"), table.m_rows), 2), "y");
+  EXPECT_EQ(NumberedText(*kept, 2), "z");
+  EXPECT_EQ(table.Column(wxT("A")), std::vector<std::string>({"x", "y", "y"}));
+}
+
 TEST_F(ColumnDictionaries, AreNotKeptForRowsThatCanBeWritten) {
   Load("a.txt", {{"x", "1"}, {"y", "2"}});
   dictionaries.Of(wxT("A"), table.m_rows);
@@ -241,24 +277,36 @@ class RowRuns : public ColumnDictionaries {
     }
     return text;
   }
+  // The keys below 10 whose rows need not be asked themselves.
+  std::string PlainKeys() const {
+    std::string keys;
+    const MURowStore::Run* run = nullptr;
+    for (unsigned long key = 0; key < 10; ++key) {
+      run = table.m_rows.FindPlainRun(key, run);
+      EXPECT_EQ(run, table.m_rows.FindPlainRun(key, nullptr));
+      if (run != nullptr) keys += std::to_string(key);
+    }
+    return keys;
+  }
 };
 
 TEST_F(RowRuns, AreTheLinesOfFilesAndSplitWhereRowsAreMissingOrWritten) {
   EXPECT_EQ(Runs(), "");
   Load("a.txt", {{"x", "1"}, {"y", "2"}, {"z", "3"}});
   Load("b.txt", {{"x", "4"}, {"y", "5"}, {"z", "6"}});
-  ASSERT_NE(table.m_rows.StandingRuns(), nullptr);
+  EXPECT_EQ(PlainKeys(), "012345");
   EXPECT_EQ(Runs(), "0-3 0; 3-6 0; ");
   EXPECT_NE(table.m_rows.Runs()[0].block, table.m_rows.Runs()[1].block);
 
   table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("B"), wxT("2"));
-  EXPECT_EQ(table.m_rows.StandingRuns(), nullptr);
+  EXPECT_EQ(PlainKeys(), "");
   EXPECT_EQ(Runs(), "0-1 0; 2-3 2; 3-6 0; ");
-  ASSERT_NE(table.m_rows.StandingRuns(), nullptr);
+  EXPECT_EQ(PlainKeys(), "02345");
 
   table.m_rows.find(4)->m_cells[wxT("A")] = wxT("written");
-  EXPECT_EQ(table.m_rows.StandingRuns(), nullptr);
+  EXPECT_EQ(PlainKeys(), "02");  // the other file's
   EXPECT_EQ(Runs(), "0-1 0; 2-3 2; 3-4 0; 4-5 own; 5-6 2; ");
+  EXPECT_EQ(PlainKeys(), "0235");
 
   Load("c.txt", {{"x", "7"}});
   EXPECT_EQ(Runs(), "0-1 0; 2-3 2; 3-4 0; 4-5 own; 5-6 2; 6-7 0; ");
@@ -277,7 +325,7 @@ TEST_F(RowRuns, BeginAnewInATableThatWasEmptied) {
   table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("B"), wxT("1"));
   table.Notify();
   Load("b.txt", {{"x", "4"}, {"y", "5"}});
-  ASSERT_NE(table.m_rows.StandingRuns(), nullptr);
+  EXPECT_EQ(PlainKeys(), "01");
   EXPECT_EQ(Runs(), "0-2 0; ");
 }
 

@@ -14,6 +14,7 @@
 
 namespace {
 
+using Tests::LoadAndShow;
 using Tests::PlainFile;
 using Tests::PlainSet;
 using Tests::PlainTable;
@@ -21,6 +22,7 @@ using Tests::ProbeTable;
 using Tests::Strings;
 using Tests::TemporaryFolder;
 using Tests::Utf8;
+using Row = MUSingleRowDataPlusRowProperties;
 
 #if defined(__has_feature)
 #if __has_feature(address_sanitizer)
@@ -55,6 +57,22 @@ class CellDecider : public MUInterfaceRowTruthDecider {
   wxString m_text;
 };
 
+// Hides the rows whose cell in column B is the text, and shows them if they are hidden.
+class HidingDecider : public MUInterfaceRowTruthDecider {
+ public:
+  explicit HidingDecider(const wxString& text) : m_text(text) {}
+  const wxString& Text() const { return m_text; }
+  int DecideRow(Row* row) override {
+    if (row->m_cells.ValueOrDefault(wxT("B")) == m_text) row->m_rowPropertyFlags ^= 32u;
+    return 0;
+  }
+  bool ResultMayBeCached() override { return false; }
+  wxString GetIdentityString() override { return wxString(); }
+
+ private:
+  wxString m_text;
+};
+
 class CountingObserver : public MUInterfaceExperimentDataObserver {
  public:
   void OnDataShapeChanged(unsigned shownRows, unsigned shownColumns, unsigned long active, int row,
@@ -70,10 +88,18 @@ class CountingObserver : public MUInterfaceExperimentDataObserver {
   std::vector<long> last;
 };
 
+// Every second seed never hands out a row's record, so that notifications may append to the lists; and of
+// four seeds one is about a derived table, which makes the lists anew each time.
 class Comparison {
  public:
   Comparison(const std::vector<PlainFile>& disk, unsigned seed)
-      : m_disk(disk), m_random(seed), m_model(disk) {
+      : m_disk(disk),
+        m_random(seed),
+        m_handsOutRecords(seed % 2 == 1),
+        m_model(disk),
+        m_ownedTable(seed % 4 == 3 ? std::make_unique<ProbeTable>()
+                                   : std::make_unique<MUExperimentTextReaderMultiFile>(nullptr)),
+        m_table(*m_ownedTable) {
     m_table.AddObserver(&m_observer);
   }
 
@@ -127,14 +153,27 @@ class Comparison {
 
   void Note(const std::string& what) { m_log += what + "; "; }
 
+  // A protected member, of an object of the class itself too.
+  template <typename MEMBER>
+  MEMBER& Inside(MEMBER MUExperimentTextReaderMultiFile::*member) {
+    return m_table.*member;
+  }
+
   void Change() {
-    switch (Any(24)) {
+    switch (Any(m_handsOutRecords ? 27 : 24)) {
+      case 24:
+      case 25:
+        HideOrShowThroughRecord();
+        break;
+      case 26:
+        HideOrShowByDecider();
+        break;
       case 0:
       case 1:
       case 2: {
         const std::string path = AnyPath();
         Note("load " + path);
-        EXPECT_EQ(m_table.Load(Wide(path)), m_model.AddWithoutViewer(path));
+        EXPECT_EQ(LoadAndShow(m_table, Wide(path)), m_model.AddWithoutViewer(path));
         break;
       }
       case 3: {
@@ -277,7 +316,7 @@ class Comparison {
                   : m_model
                         .rows[static_cast<std::size_t>(Any(static_cast<int>(m_model.rows.size())))]
                         .key;
-          auto* row = m_table.m_rows.find(key);
+          auto* row = Inside(&ProbeTable::m_rows).find(key);
           if (row == nullptr) break;
           Note("write");
           row->m_cells[wxT("D")] = wxT("written");
@@ -286,36 +325,72 @@ class Comparison {
           }
         } else {
           Note("notify");
-          m_table.Notify();
+          m_table.IdleTimeProcessAllNotifications();
           m_model.Notification();
         }
     }
   }
 
+  // Writes flags through a record that may have been lent long ago.
+  void HideOrShowThroughRecord() {
+    if (Coin()) {
+      const auto index = static_cast<unsigned long>(AnyShownRow());
+      Row* row = m_table.GetRowByRowIndexAndVisibilityFilter(index, ProbeTable::ALL_ROWS);
+      const auto* plain = m_model.RowAt(index, PlainSet::All);
+      ASSERT_EQ(row == nullptr, plain == nullptr);
+      if (row != nullptr) m_lentRecords.push_back({plain->key, row});
+    }
+    if (m_lentRecords.empty()) return;
+    const auto [key, row] =
+        m_lentRecords[static_cast<std::size_t>(Any(static_cast<int>(m_lentRecords.size())))];
+    if (Inside(&ProbeTable::m_rows).find(key) != row) return;  // deleted
+    const unsigned flag = 8u << Any(3);
+    Note("record " + std::to_string(key) + " flag " + std::to_string(flag));
+    row->m_rowPropertyFlags ^= flag;
+    for (auto& plain : m_model.rows) {
+      if (plain.key == key) plain.flags ^= flag;
+    }
+  }
+
+  void HideOrShowByDecider() {
+    HidingDecider decider(Wide(AnyText()));
+    Note("decider");
+    m_table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true);
+    for (const unsigned long key : m_model.allKeys) {
+      for (auto& plain : m_model.rows) {
+        if (plain.key != key) continue;
+        const auto cell = plain.cells.find("B");
+        if ((cell == plain.cells.end() ? "" : cell->second) == Utf8(decider.Text()))
+          plain.flags ^= 32u;
+      }
+    }
+  }
+
   void CompareState() {
-    EXPECT_EQ(m_table.m_notificationPending, m_model.pending);
-    EXPECT_EQ(m_table.m_nextRowKey, m_model.nextKey);
-    EXPECT_EQ(m_table.m_rows.size(), m_model.rows.size());
-    EXPECT_EQ(KeysOf(m_table.m_allRowKeys), m_model.allKeys);
-    EXPECT_EQ(KeysOf(m_table.m_activeRowKeys), m_model.activeKeys);
-    EXPECT_EQ(KeysOf(*m_table.m_currentShownRowKeys), m_model.shownKeys);
-    EXPECT_EQ(Utf8(m_table.ColumnNames()), m_model.names);
+    EXPECT_EQ(Inside(&ProbeTable::m_notificationPending), m_model.pending);
+    EXPECT_EQ(Inside(&ProbeTable::m_nextRowKey), m_model.nextKey);
+    EXPECT_EQ(Inside(&ProbeTable::m_rows).size(), m_model.rows.size());
+    EXPECT_EQ(KeysOf(Inside(&ProbeTable::m_allRowKeys)), m_model.allKeys);
+    EXPECT_EQ(KeysOf(Inside(&ProbeTable::m_activeRowKeys)), m_model.activeKeys);
+    EXPECT_EQ(KeysOf(*Inside(&ProbeTable::m_currentShownRowKeys)), m_model.shownKeys);
+    EXPECT_EQ(Utf8(*Inside(&ProbeTable::m_currentColumnNames)), m_model.names);
     EXPECT_EQ(m_table.GetNumberOfDataRows(), m_model.RowCount());
     EXPECT_EQ(m_table.GetNumberOfDataColumns(), static_cast<int>(m_model.columnCount));
-    EXPECT_EQ(std::vector<int>(m_table.m_columnHasText.begin(), m_table.m_columnHasText.end()),
+    EXPECT_EQ(std::vector<int>(Inside(&ProbeTable::m_columnHasText).begin(),
+                               Inside(&ProbeTable::m_columnHasText).end()),
               m_model.hasText);
-    EXPECT_EQ(m_table.m_emptySearchFinished, m_model.searchFinished);
+    EXPECT_EQ(Inside(&ProbeTable::m_emptySearchFinished), m_model.searchFinished);
 
-    ASSERT_EQ(m_table.m_files.size(), m_model.files.size());
-    auto file = m_table.m_files.begin();
+    ASSERT_EQ(Inside(&ProbeTable::m_files).size(), m_model.files.size());
+    auto file = Inside(&ProbeTable::m_files).begin();
     for (const auto& [path, active] : m_model.files) {
       EXPECT_EQ(Utf8(file->first), path);
       EXPECT_EQ(file->second, active);
       ++file;
     }
-    ASSERT_EQ(m_table.m_columns.size(), m_model.columns.size());
+    ASSERT_EQ(Inside(&ProbeTable::m_columns).size(), m_model.columns.size());
     for (std::size_t i = 0; i < m_model.columns.size(); ++i) {
-      const MUColumnNamePlusProperties& column = *m_table.m_columns[i];
+      const MUColumnNamePlusProperties& column = *Inside(&ProbeTable::m_columns)[i];
       EXPECT_EQ(Utf8(column.m_columnName), m_model.columns[i].name);
       EXPECT_EQ(column.m_columnPropertyFlags, m_model.columns[i].flags);
       std::vector<std::pair<std::string, bool>> files;
@@ -328,12 +403,13 @@ class Comparison {
     for (int row = -1; row <= m_model.RowCount(); ++row) {
       EXPECT_EQ(m_table.GetRowFlagStatus(row), m_model.Flag(row));
       for (int column = -1; column <= static_cast<int>(m_model.names.size()); ++column) {
-        EXPECT_EQ(m_table.Cell(row, column), m_model.Cell(row, column)) << row << ", " << column;
+        EXPECT_EQ(Utf8(m_table.GetDataCellValue(row, column)), m_model.Cell(row, column))
+            << row << ", " << column;
       }
     }
     for (const PlainSet set : {PlainSet::Shown, PlainSet::All, PlainSet::Active}) {
       for (std::size_t index = 0; index <= m_model.allKeys.size(); ++index) {
-        const auto* row = m_table.GetRowByRowIndexAndVisibilityFilter(index, SetOf(set));
+        const auto* row = RecordAt(index, set);
         const auto* plain = m_model.RowAt(index, set);
         ASSERT_EQ(row == nullptr, plain == nullptr);
         if (row == nullptr) continue;
@@ -350,6 +426,16 @@ class Comparison {
     EXPECT_EQ(column, m_model.PreservedColumn());
     EXPECT_EQ(m_observer.shapes, m_model.notifications);
     EXPECT_EQ(m_observer.refreshes, m_model.notifications);
+    EXPECT_EQ(m_observer.last, m_model.told);
+  }
+
+  const Row* RecordAt(std::size_t index, PlainSet set) {
+    if (m_handsOutRecords) return m_table.GetRowByRowIndexAndVisibilityFilter(index, SetOf(set));
+    const ProbeTable::RowKeys& keys = set == PlainSet::All ? Inside(&ProbeTable::m_allRowKeys)
+                                      : set == PlainSet::Active
+                                          ? Inside(&ProbeTable::m_activeRowKeys)
+                                          : *Inside(&ProbeTable::m_currentShownRowKeys);
+    return index < keys.size() ? Inside(&ProbeTable::m_rows).find(keys[index]) : nullptr;
   }
 
   static PlainTable::Keys KeysOf(const ProbeTable::RowKeys& keys) {
@@ -361,7 +447,8 @@ class Comparison {
   }
 
   void Ask() {
-    switch (Any(10)) {
+    // Deciders are lent records.
+    switch (Any(m_handsOutRecords ? 10 : 7)) {
       case 0: {
         const std::string column = AnyColumn();
         const PlainSet set = AnySet();
@@ -471,9 +558,12 @@ class Comparison {
 
   const std::vector<PlainFile>& m_disk;
   std::mt19937 m_random;
+  const bool m_handsOutRecords;
   PlainTable m_model;
   CountingObserver m_observer;
-  ProbeTable m_table;
+  const std::unique_ptr<MUExperimentTextReaderMultiFile> m_ownedTable;
+  MUExperimentTextReaderMultiFile& m_table;
+  std::vector<std::pair<unsigned long, Row*>> m_lentRecords;
   std::string m_log;
 };
 

@@ -1,33 +1,56 @@
-// A notification after which rows have only arrived appends to the lists; after anything else it makes
-// them anew. Nobody can tell the difference by what the table answers.
+// A notification before which rows have only arrived appends to the lists; after anything else, and always
+// for a derived table, it makes them anew. Nobody can tell the difference by what the table answers.
 #include <gtest/gtest.h>
 
+#include <memory>
+
 #include "Tabulon/src/rows/MUSingleRowDataPlusRowProperties.h"
+#include "Tabulon/src/table/MUInterfaceExperimentDataObserver.h"
 #include "tests/Tabulon/table/TableTestSupport.h"
 
 namespace {
 
+using Tests::LoadAndShow;
 using Tests::ProbeTable;
 using Tests::TemporaryFolder;
+using Table = MUExperimentTextReaderMultiFile;
 using Texts = std::vector<std::string>;
 using Keys = ProbeTable::RowKeys;
 
-class TableNotification : public testing::Test {
+// Keeps what it was told last.
+class ShapeObserver : public MUInterfaceExperimentDataObserver {
+ public:
+  void OnDataShapeChanged(unsigned rows, unsigned columns, unsigned long active, int lastRow,
+                          int lastColumn) override {
+    told = {static_cast<int>(rows), static_cast<int>(columns), static_cast<int>(active), lastRow,
+            lastColumn};
+  }
+  void OnRefreshRequest(wxCommandEvent&) override {}
+
+  std::vector<int> told;
+};
+
+// Parameter: whether the table is an object of a derived class.
+class TableNotification : public testing::TestWithParam<bool> {
  protected:
-  TableNotification() {
+  TableNotification()
+      : m_ownedTable(GetParam() ? std::make_unique<ProbeTable>()
+                                : std::make_unique<Table>(nullptr)),
+        table(*m_ownedTable) {
+    table.AddObserver(&observer);
     for (const char* name : {"a", "b", "c"}) {
       m_paths.push_back(folder.WriteData(std::string(name) + ".txt", {"Event\nName"},
                                          {{std::string(name) + "0"}, {std::string(name) + "1"}}));
     }
   }
 
-  void Load(std::size_t file) { ASSERT_TRUE(table.Load(m_paths[file])); }
-  Texts Shown() { return table.Column(wxT("Event\nName")); }
+  void Load(std::size_t file) { ASSERT_TRUE(LoadAndShow(table, m_paths[file])); }
+  Texts Shown() { return ColumnOf(table, wxT("Event\nName")); }
 
   // The three lists and the indices that rows hold, against what the rows' own flags say.
   void ExpectConsistentLists() {
     Keys all, active, shown;
-    for (const auto& [key, row] : table.m_rows) {
+    for (const auto& [key, row] : table.*&ProbeTable::m_rows) {
       EXPECT_EQ(row->m_indexAmongAllRows, all.size());
       all.push_back(key);
       if ((row->m_rowPropertyFlags & 28) != 0) continue;
@@ -37,18 +60,20 @@ class TableNotification : public testing::Test {
       EXPECT_EQ(row->m_indexAmongShownRows, shown.size());
       shown.push_back(key);
     }
-    EXPECT_EQ(table.m_allRowKeys, all);
-    EXPECT_EQ(table.m_activeRowKeys, active);
-    EXPECT_EQ(*table.m_currentShownRowKeys, shown);
+    EXPECT_EQ(table.*&ProbeTable::m_allRowKeys, all);
+    EXPECT_EQ(table.*&ProbeTable::m_activeRowKeys, active);
+    EXPECT_EQ(*(table.*&ProbeTable::m_currentShownRowKeys), shown);
     EXPECT_EQ(static_cast<std::size_t>(table.GetNumberOfDataRows()), shown.size());
   }
 
   TemporaryFolder folder;
-  ProbeTable table;
+  ShapeObserver observer;
+  const std::unique_ptr<Table> m_ownedTable;
+  Table& table;
   std::vector<wxString> m_paths;
 };
 
-TEST_F(TableNotification, AppendsWhatArrived) {
+TEST_P(TableNotification, AppendsWhatArrived) {
   for (std::size_t file = 0; file < 3; ++file) {
     Load(file);
     ExpectConsistentLists();
@@ -56,7 +81,7 @@ TEST_F(TableNotification, AppendsWhatArrived) {
   EXPECT_EQ(Shown(), Texts({"a0", "a1", "b0", "b1", "c0", "c1"}));
 }
 
-TEST_F(TableNotification, AppendsAfterIdleMomentsThatFreedTheOldLists) {
+TEST_P(TableNotification, AppendsAfterIdleMomentsThatFreedTheOldLists) {
   Load(0);
   table.OnIdle();
   table.OnIdle();
@@ -67,17 +92,42 @@ TEST_F(TableNotification, AppendsAfterIdleMomentsThatFreedTheOldLists) {
   EXPECT_EQ(Shown(), Texts({"a0", "a1", "b0", "b1", "c0", "c1"}));
 }
 
-TEST_F(TableNotification, TellsThatTheOldRowsWerePreserved) {
+TEST_P(TableNotification, TellsObserversWhatWasPreserved) {
+  using Told = std::vector<int>;
   Load(0);
+  EXPECT_EQ(observer.told, Told({2, 1, 2, -1, -1}));
   Load(1);
+  EXPECT_EQ(observer.told, Told({4, 1, 4, 1, 0}));
+  Load(2);
+  EXPECT_EQ(observer.told, Told({6, 1, 6, 3, 0}));
+  table.IdleTimeProcessAllNotifications();
+  EXPECT_EQ(observer.told, Told({6, 1, 6, 5, 0}));
+  table.HideOneSingleRowPerArbitraryUserRequest(3);
+  table.OnIdle();
+  EXPECT_EQ(observer.told, Told({5, 1, 6, 2, 0}));
+  table.OnIdle();  // lets the old lists go
+  Load(0);
+  EXPECT_EQ(observer.told, Told({7, 1, 8, 4, 0}));
+  table.IdleTimeFreeMemoryUsedForRowCopies();
   int row = 0;
   int column = 0;
   table.GetOuterLimitsOfPreservedRange(&row, &column);
-  EXPECT_EQ(row, 1);
-  EXPECT_EQ(column, 0);
+  EXPECT_EQ(row, -1);
+  EXPECT_EQ(column, -1);
+  Load(1);
+  EXPECT_EQ(observer.told, Told({9, 1, 10, 6, 0}));
+  table.SetSortColumn(wxT("Event\nName"), true);
+  Load(2);
+  EXPECT_EQ(observer.told, Told({11, 1, 12, 0, 0}));
+  table.RevertAnyAndAllSortOptions();
+  Load(2);
+  EXPECT_EQ(observer.told, Told({13, 1, 14, 10, 0}));
+  table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("Event\nName"), wxT("a0"));
+  Load(0);
+  EXPECT_EQ(observer.told, Told({13, 1, 14, -1, 0}));
 }
 
-TEST_F(TableNotification, SeesARowHiddenBeforeTheArrival) {
+TEST_P(TableNotification, SeesARowHiddenBeforeTheArrival) {
   Load(0);
   table.HideOneSingleRowPerArbitraryUserRequest(0);
   Load(1);
@@ -89,7 +139,7 @@ TEST_F(TableNotification, SeesARowHiddenBeforeTheArrival) {
   EXPECT_EQ(Shown().size(), 6U);
 }
 
-TEST_F(TableNotification, SeesAFileDeselectedBeforeTheArrival) {
+TEST_P(TableNotification, SeesAFileDeselectedBeforeTheArrival) {
   Load(0);
   Load(1);
   table.SimultaneousFileRequestsSuppressAndUnsuppress({{m_paths[0], false}});
@@ -98,7 +148,7 @@ TEST_F(TableNotification, SeesAFileDeselectedBeforeTheArrival) {
   EXPECT_EQ(Shown(), Texts({"b0", "b1", "c0", "c1"}));
 }
 
-TEST_F(TableNotification, SeesRowsDeletedBeforeTheArrival) {
+TEST_P(TableNotification, SeesRowsDeletedBeforeTheArrival) {
   Load(0);
   Load(1);
   table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("Event\nName"), wxT("a1"));
@@ -108,7 +158,7 @@ TEST_F(TableNotification, SeesRowsDeletedBeforeTheArrival) {
 }
 
 // Whoever holds a row's record may change its flags without a word.
-TEST_F(TableNotification, SeesFlagsThatWereChangedThroughARecord) {
+TEST_P(TableNotification, SeesFlagsThatWereChangedThroughARecord) {
   Load(0);
   auto* row = table.GetRowByRowIndexAndVisibilityFilter(1, ProbeTable::ALL_ROWS);
   ASSERT_NE(row, nullptr);
@@ -119,7 +169,7 @@ TEST_F(TableNotification, SeesFlagsThatWereChangedThroughARecord) {
   EXPECT_EQ(Shown(), Texts({"a0", "b0", "b1", "c0", "c1"}));
 }
 
-TEST_F(TableNotification, MakesTheUnsortedOrderAnewAfterASort) {
+TEST_P(TableNotification, MakesTheUnsortedOrderAnewAfterASort) {
   Load(0);
   table.SetSortColumn(wxT("Event\nName"), true);
   Load(1);
@@ -131,7 +181,7 @@ TEST_F(TableNotification, MakesTheUnsortedOrderAnewAfterASort) {
   EXPECT_EQ(Shown(), Texts({"a0", "a1", "b0", "b1", "c0", "c1"}));
 }
 
-TEST_F(TableNotification, MakesTheListsAnewWhenTheBufferThatHeldThemIsGone) {
+TEST_P(TableNotification, MakesTheListsAnewWhenTheBufferThatHeldThemIsGone) {
   Load(0);
   table.RotateQueuedCopiesOfRowCollectionAndColCollection();
   table.IdleTimeFreeMemoryUsedForRowCopies();
@@ -140,14 +190,19 @@ TEST_F(TableNotification, MakesTheListsAnewWhenTheBufferThatHeldThemIsGone) {
   EXPECT_EQ(Shown(), Texts({"a0", "a1", "b0", "b1"}));
 }
 
-TEST_F(TableNotification, StartsOverAfterTheLastFileLeft) {
+TEST_P(TableNotification, StartsOverAfterTheLastFileLeft) {
   Load(0);
   table.SimultaneousFileRequestsAddAndRemove({{m_paths[0], false}});
-  table.Notify();
-  EXPECT_EQ(table.m_nextRowKey, 0U);
+  table.IdleTimeProcessAllNotifications();
+  EXPECT_EQ(table.*&ProbeTable::m_nextRowKey, 0U);
   Load(1);
   ExpectConsistentLists();
   EXPECT_EQ(Shown(), Texts({"b0", "b1"}));
 }
+
+INSTANTIATE_TEST_SUITE_P(Table, TableNotification, testing::Bool(),
+                         [](const testing::TestParamInfo<bool>& info) {
+                           return info.param ? "OfADerivedClass" : "OfTheClassItself";
+                         });
 
 }  // namespace

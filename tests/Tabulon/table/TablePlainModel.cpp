@@ -412,6 +412,8 @@ void PlainTable::Notification() {
   columnCount = names.size();
   searchFinished = shownCount == 0 && columnCount == 0;
   if (allKeys.empty()) nextKey = 0;
+  told = {static_cast<long>(shownCount), static_cast<long>(columnCount),
+          static_cast<long>(activeKeys.size()), PreservedRow(), PreservedColumn()};
 }
 
 void PlainTable::Idle() {

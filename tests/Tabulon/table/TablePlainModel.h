@@ -105,6 +105,8 @@ class PlainTable {
   std::string sortColumn;
   bool reverse = false;
   int notifications = 0;
+  // What observers are told: shown rows and columns, active rows, last preserved row and column.
+  std::vector<long> told;
 
  private:
   const PlainFile* FindFile(const std::string& path) const;

@@ -1,5 +1,6 @@
 // The sorted order.
 #include <gtest/gtest.h>
+#include <wx/utils.h>
 
 #include <algorithm>
 #include <cmath>
@@ -16,6 +17,7 @@
 #include "Tabulon/src/sorting/MURowSort.h"
 #include "Tabulon/src/sorting/MUSortFunctors.h"
 #include "Tabulon/src/sorting/MUTextSort.h"
+#include "Tabulon/src/text/MUUtilitarianFunctions.h"
 #include "tests/Tabulon/table/TableTestSupport.h"
 
 namespace {
@@ -283,6 +285,116 @@ TEST_F(TableSorting, AHiddenColumnCanBeSortedBy) {
   // The hidden cells have no sort keys: the full text decides.
   EXPECT_EQ(Sorted(false, wxT("SFSFSF1")), Keys({2, 0, 1}));
   EXPECT_EQ(Sorted(true, wxT("SFSFSF1")), Keys({0, 1, 2}));
+}
+
+TEST_F(TableSorting, TextsOfDifferentLengthCompareByTheirCommonStartFirst) {
+  // Each begins the next one; none fits its keys, and a tail of blanks is a longer text, too.
+  const std::string head(30, 'm');
+  Texts texts = {head + "  ", head + "bb", head + "b", head, head + " ", head + "ba", head + "a"};
+  const Keys ascending = {3, 4, 0, 6, 2, 5, 1};
+  Load(texts);
+  EXPECT_EQ(Sorted(false), ascending);
+  EXPECT_EQ(Sorted(true), Keys(ascending.rbegin(), ascending.rend()));
+}
+
+TEST_F(TableSorting, ManyLongTextsOfDifferentLengthSortAsTextsDo) {
+  // More than are sorted one by one, in an order that is not theirs; narrow ones and then a wide one.
+  for (const bool wide : {false, true}) {
+    std::vector<std::wstring> expected;
+    Texts texts;
+    for (std::size_t i = 0; i < 100; ++i) {
+      const std::size_t length = 20 + (i * 37) % 100;
+      expected.push_back(std::wstring(length, L'x') + (i % 3 == 0 ? L"a" : L"z"));
+      texts.push_back(std::string(length, 'x') + (i % 3 == 0 ? "a" : "z"));
+    }
+    if (wide) {
+      expected.push_back(L"\u0141" + std::wstring(40, L'x'));
+      texts.push_back("\xC5\x81" + std::string(40, 'x'));
+    }
+    ProbeTable one;
+    Tests::Cells rows;
+    for (const std::string& text : texts) rows.push_back({text});
+    ASSERT_TRUE(one.Load(folder.WriteData(wide ? "wide.txt" : "narrow.txt", {"A"}, rows)));
+    std::vector<unsigned long> order(texts.size());
+    std::iota(order.begin(), order.end(), 0ul);
+    std::stable_sort(order.begin(), order.end(),
+                     [&](unsigned long a, unsigned long b) { return expected[a] < expected[b]; });
+    one.SetSortColumn(wxT("A"), false);
+    EXPECT_EQ(*one.m_currentShownRowKeys, Keys(order.begin(), order.end()));
+  }
+}
+
+// More different texts than a dictionary is made of for a sort.
+TEST_F(TableSorting, ThousandsOfDifferentTextsSortAsFewOnesDo) {
+  constexpr std::size_t COUNT = 5000;
+  Texts texts;
+  for (std::size_t i = 0; i < COUNT; ++i) {
+    // Every text twice at most, in an order that is not theirs.
+    texts.push_back("text " + std::to_string(10000 + (i * 4001) % 4500));
+  }
+  Load(texts);
+  std::vector<unsigned long> order(COUNT);
+  std::iota(order.begin(), order.end(), 0ul);
+  std::stable_sort(order.begin(), order.end(),
+                   [&](unsigned long a, unsigned long b) { return texts[a] < texts[b]; });
+  EXPECT_EQ(Sorted(false), Keys(order.begin(), order.end()));
+  std::iota(order.begin(), order.end(), 0ul);
+  std::stable_sort(order.begin(), order.end(),
+                   [&](unsigned long a, unsigned long b) { return texts[b] < texts[a]; });
+  EXPECT_EQ(Sorted(true), Keys(order.begin(), order.end()));
+}
+
+TEST_F(TableSorting, SettingUpAnewForgetsTheSort) {
+  Load({"b", "a"});
+  RecordingStatusPrinter printer;
+  table.SetLinkToStatusBar(&printer);
+  EXPECT_EQ(Sorted(true), Keys({0, 1}));
+  EXPECT_EQ(Sorted(false), Keys({1, 0}));
+  ASSERT_EQ(printer.lines.size(), 2u);
+  EXPECT_TRUE(table.PerformSetup(wxFileName()));
+  wxString name(wxT("x"));
+  bool reverse = true;
+  table.GetSortColumnInfo(name, &reverse);
+  EXPECT_EQ(name, wxT(""));
+  EXPECT_FALSE(reverse);
+  EXPECT_FALSE(table.m_sortRanSinceNotification);
+  EXPECT_EQ(table.m_sortMilliseconds, 0u);
+  table.Notify();
+  EXPECT_EQ(table.Column(wxT("A")), Texts({"b", "a"}));
+  // The same sort is another one now; the printer is gone.
+  EXPECT_EQ(Sorted(false), Keys({1, 0}));
+  EXPECT_TRUE(table.m_sortRanSinceNotification);
+  EXPECT_EQ(printer.lines.size(), 2u);
+}
+
+// ---- Elapsed times
+
+// A stopwatch that runs already keeps its start.
+TEST_F(TableSorting, TheTimeOfASortIsThatOfItsStopwatch) {
+  const wxString identifier(wxT("MUExperimentTextReaderMultiFile::ResetKeysUsingSortSettings"));
+  RecordingStatusPrinter printer;
+  table.SetLinkToStatusBar(&printer);
+  table.m_sortMilliseconds = 4000000;
+  table.SetSortColumn(wxT("A"), true);
+  EXPECT_EQ(table.m_sortMilliseconds, 4000000u);  // nothing to sort, nothing to time
+  Load({"b", "a"});
+  MUUtilitarianFunctions::TimeMeProductionRelease(true, identifier, nullptr);
+  wxMilliSleep(40);
+  table.SetSortColumn(wxT("A"), false);
+  EXPECT_GE(table.m_sortMilliseconds, 39u);
+  EXPECT_LT(table.m_sortMilliseconds, 4000000u);
+  EXPECT_EQ(printer.milliseconds.back(), table.m_sortMilliseconds);
+}
+
+TEST_F(TableSorting, AFinishTextTellsTheTimeSinceItsStartText) {
+  RecordingStatusPrinter printer;
+  table.SetLinkToStatusBar(&printer);
+  table.SendStartMessageToStatusBar(wxT("some work"), wxT("Begin"), -1);
+  wxMilliSleep(40);
+  table.SendFinishMessageToStatusBar(wxT("some work"), wxT("End."));
+  ASSERT_EQ(printer.milliseconds.size(), 1u);
+  EXPECT_GE(printer.milliseconds[0], 39u);
+  EXPECT_LT(printer.milliseconds[0], 4000000u);
 }
 
 // ---- Functors on rows made by hand

@@ -37,16 +37,25 @@ std::string DataText(const std::vector<std::string>& columns, const Cells& rows)
   return text;
 }
 
-bool ProbeTable::Load(const wxString& path) {
-  return AddExperimentOcurrence_SimulateIdleLoop_UsedWhenNoTabulonWindowIsShown(wxFileName(path),
-                                                                                false, nullptr);
+bool LoadAndShow(MUExperimentTextReaderMultiFile& table, const wxString& path) {
+  return table.AddExperimentOcurrence_SimulateIdleLoop_UsedWhenNoTabulonWindowIsShown(
+      wxFileName(path), false, nullptr);
 }
 
-std::vector<std::string> ProbeTable::Column(const wxString& name) const {
+std::vector<std::string> ColumnOf(const MUExperimentTextReaderMultiFile& table,
+                                  const wxString& name) {
   std::vector<std::string> texts;
-  const int column = GetColumnPositionNumberFromText(name);
-  for (int row = 0; row < GetNumberOfDataRows(); ++row) texts.push_back(Cell(row, column));
+  const int column = table.GetColumnPositionNumberFromText(name);
+  for (int row = 0; row < table.GetNumberOfDataRows(); ++row) {
+    texts.push_back(Utf8(table.GetDataCellValue(row, column)));
+  }
   return texts;
+}
+
+bool ProbeTable::Load(const wxString& path) { return LoadAndShow(*this, path); }
+
+std::vector<std::string> ProbeTable::Column(const wxString& name) const {
+  return ColumnOf(*this, name);
 }
 
 std::string ProbeTable::Cell(int row, int column) const {
@@ -60,6 +69,7 @@ long RecordingStatusPrinter::PrintStatusText(const wxString& text, int slot,
   const std::size_t end = words.rfind(" milliseconds.");
   if (end != std::string::npos) {
     const std::size_t number = words.rfind(' ', end - 1) + 1;
+    milliseconds.push_back(std::stoul(words.substr(number, end - number)));
     words.replace(number, end - number, "N");
   }
   lines.push_back(words + " @" + std::to_string(slot) + " ^" + std::to_string(replacedMessageId));

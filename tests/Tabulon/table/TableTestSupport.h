@@ -68,6 +68,7 @@ class ProbeTable : public MUExperimentTextReaderMultiFile {
   using MUExperimentTextReaderMultiFile::m_previousShownRowKeys;
   using MUExperimentTextReaderMultiFile::m_redFlagDependentKeys;
   using MUExperimentTextReaderMultiFile::m_rows;
+  using MUExperimentTextReaderMultiFile::m_sortMilliseconds;
   using MUExperimentTextReaderMultiFile::m_sortRanSinceNotification;
 
   // Loads the file and makes it visible at once. The result is that of the table.
@@ -81,6 +82,13 @@ class ProbeTable : public MUExperimentTextReaderMultiFile {
   std::string Cell(int row, int column) const;
 };
 
+// Loads the file into any table, an object of the class itself too, and makes it visible at once. Such an
+// object's protected state is seen by the members that ProbeTable names: table.*&ProbeTable::m_rows.
+bool LoadAndShow(MUExperimentTextReaderMultiFile& table, const wxString& path);
+// The shown rows' texts in one column, through the plain access.
+std::vector<std::string> ColumnOf(const MUExperimentTextReaderMultiFile& table,
+                                  const wxString& name);
+
 // Keeps what it is asked to print: "text @slot ^id of the replaced message". Elapsed times read "N".
 class RecordingStatusPrinter : public MUInterfaceStatusTextPrinterManager {
  public:
@@ -88,6 +96,7 @@ class RecordingStatusPrinter : public MUInterfaceStatusTextPrinterManager {
   long PrintStatusText(const wxString& text, int slot, long replacedMessageId) override;
 
   std::vector<std::string> lines;
+  std::vector<unsigned long> milliseconds;  // the numbers that are replaced in the lines
   long nextId = 100;
 };
 
