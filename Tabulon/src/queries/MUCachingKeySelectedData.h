@@ -4,6 +4,11 @@
 
 #include <wx/string.h>
 
+// Effect: an immutable value that orders the maps of cached answers.
+// Cost: three texts; a comparison reads them up to the first difference.
+// Lifetime: it owns its texts.
+// Threads: any number may read one key.
+// Failure: any texts make a key, empty ones too.
 class MUCachingKeySelectedData {
  public:
   MUCachingKeySelectedData(const wxString& selectPart, const wxString& wherePart,

@@ -105,7 +105,7 @@ void MUColumnDictionary::Number(const Cell& cell) {
       slot = &m_slots[FindSlot(cell.text, cell.hash)];
     }
     *slot = {cell.hash, static_cast<std::uint32_t>(m_texts.size())};
-    // Where there are many, there may be one for every row; fresh memory is dear, so it is taken once.
+    // Many texts may be one for every row; fresh memory is dear, so it is taken once.
     if (m_texts.size() == MANY_TEXTS) m_texts.reserve(std::max(m_rowCount, MANY_TEXTS + 1));
     m_texts.push_back(cell.text);
   }
@@ -116,7 +116,7 @@ std::uint32_t MUColumnDictionary::NumberOfText(const MUCellText& text) const {
   return m_slots[FindSlot(text, HashOf(text))].number;
 }
 
-// The text's slot, or else the free one where it would go.
+// The text's slot, or else the free one where it belongs.
 std::size_t MUColumnDictionary::FindSlot(const MUCellText& text, std::uint32_t hash) const {
   const std::size_t mask = m_slots.size() - 1;
   std::size_t place = hash & mask;

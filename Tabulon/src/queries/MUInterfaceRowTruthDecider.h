@@ -6,9 +6,17 @@
 
 struct MUSingleRowDataPlusRowProperties;
 
+// Effect: says which rows a search finds. It may search, sort, notify or change flags by itself; the search
+// still visits the rows that were there at its start, without those that were deleted meanwhile.
+// Cost: called once for every row of a search whose answer is not cached. The next notification of the table
+// is a full one.
+// Lifetime: the table borrows the decider for the search, and the decider the row for the call: it must not
+// write to it later.
+// Threads: called on the thread that searches.
+// Failure: an exception ends the search and passes through it; nothing is cached.
 class MUInterfaceRowTruthDecider {
  public:
-  // 1 for a row that matches; any other value is no match. The row stays the table's.
+  // 1 for a row that matches; any other value is no match. row: never null; it stays the table's.
   virtual int DecideRow(MUSingleRowDataPlusRowProperties* row) = 0;
   virtual ~MUInterfaceRowTruthDecider() = default;
   // False makes every search run anew: for a decider whose answer may change between two calls.

@@ -9,6 +9,11 @@
 
 #include "Tabulon/src/queries/MUCachingKeySelectedData.h"
 
+// Effect: keeps vectors of maps under the keys of their queries.
+// Cost: a look-up compares keys as a std::map does.
+// Lifetime: it owns what it holds, but only EmptyAllCachedData deletes it.
+// Threads: one at a time.
+// Failure: an unknown key is answered with null.
 class MUQueryCachingBroker {
  public:
   using MultiSelect = std::vector<std::map<wxString, wxString>*>;
@@ -19,11 +24,12 @@ class MUQueryCachingBroker {
   // Deletes nothing that it holds: EmptyAllCachedData must come first.
   virtual ~MUQueryCachingBroker() = default;
 
-  // Borrowed until EmptyAllCachedData; null if nothing is stored under the key.
+  // The stored result, borrowed until EmptyAllCachedData; null if there is none.
   MultiSelect* GetSharedPointerToMultiSelect(const MUCachingKeySelectedData& key) const;
   // Takes ownership of the vector and of the maps in it. An entry that exists stays, and then the result
   // remains the caller's: look first.
   void HoldThisDataMultiSelect(const MUCachingKeySelectedData& key, MultiSelect* result);
+  // Deletes all that it holds.
   void EmptyAllCachedData();
 
  private:

@@ -1,4 +1,8 @@
 // The keys under which the answers to queries are cached, one function for each kind of query.
+//
+// Effect: the same question gives the same key; different questions give different keys, but for the two
+// cases that are named below. Cost: the texts are copied and joined. Lifetime: the key is the caller's.
+// Threads: any. Failure: none; the arguments need not name anything that exists.
 #ifndef OMBRELIA_TABULON_SRC_QUERIES_MUQUERYKEYS_H
 #define OMBRELIA_TABULON_SRC_QUERIES_MUQUERYKEYS_H
 

@@ -4,7 +4,9 @@
 
 #include <wx/string.h>
 
-// The table's interface inherits these words, so that its users find them there.
+// Effect: names and constants only; the table's interface inherits them, so that its users find them there.
+// Lifetime: the texts are made when the library is loaded, in no order relative to those of other sources.
+// Threads: any number may read them.
 class MUQueryWords {
  public:
   // Which rows a query ranges over.

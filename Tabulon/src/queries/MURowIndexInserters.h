@@ -1,5 +1,8 @@
 // Output iterators that turn rows into their indices: what is assigned is a row, what is appended is the
-// row's index among the rows of one set, as the last notification wrote it.
+// row's index among the rows of one set, as the last notification or sort wrote it.
+//
+// Cost: one list entry per row. Lifetime: the list is borrowed and must outlive the iterator. Threads: one at
+// a time. Failure: a row that is not in the set gives the index that it had there last.
 #ifndef OMBRELIA_TABULON_SRC_QUERIES_MUROWINDEXINSERTERS_H
 #define OMBRELIA_TABULON_SRC_QUERIES_MUROWINDEXINSERTERS_H
 

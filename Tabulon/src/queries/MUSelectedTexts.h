@@ -11,14 +11,17 @@
 #include "Tabulon/src/memory/MUScratchArray.h"
 #include "Tabulon/src/text/MUCellText.h"
 
-// Holds the texts as they stand in the files; whoever asks gets texts of his own.
+// Effect: holds the texts as they stand in the files, and copies them for who asks.
+// Cost: a pointer and a length per text; ToTexts makes a text each.
+// Lifetime: keeper owns what the texts are borrowed from, so that the answer may outlive the rows.
+// Threads: any number may read it.
+// Failure: only memory can run out.
 struct MUSelectedTexts {
-  static constexpr std::size_t TEXTS_AHEAD = 16;
-
   MULargeVector<MUCellText> texts;
   std::shared_ptr<const void> keeper;  // of what the texts are borrowed from
 
   std::vector<wxString> ToTexts() const {
+    constexpr std::size_t TEXTS_AHEAD = 16;  // are fetched into the cache
     std::vector<wxString> copies;
     copies.reserve(texts.size());
     for (std::size_t i = 0; i < texts.size(); ++i) {

@@ -8,7 +8,7 @@ namespace {
 
 // Below this size a comparison sort is as fast as counting.
 constexpr std::size_t FEW_PLACES = 256;
-// So many counters fit the fastest memory.
+// The counters of a digit of this length fit the fastest memory.
 constexpr unsigned MOST_DIGIT_BITS = 11;
 
 // Sorts by the key's digits, from the least significant to the most: each pass keeps the order that the one

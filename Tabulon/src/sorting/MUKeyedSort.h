@@ -1,4 +1,4 @@
-// A stable sort of places by keys, for keys that take whole numbers of 64 bits.
+// A stable sort of places by keys of at most 63 bits, and what makes long keys that short.
 #ifndef OMBRELIA_TABULON_SRC_SORTING_MUKEYEDSORT_H
 #define OMBRELIA_TABULON_SRC_SORTING_MUKEYEDSORT_H
 
@@ -12,8 +12,12 @@
 // Places that are sorted count from 0; there are fewer than 2 to the power 32.
 using MUPlace = std::uint32_t;
 
-// Keeps of long keys those bits in which a set of keys differ, up to 64 of them: short keys that order as
-// the long ones do. Where texts are much alike, and in most columns they are, few bits are left to sort by.
+// Effect: keeps the first 63 of those bits in which the keys of a set differ: short keys that order as the
+// long ones do. In most columns the texts are much alike, and few bits are left to sort by.
+// Cost: two operations per word to examine a key; one step per run of neighbouring bits to pack it.
+// Lifetime: it keeps no key.
+// Threads: one at a time; after Finish any number may pack.
+// Failure: where more bits differ, IsComplete is false and different keys may be packed alike.
 // WORDS: words of a key, the most significant one first.
 template <std::size_t WORDS>
 class MUKeyPacking {
@@ -67,10 +71,16 @@ class MUKeyPacking {
 extern template class MUKeyPacking<1>;
 extern template class MUKeyPacking<3>;
 
-// Orders places by keys of so many bits: add each place once, in the order that equal keys shall keep.
+// Effect: orders places by their keys. Equal keys keep the order in which they were added.
+// Cost: time grows with the number of places times the digits of the keys, a digit having up to 11 bits; few
+// places are compared. Takes twice 8 bytes per place, or twice 16 for keys of more than 32 bits.
+// Lifetime: out is written and not kept.
+// Threads: one at a time.
+// Failure: more places than count, or a key of more bits, is not checked and must not be passed.
 class MUKeyedSort {
  public:
-  // bits: of the keys, at most 63. descending: greater keys first.
+  // count: how many places will be added at most. bits: of the keys, at most 63. descending: greater keys
+  // first.
   MUKeyedSort(std::size_t count, unsigned bits, bool descending);
   void Add(std::uint64_t key, MUPlace place) {
     key ^= m_flip;
@@ -84,8 +94,8 @@ class MUKeyedSort {
   void WriteSorted(MUPlace* out) {
     WriteSorted(out, [](MUPlace*, MUPlace*) {});
   }
-  // Calls onEqual(begin, end) afterwards for every run of two or more written places with the same key; it
-  // may put them into another order.
+  // Then calls onEqual(begin, end) for every run of two or more written places with the same key; it may put
+  // them into another order.
   template <typename ON_EQUAL>
   void WriteSorted(MUPlace* out, ON_EQUAL onEqual) {
     Sort();

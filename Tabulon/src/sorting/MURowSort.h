@@ -12,24 +12,30 @@
 class MUColumnDictionary;
 struct MUSingleRowDataPlusRowProperties;
 
-// The places of the rows, from 0, in the order of a column's texts. Stable: rows that compare equal keep
-// their order, also when descending. There must be fewer than 2 to the power 32 rows.
-//
-// The order of texts is that of these passes, each of them stable, from first to last, with the functors
-// of MUSortFunctors.h: the rows whose text fits its sort keys are put first (descending: last); the others
-// are sorted by their full text, and if none fits, that is all; then all are sorted by the third, the
-// second and the first sort key. It is made here with fewer steps.
+// Effect: each answers the places of the rows, from 0, in the order of a column. Rows that compare equal keep
+// their order, also when descending.
+// Cost: texts are read once per row; time grows with the bits in which they differ. By a dictionary, the work
+// is one pass over the rows' numbers.
+// Lifetime: rows and keys are borrowed for the call; the places are the caller's.
+// Threads: one at a time for the rows of a file, because reading a row's own entries writes to it.
+// Failure: there must be fewer than 2 to the power 32 rows, none of them null. A column that no row has, or
+// numbers that are none, still give every place once.
+
+// By text. The order is that of these passes, all stable, with the functors of MUSortFunctors.h: the rows
+// whose text fits its sort keys are put first (descending: last); the others are sorted by their full text,
+// and if none fits, that is all; then all are sorted by the third, the second and the first sort key. It is
+// made here with fewer steps.
 MUScratchArray<MUPlace> SortedPlaces(const MUSingleRowDataPlusRowProperties* const* rows,
                                      std::size_t count, const wxString& column, bool descending);
 
 // The same for rows whose texts stand in a dictionary; by far faster where there are few different ones.
-// keys: the rows' keys, each with a row in the dictionary. None if the dictionary does not know all that
-// decides; the first way does.
+// keys: the rows' keys, each with a row in the dictionary. No value if the dictionary does not know all that
+// decides; then sort by the rows.
 std::optional<MUScratchArray<MUPlace>> SortedPlaces(const MUColumnDictionary& dictionary,
                                                     const unsigned long* keys, std::size_t count,
                                                     bool descending);
 
-// The same in the order of the rows' reaction times, which are numbers.
+// By the rows' reaction times, which are numbers.
 MUScratchArray<MUPlace> SortedPlacesByReactionTime(
     const MUSingleRowDataPlusRowProperties* const* rows, std::size_t count, bool descending);
 

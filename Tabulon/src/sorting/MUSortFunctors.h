@@ -1,6 +1,11 @@
-// What a sort asks of rows: partitions by a predicate, passes by a comparison. They define the order; who
-// sorts many rows gets the same order faster from MURowSort.h. Each is made from the sort column's name. A
-// row without the column's keys reads as 0.0 and as a long text.
+// What a sort asks of rows: partitions by a predicate, passes by a comparison. They define the order;
+// MURowSort.h makes the same order faster for many rows.
+//
+// Effect: each is made from the sort column's name and answers for rows; none writes to a row.
+// Cost: a search for the column's name per row and call.
+// Lifetime: the name is copied, the rows are borrowed for the call.
+// Threads: any number for rows that nobody writes to.
+// Failure: a row without the column's keys reads as 0.0 and as a long text. Rows must not be null.
 #ifndef OMBRELIA_TABULON_SRC_SORTING_MUSORTFUNCTORS_H
 #define OMBRELIA_TABULON_SRC_SORTING_MUSORTFUNCTORS_H
 

@@ -11,15 +11,16 @@ constexpr std::size_t KEYS_LENGTH = MUCellText::SORT_PIECES * MUCellText::SORT_P
 static_assert(KEYS_LENGTH == 2 * WORD_LENGTH + 2, "two words and two characters of the third");
 
 constexpr std::uint64_t BLANKS = 0x2020202020202020u;
-// Of the last word: two characters of the keys, the bit of a text that they do not cover, five characters.
+// The last word has two characters of the keys, the bit of a text that they do not cover, and then five
+// characters of such a text.
 constexpr std::uint64_t LAST_KEY_CHARACTERS = 0xFFFF000000000000u;
 constexpr std::uint64_t UNFIT = 0x0000800000000000u;
 constexpr unsigned FURTHER_TEXT_SHIFT = 17;
 constexpr std::uint64_t SECOND_WORD_OF_SHORT_TEXT = BLANKS;
 constexpr std::uint64_t LAST_WORD_OF_SHORT_TEXT = BLANKS & LAST_KEY_CHARACTERS;
-// So far ahead the words of sorted places are fetched, which lie anywhere.
+// Words of sorted places lie anywhere and are fetched this far ahead.
 constexpr std::ptrdiff_t PLACES_AHEAD = 32;
-// So many are sorted one by one.
+// Up to this number, places are sorted one by one.
 constexpr std::ptrdiff_t FEW_PLACES = 24;
 
 // The word of the text with blanks where the text has ended.
@@ -28,7 +29,7 @@ std::uint64_t PaddedWordOf(const MUCellText& text, std::size_t first) {
   return text.Word(first) | (length < WORD_LENGTH ? BLANKS >> (8 * length) : 0);
 }
 
-// Of two narrow texts, at most as much as longest.
+// The length of what two narrow texts both begin with, at most longest.
 std::size_t LengthOfCommonStart(const MUCellText& a, const MUCellText& b, std::size_t longest) {
   const std::size_t end = std::min({a.Length(), b.Length(), longest});
   if (MUCellText(a.Narrow(), end) == MUCellText(b.Narrow(), end)) return end;

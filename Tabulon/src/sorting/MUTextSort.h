@@ -9,9 +9,14 @@
 #include "Tabulon/src/sorting/MUKeyedSort.h"
 #include "Tabulon/src/text/MUCellText.h"
 
-// Orders texts by their three sort keys; of texts with equal keys come those first which the keys cover
-// whole, and then the others by their full text. Texts that are equal in all this keep the order in which
-// they were added. The texts are borrowed.
+// Effect: orders texts by their three sort keys. Of texts with equal keys, those that the keys cover whole
+// come first, then the others by their full text. Texts that are equal in all this keep the order in which
+// they were added.
+// Cost: 8 bytes per text while all are short, else 24, and 16 more from the first one that its keys do not
+// cover; time grows with the bits in which the texts differ.
+// Lifetime: texts are borrowed until the last call.
+// Threads: one at a time while texts are added, then any number.
+// Failure: more texts than count is not checked and must not be passed.
 class MUTextSort {
  public:
   // count: how many texts will be added, below 2 to the power 32.
@@ -56,7 +61,7 @@ class MUTextSort {
   // Either the first words of texts that are all short, or, from the first other one on, all their words.
   MUScratchArray<std::uint64_t> m_firstWords;
   MUScratchArray<Words> m_words;
-  // Made with the first text that its keys do not cover; the others have no entry worth reading.
+  // Made with the first text that its keys do not cover; other texts have no value here.
   MUScratchArray<MUCellText> m_unfitTexts;
 };
 

@@ -8,10 +8,14 @@
 
 struct MUColumnNamePlusProperties;
 
-// Takes over every object in arrivals, which is empty afterwards. A name that the table has adds the file
-// to that column and frees the arrival. A new name goes behind the column that precedes it in the file, or
-// to the very front if none does; without insertInPlace it goes to the end. A new column with an empty
-// name vanishes.
+// Effect: takes over every object in arrivals, which is empty afterwards. A name that the table has adds the
+// file to that column and frees the arrival. A new column is put behind the column that precedes it in the
+// file, or at the very front if none does; without insertInPlace it is put at the end. A new column with an
+// empty name is freed.
+// Cost: the number of columns times that of arrivals, in comparisons of names.
+// Lifetime: both lists own their columns.
+// Threads: one at a time.
+// Failure: a name that comes twice in a file adds the file twice, or the column twice; nothing is refused.
 void MergeColumnOrders(std::deque<MUColumnNamePlusProperties*>& columns,
                        std::deque<MUColumnNamePlusProperties*>& arrivals, const wxString& fileName,
                        bool insertInPlace);

@@ -1,9 +1,14 @@
 // The merged table over one or many experiment data files.
 //
-// Everything that changes the table changes records and sets a bit; the lists by which queries by index
-// answer are rebuilt once, by the notification. Without a viewer that happens inside
+// Effect: everything that changes the table changes records and sets a bit; the lists by which queries by
+// index answer are rebuilt once, by the notification. Without a viewer that happens inside
 // AddExperimentOcurrence_SimulateIdleLoop_UsedWhenNoTabulonWindowIsShown, with one inside OnIdle.
-// One thread, the one that pumps events; no lock.
+// Cost: a notification walks over all rows, and sorts them if a sort column is set. An object of this very
+// class, which nobody hooks, appends the rows that arrived where nothing else can have happened to rows.
+// Lifetime: rows, columns and results by pointer belong to the table; observers, printer and error handler are
+// borrowed and must outlive it.
+// Threads: one, that of the event loop; no lock. Const operations write caches.
+// Failure: as the interfaces say; a file that cannot be read never reaches the table.
 //
 // Each section says which source holds it: MUExperimentTextReaderMultiFile*.cpp.
 #ifndef OMBRELIA_TABULON_SRC_TABLE_MUEXPERIMENTTEXTREADERMULTIFILE_H
@@ -84,11 +89,11 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
   int GetNumberOfDataRows() const override;
   int GetNumberOfDataColumns() const override;
   wxString GetDataCellValue(int row, int column) const override;
-  // The same text without a copy, for who reads many cells. Borrowed until the next notification, or until
-  // the row's cell is written or the row deleted.
+  // The same text without a copy, for many cells. Borrowed until the next notification, or until the row's
+  // cell is written or the row deleted.
   MUCellText GetDataCellText(int row, int column) const;
-  // The same of one column in rowCount rows from firstRow on, for who reads a window or a whole column: all
-  // rows' memory is fetched side by side. texts: room for rowCount of them; the caller's.
+  // The same for one column in rowCount rows from firstRow on, for a window or a whole column: the rows' memory
+  // is fetched side by side. texts: room for rowCount of them; the caller's.
   void GetDataColumnTexts(int column, int firstRow, int rowCount, MUCellText* texts) const;
   wxString GetColumnNameText(int column) const override;
   MUSingleRowDataPlusRowProperties* GetRowByRowIndexAndVisibilityFilter(
@@ -112,7 +117,7 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
 
   // Drops the cached answers that mention the red flag, and no others.
   void ClearRowRedFlagCacheMemory();
-  // Examines at most some 2000 cells in search of columns without any text.
+  // Examines 2000 cells at most in search of columns without any text, and goes on there the next time.
   void PerformOneTimesliceOfEmptyColumnSearch();
   // The last row and column up to which the last notification left everything as it was; -1 for none.
   void GetOuterLimitsOfPreservedRange(int* row, int* column) const;
@@ -168,9 +173,9 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
 
   // Tells every observer of the new shape, and then every one to repaint.
   void IterateThroughTheNotificationLoops();
-  // Lets go of the lists from before the last notification.
+  // Frees the lists from before the last notification.
   void IdleTimeFreeMemoryUsedForRowCopies();
-  // Makes the current lists the previous ones, and the other way round.
+  // Swaps the current lists with the previous ones.
   void RotateQueuedCopiesOfRowCollectionAndColCollection();
 
   // ---- Steps, each a hook for a derived viewer ---------------------------------------------------
@@ -236,7 +241,7 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
   mutable std::map<MUCachingKeySelectedData, const RowIndexList**> m_cacheRowIndexHolders;
   std::map<wxString, bool> m_files;  // every known file's full path, and whether it is active
   MUQueryCachingBroker* m_broker = nullptr;  // owned
-  // The size that queries by index see.
+  // The frozen size that queries by index see.
   unsigned long m_shownRowCount = 0;
   unsigned long m_shownColumnCount = 0;
   unsigned long m_activeRowCount = 0;
@@ -290,7 +295,7 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
   void DeleteColumnsWithoutFile();
 
   mutable MUColumnTexts m_columnTexts{CELL_STRING_VALUE_WHEN_CELL_IS_UNDEFINED};
-  mutable MULoadOrder m_loadOrder;
+  mutable MULoadOrder m_loadOrder;  // of the three lists of row keys
 };
 
 #endif

@@ -68,9 +68,9 @@ void MUExperimentTextReaderMultiFile::RemoveMultipleFiles(const std::deque<wxStr
 }
 
 void MUExperimentTextReaderMultiFile::RemoveColumnsBasedOnFileName(const wxFileName& file) {
-  m_scratchFileNames.assign(1, file.GetFullPath());
+  const wxString fullName = file.GetFullPath();
+  m_scratchFileNames.assign(1, fullName);
   SuppressColumnsBasedOnMultipleFileNames(m_scratchFileNames);
-  const wxString& fullName = m_scratchFileNames.front();
   for (MUColumnNamePlusProperties* column : m_columns) {
     column->m_fileStatuses.remove_if([&fullName](const FileStatusStruct& status) {
       return status.FullFileNameMatches(&fullName);

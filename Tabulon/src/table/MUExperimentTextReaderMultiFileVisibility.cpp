@@ -25,7 +25,7 @@ wxString LeftTrimmed(const wxString& text) {
   return trimmed.Trim(false);
 }
 
-// The length of what both begin with, minus 1. known: so many are known to be equal.
+// The length of what both begin with, minus 1. known: the number of first items that are known to be equal.
 template <typename LIST>
 int LastEqualPlace(const LIST& current, const LIST& previous, std::size_t known = 0) {
   using Distance = typename LIST::difference_type;
@@ -132,16 +132,18 @@ void MUExperimentTextReaderMultiFile::HideEmptyColumnsBasedOnCurrentlyShownRows(
 
   int hidden = 0;
   if (m_shownRowCount > 0 && m_shownColumnCount > 0) {
-    const std::size_t count = std::min(m_columnHasText.size(), m_currentColumnNames->size());
-    for (std::size_t i = 0; i < count; ++i) {
-      const wxString& name = (*m_currentColumnNames)[i];
-      if (m_columnHasText[i] == TRI_STATE_UNKNOWN) {
+    // Sizes and names are read anew for each column: a hook of a derived viewer may change them.
+    for (std::size_t i = 0; i < m_columnHasText.size() && i < m_currentColumnNames->size(); ++i) {
+      const wxString name = (*m_currentColumnNames)[i];
+      TRI_STATE_TRUE_FALSE_UNKNOWN hasText = m_columnHasText[i];
+      if (hasText == TRI_STATE_UNKNOWN) {
         std::vector<wxString> values;
         SelectDistinctPerColumn(name, values, ONLY_FULLY_SHOWN_ROWS, true);
         const bool empty = values.size() == 1 && values.front().empty();
-        m_columnHasText[i] = empty ? TRI_STATE_FALSE : TRI_STATE_TRUE;
+        hasText = empty ? TRI_STATE_FALSE : TRI_STATE_TRUE;
+        if (i < m_columnHasText.size()) m_columnHasText[i] = hasText;
       }
-      if (m_columnHasText[i] == TRI_STATE_FALSE) {
+      if (hasText == TRI_STATE_FALSE) {
         HideOneSingleColumnPerArbitraryUserRequest(name);
         ++hidden;
       }

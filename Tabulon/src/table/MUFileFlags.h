@@ -1,5 +1,9 @@
-// What the state of files makes of the flags of columns and rows. File names are full paths, compared
+// How the state of files decides about the flags of columns and rows. File names are full paths, compared
 // exactly.
+//
+// Cost: one step per share of a column, or per request; a hash of a name where one has to be found.
+// Lifetime: nothing is kept; only FirstRequestFor lends what it was given. Threads: one at a time for a column.
+// Failure: a name that nothing has is without effect.
 #ifndef OMBRELIA_TABULON_SRC_TABLE_MUFILEFLAGS_H
 #define OMBRELIA_TABULON_SRC_TABLE_MUFILEFLAGS_H
 
@@ -23,16 +27,16 @@ void UnsuppressColumnForFiles(MUColumnNamePlusProperties& column, const MUFileNa
 // The opposite; a column without any file counts as suppressed.
 void SuppressColumnForFiles(MUColumnNamePlusProperties& column, const MUFileNames& fullNames);
 
-// What each named file is wanted to be. Of two requests for one file the last decides.
+// What each named file is wanted to be: the last of two requests for one file decides.
 MUFileDecisions LastDecisions(const std::deque<DichotomousFileRequest>& requests);
 // The column is suppressed if all of its files are, or if it has none, and only then.
 void HideOrShowBasedOnMultipleFileRequests(MUColumnNamePlusProperties& column,
                                            const MUFileDecisions& decisions);
 
-// For rows the first request for their file decides, unlike for columns. Borrowed; null if there is none.
+// The first request for the file, which decides for rows, unlike for columns. Borrowed; null if there is none.
 const DichotomousFileRequest* FirstRequestFor(const wxString& fullName,
                                               const std::deque<DichotomousFileRequest>& requests);
-// The flags that a row has after that request.
+// The flags that a row with these flags has after that request. request: may be null.
 unsigned ApplyEnMasseShowOrHideUsingDichotomousFileRequest(unsigned rowFlags,
                                                            const DichotomousFileRequest* request);
 

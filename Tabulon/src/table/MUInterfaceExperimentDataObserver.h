@@ -4,8 +4,13 @@
 
 class wxCommandEvent;
 
-// Both operations are called from inside the notification: they must not add files, and a pointer
-// that a query gave before is no longer valid.
+// Effect: the table calls both operations from inside the notification, first the one for every observer,
+// then the other. They may query the table and ask for another notification, but must not add files.
+// Cost: that of the viewer's own work.
+// Lifetime: the table borrows the observer and never lets it go. A pointer that a query gave before the
+// notification is no longer valid.
+// Threads: the table's.
+// Failure: an exception passes through the notification, and later observers are not told.
 class MUInterfaceExperimentDataObserver {
  public:
   // Everything up to the last preserved row and column, both inclusive and counted from 0, is as it was

@@ -6,14 +6,18 @@
 
 #include "Tabulon/src/table/DichotomousFileRequest.h"
 
+// Effect: batches of requests, visible after the next notification, for which they ask in any case.
+// Cost: one rebuild per batch, and the load of each new file.
+// Lifetime: requests are borrowed for the call.
+// Threads: the table's.
+// Failure: a file that cannot be read is dropped; the reader's error handler is told why.
 class MUInterfaceFileObserver {
  public:
-  // Wanted and unknown files are loaded, unwanted and known ones removed with their rows and columns; all
-  // other requests change nothing. Visible after the next notification.
+  // Removes unwanted known files with their rows and columns, then loads wanted unknown ones; all other
+  // requests change nothing.
   virtual void SimultaneousFileRequestsAddAndRemove(
       const std::deque<DichotomousFileRequest>& requests) = 0;
-  // Wanted files become active, unwanted ones suppressed; unknown files are loaded first. Visible after
-  // the next notification.
+  // Makes wanted files active and suppresses unwanted ones; unknown files are loaded first.
   virtual void SimultaneousFileRequestsSuppressAndUnsuppress(
       const std::deque<DichotomousFileRequest>& requests) = 0;
   virtual ~MUInterfaceFileObserver() = default;

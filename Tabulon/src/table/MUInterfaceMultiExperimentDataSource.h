@@ -1,8 +1,15 @@
 // The read and visibility side of the merged table, as a viewer and the verifiers see it.
 //
-// Queries by index answer from lists that are frozen at the last notification; changes only set flags
-// and become visible at the next one. Rows and columns count from 0. Unknown names and indices out of
-// range, negative ones included, are skipped or answered with "?", null or an empty list.
+// Effect: queries by index answer from lists that are frozen at the last notification. Changes only set flags
+// and become visible at the next one. Rows and columns count from 0.
+// Cost: plain access takes constant time; a query that is asked again before the next notification is one
+// look-up, else one walk over the rows or columns. A notification walks over all rows; the table itself,
+// not a derived one, only over those that arrived, as long as nothing else happened to rows.
+// Lifetime: results by value are the caller's. Results by pointer are borrowed until the next notification
+// or change of sort, and must not be held across the event loop, which may run one.
+// Threads: one, that of the event loop. Const operations write caches and are not safe side by side.
+// Failure: unknown names and indices out of range, negative ones included, are skipped or answered with "?",
+// null or an empty list. Nothing is thrown but by memory that runs out.
 #ifndef OMBRELIA_TABULON_SRC_TABLE_MUINTERFACEMULTIEXPERIMENTDATASOURCE_H
 #define OMBRELIA_TABULON_SRC_TABLE_MUINTERFACEMULTIEXPERIMENTDATASOURCE_H
 
@@ -28,7 +35,7 @@ class MUInterfaceMultiExperimentDataSource : public MUQueryWords {
   // Full paths, in order.
   virtual std::vector<wxString> GetNamesOfActiveFiles() const = 0;
 
-  // Visibility. All of these are seen after the next notification.
+  // Visibility. All of these ask for a notification and are seen after it.
   virtual void HideOneSingleRowPerArbitraryUserRequest(unsigned long shownRow) = 0;
   virtual void RemoveUserDesignatedRowHiddennessBasedOnCurrentlyActiveFiles() = 0;
   virtual void HideOneSingleColumnPerArbitraryUserRequest(const wxString& name) = 0;
@@ -37,6 +44,7 @@ class MUInterfaceMultiExperimentDataSource : public MUQueryWords {
   // are compared without the blanks on their left side.
   virtual void MoveColumnPosition(const wxString& moved, const wxString& beforeWhich,
                                   bool trim) = 0;
+  // Hides the displayed columns whose cells in the shown rows are all empty or blank.
   virtual void HideEmptyColumnsBasedOnCurrentlyShownRows() = 0;
 
   // The user's mark on a shown row; it has no effect on visibility and is seen at once.
@@ -59,14 +67,15 @@ class MUInterfaceMultiExperimentDataSource : public MUQueryWords {
   virtual int GetNumberOfDataColumns() const = 0;
   virtual wxString GetDataCellValue(int row, int column) const = 0;
   virtual wxString GetColumnNameText(int column) const = 0;
-  // Borrowed; null for an index out of range, a deleted row, and CALLER_GIVEN_ROWS.
+  // Borrowed until the row is deleted. Flags that are written through it are seen after the next
+  // notification. Null for an index out of range, a deleted row, and CALLER_GIVEN_ROWS.
   virtual MUSingleRowDataPlusRowProperties* GetRowByRowIndexAndVisibilityFilter(
       unsigned long index, TARGETED_ROW_SEARCH_SET set) const = 0;
 
-  // Values and row indices. Results by value are the caller's; those by pointer are borrowed until the
-  // next notification or change of sort, and must not be held across the event loop.
+  // Values and row indices.
   //
-  // Each text once, in the order of its first appearance. With trim, blanks on both sides do not count.
+  // Replaces values by each text once, in the order of its first appearance. With trim, blanks on both sides
+  // do not count.
   virtual void SelectDistinctPerColumn(const wxString& column, std::vector<wxString>& values,
                                        TARGETED_ROW_SEARCH_SET set, bool trim) const = 0;
   virtual std::vector<wxString> GetAllFromCol_X_WhereField_Y_Matches_Z(const wxString& columnX,
@@ -96,7 +105,7 @@ class MUInterfaceMultiExperimentDataSource : public MUQueryWords {
   virtual bool DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(
       const wxString& fieldY, const std::deque<wxString>& valuesZ, bool notify) = 0;
 
-  // Borrowed and for reading only: the next notification replaces it.
+  // Borrowed until the next notification. Who writes a name into it reads that column's cells and name.
   virtual std::vector<wxString>* GetNamesOfAllCurrentlyDisplayedColumns() = 0;
 
   // Searches by property flags: all of the given bits set, none of them set, or all of x and none of y.

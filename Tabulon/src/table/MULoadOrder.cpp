@@ -10,20 +10,19 @@ namespace {
 // Appends keys to a list behind its first count ones. There must be room for them.
 class KeyWriter {
  public:
-  KeyWriter(MURowKeyLists::RowKeys& keys, std::size_t count, std::size_t room)
-      : m_keys(keys), m_count(count) {
+  KeyWriter(MURowKeyLists::RowKeys& keys, std::size_t count, std::size_t room) : m_count(count) {
     keys.resize(count + room);
+    m_keys = keys.data();
   }
-  // Writes the key's place, too; memory that has the right number already is left alone, which costs half.
+  // Writes the key's place, too; memory that has the right number already is left alone, which costs less.
   void Append(unsigned long key, unsigned long& place) {
     if (place != m_count) place = m_count;
-    m_keys[m_count] = key;
-    ++m_count;
+    m_keys[m_count++] = key;
   }
-  void Finish() { m_keys.resize(m_count); }
+  std::size_t Count() const { return m_count; }
 
  private:
-  MURowKeyLists::RowKeys& m_keys;
+  unsigned long* m_keys;
   std::size_t m_count;
 };
 
@@ -56,9 +55,8 @@ void MULoadOrder::Write(const MURowStore& rows, const MURowKeyLists& lists, bool
     if ((row->m_rowPropertyFlags & MU_NOT_FULLY_SHOWN_MASK) != 0) return;
     shown.Append(key, row->m_indexAmongShownRows);
   });
-  all.Finish();
-  active.Finish();
-  shown.Finish();
+  lists.active.resize(active.Count());
+  lists.shown.resize(shown.Count());
   m_shownKeys = &lists.shown;
   m_shownKeyCount = lists.shown.size();
   m_stands = true;

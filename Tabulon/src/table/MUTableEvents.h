@@ -1,4 +1,6 @@
-// The event types of the table. They are exported by the plug-in, so that a viewer can bind to them.
+// The event types of the table. The plug-in exports them, so that a viewer can bind to them.
+//
+// Lifetime: they get their numbers when the library is loaded, and keep them.
 #ifndef OMBRELIA_TABULON_SRC_TABLE_MUTABLEEVENTS_H
 #define OMBRELIA_TABULON_SRC_TABLE_MUTABLEEVENTS_H
 

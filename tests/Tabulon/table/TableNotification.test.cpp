@@ -10,6 +10,7 @@
 
 namespace {
 
+using Tests::ColumnOf;
 using Tests::LoadAndShow;
 using Tests::ProbeTable;
 using Tests::TemporaryFolder;
@@ -201,8 +202,8 @@ TEST_P(TableNotification, StartsOverAfterTheLastFileLeft) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, TableNotification, testing::Bool(),
-                         [](const testing::TestParamInfo<bool>& info) {
-                           return info.param ? "OfADerivedClass" : "OfTheClassItself";
+                         [](const testing::TestParamInfo<bool>& kind) {
+                           return kind.param ? "OfADerivedClass" : "OfTheClassItself";
                          });
 
 }  // namespace
