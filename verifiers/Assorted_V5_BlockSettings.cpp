@@ -39,8 +39,6 @@ const std::vector<wxString>& GetExpectedCellValuesForBlockNames() {
 
 }  // namespace
 
-// A version-5 block randomises only the choice of stimulus list and keeps a list's items together;
-// a version-4 block jumbles them.
 class Assorted_V5_BlockSettings
     : public TestCaseWithFullColumnStringComp_T<Assorted_V5_BlockSettings> {
  public:

@@ -8,31 +8,27 @@ namespace {
 
 const wxString FOCUS_OF_THIS_TEST = wxT("aiming_for_all_possible_rstep_attachment_patterns.om4");
 
-using SharedCells = boost::shared_ptr<const std::vector<wxString>>;
-
 const std::vector<wxString>& GetExpectedCellValuesForCode_01() {
-  static const SharedCells targeted_result(
-      new std::vector<wxString>(ExpectedCells::Blank(45).Range(5, 19, wxT("a")).Cells()));
-  return *targeted_result;
+  static const std::vector<wxString> cells =
+      ExpectedCells::Blank(45).Range(5, 19, wxT("a")).Cells();
+  return cells;
 }
 
 // How a cell shows who set its value is the host's own affair, so the host's library writes it.
 const std::vector<wxString>& GetExpectedCellValuesForCode_02() {
-  static const SharedCells targeted_result(new std::vector<wxString>(
+  static const std::vector<wxString> cells =
       ExpectedCells::Blank(45)
           .Row(19, wxT("b"))
           .Row(24, wxT("b"))
           .Row(29, wxT("b"))
           .Range(30, 33, PostProcessingFacade::GetFormattedTagsDataCell(wxT(""), wxT("b"), true))
           .Row(34, PostProcessingFacade::GetFormattedTagsDataCell(wxT("b"), wxT("b"), true))
-          .Cells()));
-  return *targeted_result;
+          .Cells();
+  return cells;
 }
 
 }  // namespace
 
-// Codes have their values under every pattern in which a response step is attached to events and
-// trials.
 class ExerciseForCase2781 : public TestCaseWithFullColumnStringComp_T<ExerciseForCase2781> {
  public:
   ExerciseForCase2781() : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST, false) {}
@@ -50,15 +46,15 @@ class ExerciseForCase2781 : public TestCaseWithFullColumnStringComp_T<ExerciseFo
   }
 
   const std::vector<wxString>& GetExpectedCellValuesForTargetedColumn() override {
-    static const SharedCells targeted_result(new std::vector<wxString>(
+    static const std::vector<wxString> cells =
         ExpectedCells()
             .RepeatAll(2, {wxT("E1"), wxT("E2"), wxT("E3"), wxT("E4"), wxT("E5"), wxT("E6"),
                            wxT("E7"), wxT("E8"), wxT("E9"), wxT("E10")})
             .RepeatAll(3, {wxT("E6"), wxT("E7"), wxT("E8"), wxT("E9"), wxT("E10")})
             .AddAll({wxT("E16"), wxT("E11-fb"), wxT("E17"), wxT("E12-fb"), wxT("E18"),
                      wxT("E13-fb"), wxT("E19"), wxT("E14-fb"), wxT("E20"), wxT("E15-fb")})
-            .Cells()));
-    return *targeted_result;
+            .Cells();
+    return cells;
   }
 
   const wxString& GetTargetedColumnName() override {

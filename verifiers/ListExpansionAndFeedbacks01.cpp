@@ -35,7 +35,6 @@ const std::vector<wxString>& GetExpectedCellValuesForEventName() {
 
 }  // namespace
 
-// Events that a stimulus list expands into are presented also where they are attached as feedback.
 class ListExpansionAndFeedbacks01
     : public TestCaseWithFullColumnStringComp_T<ListExpansionAndFeedbacks01> {
  public:

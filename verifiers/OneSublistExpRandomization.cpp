@@ -1,4 +1,3 @@
-#include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
 #include "framework/TestCaseWithFullColumnStringComp_T.h"
 
 namespace Ombrelia {
@@ -15,41 +14,20 @@ const wxString TEST_NAME = wxT("Test_Correct_Amt_of_Sublist_Items_and_in_Order")
 constexpr int ITEMS_DRAWN = 4;
 
 const std::vector<wxString>& GetExpectedCellValuesForEventNames() {
-  static const std::vector<wxString> targeted_result = {
-      wxT("e (1, 1)"), wxT("e (2, 2)"), wxT("e (3, 3)"), wxT("e (4, 4)"), wxT("e (5, 5)")};
-  return targeted_result;
-}
-
-// How many rows are items in list order. One walk through the list serves all rows: a row that is no
-// item, or an item out of order, uses up the rest of it.
-int CountItemsInOrder(const MUExperimentTextReaderMultiFile& reader) {
-  const std::vector<wxString>& items = GetExpectedCellValuesForEventNames();
-  const int column = reader.GetColumnPositionNumberFromText(wxT("Event\nName"));
-  const int rows = reader.GetNumberOfDataRows();
-  size_t cursor = 0;
-  int matches = 0;
-  for (int row = 0; row < rows; ++row) {
-    const wxString cell = reader.GetDataCellValue(row, column);
-    while (cursor < items.size()) {
-      if (cell == items[cursor++]) {
-        ++matches;
-        break;
-      }
-    }
-  }
-  return matches;
+  static const std::vector<wxString> cells = {wxT("e (1, 1)"), wxT("e (2, 2)"), wxT("e (3, 3)"),
+                                              wxT("e (4, 4)"), wxT("e (5, 5)")};
+  return cells;
 }
 
 }  // namespace
 
-// Four of a sublist's five items are drawn, in list order; which one is left out varies.
 class OneSublistExpRandomization
     : public TestCaseWithFullColumnStringComp_T<OneSublistExpRandomization> {
  public:
   OneSublistExpRandomization() : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST(), false) {}
 
   void RunAllVerificationTests(VerificationNecessities) override {
-    const int matches = CountItemsInOrder(*m_reader);
+    const int matches = CountItemsInOrder();
     ReportCheck(
         matches == ITEMS_DRAWN, TEST_NAME,
         {wxT("Mismatch in data cells in datafile."), 106,
@@ -64,6 +42,23 @@ class OneSublistExpRandomization
     PerformDurationBoundsTest_SmallTestBox(400, 11600);
     PerformBoundsTest(0, 400, EXPANSION_TIME_COLUMN_NAME, true, true);
     PerformExpansionBoundsTest_MacServer(200, 300);
+  }
+
+ private:
+  // How many rows are items in list order? One walk through the list serves all rows. A row that is no
+  // item, or an item out of order, uses up the rest of the list.
+  int CountItemsInOrder() const {
+    const std::vector<wxString>& items = GetExpectedCellValuesForEventNames();
+    const int column = ColumnOf(wxT("Event\nName"));
+    size_t cursor = 0;
+    int matches = 0;
+    for (int row = 0; row < RowCount(); ++row) {
+      const wxString cell = CellAt(row, column);
+      bool found = false;
+      while (!found && cursor < items.size()) found = cell == items[cursor++];
+      if (found) ++matches;
+    }
+    return matches;
   }
 };
 

@@ -11,20 +11,19 @@ wxString FOCUS_OF_THIS_TEST() {
 }
 
 const std::vector<wxString>& GetExpectedCellValuesForEventNames() {
-  static const std::vector<wxString> targeted_result = {wxT("e (2, 2)"), wxT("e (3, 3)"),
-                                                        wxT("e (4, 4)"), wxT("e (5, 5)")};
-  return targeted_result;
+  static const std::vector<wxString> cells = {wxT("e (2, 2)"), wxT("e (3, 3)"), wxT("e (4, 4)"),
+                                              wxT("e (5, 5)")};
+  return cells;
 }
 
 const std::vector<wxString>& GetExpectedCellValuesForEventNames_Mac_TEMPORARY_tolmey3661() {
-  static const std::vector<wxString> targeted_result = {wxT("e (1, 1)"), wxT("e (2, 2)"),
-                                                        wxT("e (4, 4)"), wxT("e (5, 5)")};
-  return targeted_result;
+  static const std::vector<wxString> cells = {wxT("e (1, 1)"), wxT("e (2, 2)"), wxT("e (4, 4)"),
+                                              wxT("e (5, 5)")};
+  return cells;
 }
 
 }  // namespace
 
-// A group setting fixes which items of a sublist are drawn.
 class OneSublistGroupRandomization
     : public TestCaseWithFullColumnStringComp_T<OneSublistGroupRandomization> {
  public:

@@ -11,9 +11,6 @@ const wxString FOCUS_OF_THIS_TEST = wxT("2011-06-17_test_all_randomization_for_c
 
 }  // namespace
 
-// Trials in a block and events in a reused trial keep one order for the whole run, keep one order
-// for the group, or get a new order every time, as they are set to.
-//
 // Rows of "Event\nName":
 //   0-2                         block 2, trials per group, one event each
 //   3-5, 6-8, 9-11              reused trial, events once per run

@@ -12,7 +12,6 @@ void RecordCompletion(FakeJUnitPrinter* printer) {
 
 }  // namespace
 
-// An experiment on input settings comes to its end, although it leaves no readable data file.
 class TestBasicInput_02 : public IndividualTestCase_T<TestBasicInput_02, true> {
  public:
   TestBasicInput_02() : IndividualTestCase_T(FOCUS_OF_THIS_TEST, false) {}

@@ -12,8 +12,6 @@ void RecordCompletion(FakeJUnitPrinter* printer) {
 
 }  // namespace
 
-// An experiment on the Mac's input settings comes to its end, although it leaves no readable data
-// file.
 class TestBasicMacInput_01 : public IndividualTestCase_T<TestBasicMacInput_01, true> {
  public:
   TestBasicMacInput_01() : IndividualTestCase_T(FOCUS_OF_THIS_TEST, false) {}

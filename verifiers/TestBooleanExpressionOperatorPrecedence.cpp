@@ -32,8 +32,6 @@ std::vector<wxString> TrialsWithTheirFeedback() {
 
 }  // namespace
 
-// The host binds "and" and "or" in their right order: feedback follows those trials, and only those,
-// whose expression is true.
 class TestBooleanExpressionOperatorPrecedence
     : public TestCaseWithFullColumnStringComp_T<TestBooleanExpressionOperatorPrecedence> {
  public:

@@ -14,7 +14,6 @@ const std::vector<wxString>& GetExpectedCellValuesForPicCode() {
 
 }  // namespace
 
-// Whether a response is correct follows from the value of a code.
 class TestCodeBasedResponses_2545
     : public TestCaseWithFullColumnStringComp_T<TestCodeBasedResponses_2545> {
  public:

@@ -8,7 +8,6 @@ const wxString FOCUS_OF_THIS_TEST = wxT("2014-05-12_save_col_mouse_press_rel_NOT
 
 }  // namespace
 
-// Whether mouse responses were pressed or released is saved, and their pixel position is not.
 class TestColumnsExcludedTolmey3229
     : public TestCaseWithFullColumnStringComp_T<TestColumnsExcludedTolmey3229> {
  public:

@@ -8,7 +8,6 @@ const wxString FOCUS_OF_THIS_TEST = wxT("2014-05-12_save_col_mouse_pixel_NOT_pre
 
 }  // namespace
 
-// The pixel position of mouse responses is saved, and whether they were pressed or released is not.
 class TestColumnsSavedTolmey3229
     : public TestCaseWithFullColumnStringComp_T<TestColumnsSavedTolmey3229> {
  public:

@@ -8,7 +8,6 @@ const wxString FOCUS_OF_THIS_TEST = wxT("2011-09-21_basic_audio_format_4.5.2_tes
 
 }  // namespace
 
-// Each of eleven audio formats plays back twice.
 class TestElevenAudioFormats : public IndividualTestCase_T<TestElevenAudioFormats, false> {
  public:
   TestElevenAudioFormats() : IndividualTestCase_T(FOCUS_OF_THIS_TEST, false) {}

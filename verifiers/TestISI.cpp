@@ -26,7 +26,6 @@ const std::vector<int>& GetExpectedISIs() {
 
 }  // namespace
 
-// The host leaves the demanded intervals between events, short ones and long ones.
 class TestISI : public TestCaseWithFullColumnStringComp_T<TestISI> {
  public:
   TestISI() : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST, false) {}
@@ -43,9 +42,10 @@ class TestISI : public TestCaseWithFullColumnStringComp_T<TestISI> {
  private:
   void EnsureExpectedISI_Lengths() {
     const int column = ColumnOf(wxT("Cumulative\nTime"));
-    size_t k = 0;
     int goodIntervals = 0;
-    for (int row = 1; row <= 33; row += 2) {
+    int row = -1;
+    for (const int expected : GetExpectedISIs()) {
+      row += 2;
       long time = 0;
       long previousTime = 0;
       if (!ReadLong(CellAt(row, column), time) ||
@@ -57,7 +57,6 @@ class TestISI : public TestCaseWithFullColumnStringComp_T<TestISI> {
         break;
       }
       const int found = ClampedDifference(time, previousTime);
-      const int expected = GetExpectedISIs()[k];
       if (CloseEnough(found, expected, 5)) {
         ++goodIntervals;
       } else {
@@ -68,7 +67,6 @@ class TestISI : public TestCaseWithFullColumnStringComp_T<TestISI> {
                  wxT("the isi leading to row %d should have an isi of %d but we found %d"), row,
                  expected, found)});
       }
-      ++k;
     }
     if (goodIntervals == 17) ReportPass(wxT("ISI_LENGTHS_OK"));
   }

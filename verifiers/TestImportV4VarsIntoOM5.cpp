@@ -36,8 +36,6 @@ const std::vector<wxString>& GetExpectedCellValuesForTimeout() {
 
 }  // namespace
 
-// Trial variables of an experiment of the older format keep their values and their rules of random
-// selection.
 class TestImportV4VarsIntoOM5 : public TestCaseWithFullColumnStringComp_T<TestImportV4VarsIntoOM5> {
  public:
   TestImportV4VarsIntoOM5() : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST, false) {}

@@ -48,8 +48,6 @@ const std::vector<wxString>& GetExpectedCellValuesForTrialName() {
 
 }  // namespace
 
-// Lists of the SPR and RSVP kind present an entry segment by segment, and the entries keep the order
-// that randomization per group gave them.
 class TestListTypeRSVP : public TestCaseWithFullColumnStringComp_T<TestListTypeRSVP> {
  public:
   TestListTypeRSVP() : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST(), false) {}

@@ -8,7 +8,6 @@ const wxString FOCUS_OF_THIS_TEST = wxT("MAC_new_movie_stress_test_case_2502.om4
 
 }  // namespace
 
-// A long run of movies comes to its end and leaves a data file.
 class TestMacMovieStress_2502 : public IndividualTestCase_T<TestMacMovieStress_2502, false> {
  public:
   TestMacMovieStress_2502() : IndividualTestCase_T(FOCUS_OF_THIS_TEST, false) {}

@@ -1,5 +1,6 @@
 #include <limits>
 
+#include "framework/CellCounts.h"
 #include "framework/IndividualTestCase_T.h"
 
 namespace Ombrelia {
@@ -27,7 +28,6 @@ class BranchOfTheFlip {
 
 }  // namespace
 
-// Several subset expressions on one block re-draw the subset while the experiment runs.
 class TestMultipleSubsetExpressionsOnOneBlock
     : public IndividualTestCase_T<TestMultipleSubsetExpressionsOnOneBlock, false> {
  public:
@@ -74,14 +74,8 @@ class TestMultipleSubsetExpressionsOnOneBlock
   // A correct host fails this now and then: the words of the failure say so.
   void VarietyOfRightAndLeft() {
     static const wxString testName = wxT("Variety_of_Right_and_Left");
-    const int column = ColumnOf(wxT("Trial\nName"));
-    bool left = false;
-    bool right = false;
-    for (int row = 0; !(left && right) && row < RowCount(); ++row) {
-      const wxString trial = CellAt(row, column);
-      if (trial == wxT("cues left")) left = true;
-      if (trial == wxT("cues right")) right = true;
-    }
+    const bool left = CountCells(*m_reader, wxT("Trial\nName"), wxT("cues left")) > 0;
+    const bool right = CountCells(*m_reader, wxT("Trial\nName"), wxT("cues right")) > 0;
     ReportCheck(left && right, testName,
                 {wxT("did not see both left and right -- this OCCASIONALLY FAILS PERMISSIBLY. "
                      "ALLOW THIS TO HAPPEN RARELY"),

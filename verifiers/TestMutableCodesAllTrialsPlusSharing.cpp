@@ -7,38 +7,34 @@ namespace {
 
 const wxString FOCUS_OF_THIS_TEST = wxT("trl_shared_in_blks_plus_change_code_for_TIB.om4");
 
-using SharedCells = boost::shared_ptr<const std::vector<wxString>>;
-
 const std::vector<wxString>& GetExpectedCellValuesForCodeB1() {
-  static const SharedCells targeted_result(new std::vector<wxString>(ExpectedCells::Blank(32)
-                                                                         .Range(5, 6, wxT("red"))
-                                                                         .Range(8, 11, wxT("red"))
-                                                                         .Range(13, 14, wxT("red"))
-                                                                         .Range(16, 19, wxT("red"))
-                                                                         .Range(21, 22, wxT("red"))
-                                                                         .Range(24, 27, wxT("red"))
-                                                                         .Range(29, 30, wxT("red"))
-                                                                         .Cells()));
-  return *targeted_result;
+  static const std::vector<wxString> cells = ExpectedCells::Blank(32)
+                                                 .Range(5, 6, wxT("red"))
+                                                 .Range(8, 11, wxT("red"))
+                                                 .Range(13, 14, wxT("red"))
+                                                 .Range(16, 19, wxT("red"))
+                                                 .Range(21, 22, wxT("red"))
+                                                 .Range(24, 27, wxT("red"))
+                                                 .Range(29, 30, wxT("red"))
+                                                 .Cells();
+  return cells;
 }
 
 // Groups of eight rows, each of which ends in an empty cell.
 const std::vector<wxString>& GetExpectedCellValuesForCodeB2() {
-  static const SharedCells targeted_result(new std::vector<wxString>(ExpectedCells::Blank(32)
-                                                                         .Range(0, 6, wxT("8765"))
-                                                                         .Range(8, 14, wxT("8765"))
-                                                                         .Range(16, 17, wxT("8765"))
-                                                                         .Range(18, 22, wxT("0000"))
-                                                                         .Range(24, 25, wxT("8765"))
-                                                                         .Range(26, 30, wxT("0000"))
-                                                                         .Cells()));
-  return *targeted_result;
+  static const std::vector<wxString> cells = ExpectedCells::Blank(32)
+                                                 .Range(0, 6, wxT("8765"))
+                                                 .Range(8, 14, wxT("8765"))
+                                                 .Range(16, 17, wxT("8765"))
+                                                 .Range(18, 22, wxT("0000"))
+                                                 .Range(24, 25, wxT("8765"))
+                                                 .Range(26, 30, wxT("0000"))
+                                                 .Cells();
+  return cells;
 }
 
 }  // namespace
 
-// A code that is changed while blocks share a trial has, in each row, the value that the block of
-// that row gave it.
 class TestMutableCodesAllTrialsPlusSharing
     : public TestCaseWithFullColumnStringComp_T<TestMutableCodesAllTrialsPlusSharing> {
  public:

@@ -20,7 +20,6 @@ const std::vector<wxString>& GetExpectedCellValuesForTrialName() {
 
 }  // namespace
 
-// Long and awkward names of trials reach the data file, and an exception on the way is caught.
 class TestOMExceptionThrownAndCaught
     : public TestCaseWithFullColumnStringComp_T<TestOMExceptionThrownAndCaught> {
  public:

@@ -13,7 +13,6 @@ const std::vector<wxString>& GetExpectedCellValuesForEventName() {
 
 }  // namespace
 
-// A block that cannot be presented leaves no row and does not keep the others from running.
 class TestPresentUnexpandedBlock
     : public TestCaseWithFullColumnStringComp_T<TestPresentUnexpandedBlock> {
  public:

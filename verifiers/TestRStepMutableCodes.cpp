@@ -7,28 +7,24 @@ namespace {
 
 const wxString FOCUS_OF_THIS_TEST = wxT("exit_block_using_subset_with_mutable_codes.om4");
 
-using SharedCells = boost::shared_ptr<const std::vector<wxString>>;
-
 const std::vector<wxString>& GetExpectedCellValuesForFirstCodeCol() {
-  static const SharedCells targeted_result(new std::vector<wxString>(
-      ExpectedCells::Blank(14).Range(0, 5, wxT("a")).Range(7, 12, wxT("a")).Cells()));
-  return *targeted_result;
+  static const std::vector<wxString> cells =
+      ExpectedCells::Blank(14).Range(0, 5, wxT("a")).Range(7, 12, wxT("a")).Cells();
+  return cells;
 }
 
 // The code changes on the third "a" trial of the second pass.
 const std::vector<wxString>& GetExpectedCellValuesForSecondCodeCol() {
-  static const SharedCells targeted_result(new std::vector<wxString>(ExpectedCells::Blank(14)
-                                                                         .Range(0, 5, wxT("c"))
-                                                                         .Range(7, 10, wxT("c"))
-                                                                         .Range(11, 12, wxT("d"))
-                                                                         .Cells()));
-  return *targeted_result;
+  static const std::vector<wxString> cells = ExpectedCells::Blank(14)
+                                                 .Range(0, 5, wxT("c"))
+                                                 .Range(7, 10, wxT("c"))
+                                                 .Range(11, 12, wxT("d"))
+                                                 .Cells();
+  return cells;
 }
 
 }  // namespace
 
-// Codes that change while a block is left through a subset are recorded on the rows of its trials
-// and on no others.
 class TestRStepMutableCodes : public TestCaseWithFullColumnStringComp_T<TestRStepMutableCodes> {
  public:
   TestRStepMutableCodes() : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST, false) {}
@@ -46,12 +42,12 @@ class TestRStepMutableCodes : public TestCaseWithFullColumnStringComp_T<TestRSte
   }
 
   const std::vector<wxString>& GetExpectedCellValuesForTargetedColumn() override {
-    static const SharedCells targeted_result(new std::vector<wxString>(
+    static const std::vector<wxString> cells =
         ExpectedCells()
             .RepeatAll(2, {wxT("a (1, one)"), wxT("filler"), wxT("a (2, two)"), wxT("filler"),
                            wxT("a (3, three)"), wxT("filler"), wxT("done")})
-            .Cells()));
-    return *targeted_result;
+            .Cells();
+    return cells;
   }
 
   const wxString& GetTargetedColumnName() override {

@@ -29,8 +29,6 @@ const std::vector<wxString>& GetExpectedCellValuesForInit() {
 
 }  // namespace
 
-// After a feedback the host carries on, skips to the next trial or repeats the trial, as the feedback
-// demands.
 class TestThreeFeedbackBranchingJumps
     : public TestCaseWithFullColumnStringComp_T<TestThreeFeedbackBranchingJumps> {
  public:

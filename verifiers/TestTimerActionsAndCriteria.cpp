@@ -70,16 +70,20 @@ const std::vector<wxString>& GetExpectedCellValuesForFlagC() {
   return cells;
 }
 
+constexpr int NO_JUMP = -1;
+
 // Is value no less than expected, and at most tolerance more?
 bool LiesJustAbove(int value, int expected, int tolerance) {
   const int excess = ClampedDifference(value, expected);
   return 0 <= excess && excess <= tolerance;
 }
 
+void AddUnless(bool isRight, const wxString& complaint, wxString& message) {
+  if (!isRight) message += complaint;
+}
+
 }  // namespace
 
-// Timers start, pause, go on and serve as criteria, and only the parameters that are to be saved get
-// a column.
 class TestTimerActionsAndCriteria
     : public TestCaseWithFullColumnStringComp_T<TestTimerActionsAndCriteria> {
  public:
@@ -117,23 +121,22 @@ class TestTimerActionsAndCriteria
              "var")});
   }
 
+  // In what follows a cell that is no number records a failing test as it is read. The order of reads
+  // is thus the order of the report, and a check reads its cells also after it has failed.
+
   void TestBehaviorOfTimer_1() {
     static const wxString testName = wxT("Timer_1_behaved_properly");
     const int column = ColumnOf(wxT("timer_1"));
     wxString message;
-    if (!CellIsZeroText(0, column)) message += wxT("not 0 during first event. ");
-    if (!IsProperDataForPausedTimer(column, 6, 11, 400)) {
-      message += wxT("first pause action malfunctioned. ");
-    }
-    if (!IsProperDataForPausedTimer(column, 14, 17, 500)) {
-      message += wxT("second pause action malfunctioned. ");
-    }
-    if (!IsProperDataForPausedTimer(column, 20, 25, -1)) {
-      message += wxT("third pause action malfunctioned. ");
-    }
-    if (!LiesJustAbove(GetNumericCellValue(25, column), 2500, 200)) {
-      message += wxT("at row 25 timer_1 needs to be approx 2500 ms. ");
-    }
+    AddUnless(CellIsZeroText(0, column), wxT("not 0 during first event. "), message);
+    AddUnless(IsProperDataForPausedTimer(column, 6, 11, 400),
+              wxT("first pause action malfunctioned. "), message);
+    AddUnless(IsProperDataForPausedTimer(column, 14, 17, 500),
+              wxT("second pause action malfunctioned. "), message);
+    AddUnless(IsProperDataForPausedTimer(column, 20, 25, NO_JUMP),
+              wxT("third pause action malfunctioned. "), message);
+    AddUnless(LiesJustAbove(GetNumericCellValue(25, column), 2500, 200),
+              wxT("at row 25 timer_1 needs to be approx 2500 ms. "), message);
     ReportCheck(message.empty(), testName, {wxT("Timer 1 is malfunctioning."), 385, message});
   }
 
@@ -141,35 +144,32 @@ class TestTimerActionsAndCriteria
     static const wxString testName = wxT("Timer_2_behaved_properly");
     const int column = ColumnOf(wxT("timer_2"));
     wxString message;
-    if (!VerifiedStartZeroStateUntilRow(column, 0, 6, 500)) {
-      message += wxT("first starting zero state malfunctioned. ");
-    }
+    AddUnless(VerifiedStartZeroStateUntilRow(column, 0, 6, 500),
+              wxT("first starting zero state malfunctioned. "), message);
     // The second zero state has the words of the first.
-    if (!VerifiedStartZeroStateUntilRow(column, 14, 18, 500)) {
-      message += wxT("first starting zero state malfunctioned. ");
-    }
-    if (!LiesJustAbove(GetNumericCellValue(13, column), 2000, 200)) {
-      message += wxT("at row 13 timer_2 needs to be approx 2000 ms. ");
-    }
-    if (!LiesJustAbove(GetNumericCellValue(25, column), 2000, 200)) {
-      message += wxT("at row 25 timer_2 needs to be approx 2000 ms. ");
-    }
+    AddUnless(VerifiedStartZeroStateUntilRow(column, 14, 18, 500),
+              wxT("first starting zero state malfunctioned. "), message);
+    AddUnless(LiesJustAbove(GetNumericCellValue(13, column), 2000, 200),
+              wxT("at row 13 timer_2 needs to be approx 2000 ms. "), message);
+    AddUnless(LiesJustAbove(GetNumericCellValue(25, column), 2000, 200),
+              wxT("at row 25 timer_2 needs to be approx 2000 ms. "), message);
     ReportCheck(message.empty(), testName, {wxT("Timer 2 is malfunctioning."), 470, message});
   }
 
-  // Did the timer hold still from firstRow to lastRow, after running on by at most 12 ms when the
-  // pause took effect? Unless expectedJump is negative, it must also have gone on by that much, or up
-  // to 50 ms more, in the row behind the pause.
+  // Did the timer hold still from firstRow to lastRow? It may have run on for at most 12 ms when the
+  // pause took effect. Unless expectedJump is NO_JUMP, the row behind the pause must read expectedJump
+  // milliseconds more, or up to 50 above that.
   bool IsProperDataForPausedTimer(int column, int firstRow, int lastRow, int expectedJump) {
     const int held = GetNumericCellValue(firstRow, column);
-    bool proper = true;
-    for (int row = firstRow + 1; row <= lastRow && proper; ++row) {
-      proper = GetNumericCellValue(row, column) == held;
+    bool heldStill = true;
+    for (int row = firstRow + 1; row <= lastRow && heldStill; ++row) {
+      heldStill = GetNumericCellValue(row, column) == held;
     }
-    if (!LiesJustAbove(held, GetNumericCellValue(firstRow - 1, column), 12)) proper = false;
-    if (expectedJump < 0) return proper;
-    const int jump = ClampedDifference(GetNumericCellValue(lastRow + 1, column), held);
-    return LiesJustAbove(jump, expectedJump, 50) && proper;
+    const int before = GetNumericCellValue(firstRow - 1, column);
+    const bool paused = heldStill && LiesJustAbove(held, before, 12);
+    if (expectedJump == NO_JUMP) return paused;
+    const int after = GetNumericCellValue(lastRow + 1, column);
+    return paused && LiesJustAbove(ClampedDifference(after, held), expectedJump, 50);
   }
 
   // Does the timer read "0" from firstRow to the row before endRow, and then expected milliseconds, or
@@ -178,10 +178,10 @@ class TestTimerActionsAndCriteria
     bool zeros = true;
     for (int row = firstRow; row < endRow && zeros; ++row) zeros = CellIsZeroText(row, column);
     const int value = GetNumericCellValue(endRow, column);
-    return value >= 0 && LiesJustAbove(value, expected, 50) && zeros;
+    return zeros && value >= 0 && LiesJustAbove(value, expected, 50);
   }
 
-  // A cell that holds no number is a failing test of its own, and counts as -1.
+  // A cell that is no number counts as -1.
   int GetNumericCellValue(int row, int column) {
     long value = 0;
     if (ReadLong(CellAt(row, column), value)) return ClampedToInt(value);

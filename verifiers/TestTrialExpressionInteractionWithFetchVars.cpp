@@ -9,8 +9,6 @@ const wxString FOCUS_OF_THIS_TEST = wxT("tolmey_2807_test.om5");
 
 }  // namespace
 
-// Expressions of a trial are evaluated beside a variable that is fetched from a list: the list is
-// walked round and round, and the variable shows in the first of each trial's three events.
 class TestTrialExpressionInteractionWithFetchVars
     : public TestCaseWithFullColumnStringComp_T<TestTrialExpressionInteractionWithFetchVars> {
  public:

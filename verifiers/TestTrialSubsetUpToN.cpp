@@ -31,7 +31,6 @@ const std::vector<wxString>& GetExpectedCellValuesForRedBlueCode() {
 
 }  // namespace
 
-// A subset takes only the last N trials of a block, or up to N of them.
 class TestTrialSubsetUpToN : public TestCaseWithFullColumnStringComp_T<TestTrialSubsetUpToN> {
  public:
   TestTrialSubsetUpToN() : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST, false) {}

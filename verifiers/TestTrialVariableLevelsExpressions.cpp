@@ -14,12 +14,10 @@ const wxString LEVEL_NAME_TWO = wxT("two");
 const wxString RULES_RESULT_ONE = wxT("detected position one");
 const wxString RULES_RESULT_TWO = wxT("detected position two");
 
-using RowList = std::vector<unsigned long>;
+using RowList = std::vector<int>;
 
 }  // namespace
 
-// Rules and expressions that read a trial variable see the level that it really went to, whichever
-// way levels are selected, and the first level before anything has applied one.
 class TestTrialVariableLevelsExpressions
     : public TestCaseWithFullColumnStringComp_T<TestTrialVariableLevelsExpressions> {
  public:
@@ -43,10 +41,10 @@ class TestTrialVariableLevelsExpressions
   void TestExpressionResultsPriorToAnyLevelUsage() {
     static const wxString testName = wxT("TestExpressionResultsPriorToAnyLevelUsage");
     const RowList rows = {3, 5, 7, 9, 13, 15, 17, 19, 23, 25, 27, 29};
-    const int column = EventNameColumn();
+    const int column = ColumnOf(wxT("Event\nName"));
     bool allOne = true;
-    for (const unsigned long row : rows) {
-      allOne = DataCell(row, column) == RULES_RESULT_ONE;
+    for (const int row : rows) {
+      allOne = CellAt(row, column) == RULES_RESULT_ONE;
       if (!allOne) break;
     }
     ReportCheck(
@@ -87,20 +85,15 @@ class TestTrialVariableLevelsExpressions
 
   // Does the event one row below each of these rows tell the level that stands in the row?
   bool RulesRowsMatchEventRows(const RowList& rows, int column) const {
-    const int eventNameColumn = EventNameColumn();
-    for (const unsigned long row : rows) {
-      const wxString level = DataCell(row, column);
-      const wxString event = DataCell(row + 1, eventNameColumn);
+    const int eventNameColumn = ColumnOf(wxT("Event\nName"));
+    for (const int row : rows) {
+      const wxString level = CellAt(row, column);
+      const wxString event = CellAt(row + 1, eventNameColumn);
       const bool matches = (level == LEVEL_NAME_ONE && event == RULES_RESULT_ONE) ||
                            (level == LEVEL_NAME_TWO && event == RULES_RESULT_TWO);
       if (!matches) return false;
     }
     return true;
-  }
-
-  int EventNameColumn() const { return ColumnOf(wxT("Event\nName")); }
-  wxString DataCell(unsigned long row, int column) const {
-    return CellAt(static_cast<int>(row), column);
   }
 };
 

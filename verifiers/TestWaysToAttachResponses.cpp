@@ -18,7 +18,6 @@ const std::vector<wxString>& GetExpectedCellValuesForBlockName() {
 
 }  // namespace
 
-// Whichever way responses are attached to events, every block runs to its end.
 class TestWaysToAttachResponses
     : public TestCaseWithFullColumnStringComp_T<TestWaysToAttachResponses> {
  public:

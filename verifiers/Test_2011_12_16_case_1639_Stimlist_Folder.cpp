@@ -22,8 +22,6 @@ const std::vector<wxString>& GetPossibleEventNames() {
 
 }  // namespace
 
-// The names of the files of a stimulus list reach the data file, whether the list names a folder or
-// the files.
 class Test_2011_12_16_case_1639_Stimlist_Folder
     : public IndividualTestCase_T<Test_2011_12_16_case_1639_Stimlist_Folder, false> {
  public:

@@ -9,7 +9,6 @@ const wxString FOCUS_OF_THIS_TEST = wxT("2012_3_16_tolmey_2670_loop_guard_block_
 
 }  // namespace
 
-// The loop guard stops an endless loop of blocks.
 class Test_2012_3_16_tolmey_2670_loop_guard_block_level
     : public IndividualTestCase_T<Test_2012_3_16_tolmey_2670_loop_guard_block_level, false> {
  public:

@@ -9,7 +9,6 @@ const wxString FOCUS_OF_THIS_TEST = wxT("2012_3_9_tolmey_2668_expr_time_since_ex
 
 }  // namespace
 
-// An expression reads the time since the start of the experiment.
 class Test_2012_3_9_tolmey_2668_expr_time_since_exp
     : public IndividualTestCase_T<Test_2012_3_9_tolmey_2668_expr_time_since_exp, false> {
  public:

@@ -8,7 +8,7 @@ const wxString FOCUS_OF_THIS_TEST = wxT("2012_3_9_tolmey_2668_macro_exit_experim
 
 }  // namespace
 
-// A macro ends the experiment after its first trial. No cell is read: one row is the proof.
+// One row is the proof; no cell is read.
 class Test_2012_3_9_tolmey_2668_macro_exit_experiment
     : public IndividualTestCase_T<Test_2012_3_9_tolmey_2668_macro_exit_experiment, false> {
  public:

@@ -9,7 +9,6 @@ const wxString FOCUS_OF_THIS_TEST = wxT("2012_3_9_tolmey_2668_macro_goto_block_a
 
 }  // namespace
 
-// A macro presents any block that it names: of three blocks the first and the third run.
 class Test_2012_3_9_tolmey_2668_macro_goto_block_any
     : public IndividualTestCase_T<Test_2012_3_9_tolmey_2668_macro_goto_block_any, false> {
  public:

@@ -9,7 +9,6 @@ const wxString FOCUS_OF_THIS_TEST = wxT("2012_3_9_tolmey_2668_macro_goto_block_p
 
 }  // namespace
 
-// A macro goes back to the previous block, within the limits of the when-to-run settings.
 class Test_2012_3_9_tolmey_2668_macro_goto_block_prev
     : public IndividualTestCase_T<Test_2012_3_9_tolmey_2668_macro_goto_block_prev, false> {
  public:

@@ -9,7 +9,6 @@ const wxString FOCUS_OF_THIS_TEST = wxT("2012_3_9_tolmey_2668_macro_if_false_sim
 
 }  // namespace
 
-// A macro whose condition is false does not run.
 class Test_2012_3_9_tolmey_2668_macro_if_false_simple
     : public IndividualTestCase_T<Test_2012_3_9_tolmey_2668_macro_if_false_simple, false> {
  public:

@@ -9,7 +9,6 @@ const wxString FOCUS_OF_THIS_TEST = wxT("2012_3_9_tolmey_2668_macro_present_even
 
 }  // namespace
 
-// A macro presents an event out of its turn.
 class Test_2012_3_9_tolmey_2668_macro_present_event
     : public IndividualTestCase_T<Test_2012_3_9_tolmey_2668_macro_present_event, false> {
  public:

@@ -9,7 +9,6 @@ const wxString FOCUS_OF_THIS_TEST = wxT("2012_3_9_tolmey_2668_macro_repeat_block
 
 }  // namespace
 
-// A macro repeats its block.
 class Test_2012_3_9_tolmey_2668_macro_repeat_block
     : public IndividualTestCase_T<Test_2012_3_9_tolmey_2668_macro_repeat_block, false> {
  public:

@@ -9,7 +9,6 @@ const wxString FOCUS_OF_THIS_TEST = wxT("2012_3_9_tolmey_2668_macro_repeat_trial
 
 }  // namespace
 
-// A macro repeats its trial, without any when-to-run setting.
 class Test_2012_3_9_tolmey_2668_macro_repeat_trial_no_wtr
     : public IndividualTestCase_T<Test_2012_3_9_tolmey_2668_macro_repeat_trial_no_wtr, false> {
  public:

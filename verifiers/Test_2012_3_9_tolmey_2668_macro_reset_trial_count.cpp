@@ -9,7 +9,6 @@ const wxString FOCUS_OF_THIS_TEST = wxT("2012_3_9_tolmey_2668_macro_reset_trial_
 
 }  // namespace
 
-// A macro resets the trial count that a when-to-run expression reads.
 class Test_2012_3_9_tolmey_2668_macro_reset_trial_count
     : public IndividualTestCase_T<Test_2012_3_9_tolmey_2668_macro_reset_trial_count, false> {
  public:

@@ -9,7 +9,6 @@ const wxString FOCUS_OF_THIS_TEST = wxT("2012_3_9_tolmey_2668_macro_skip_trial.o
 
 }  // namespace
 
-// A macro skips a trial.
 class Test_2012_3_9_tolmey_2668_macro_skip_trial
     : public IndividualTestCase_T<Test_2012_3_9_tolmey_2668_macro_skip_trial, false> {
  public:

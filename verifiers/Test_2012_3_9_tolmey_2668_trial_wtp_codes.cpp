@@ -14,7 +14,6 @@ const std::vector<wxString>& GetExpectedCellValuesForCode() {
 
 }  // namespace
 
-// Trials are presented by the value of a code, and the code is recorded.
 class Test_2012_3_9_tolmey_2668_trial_wtp_codes
     : public TestCaseWithFullColumnStringComp_T<Test_2012_3_9_tolmey_2668_trial_wtp_codes> {
  public:

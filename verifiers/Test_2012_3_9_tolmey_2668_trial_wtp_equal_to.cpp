@@ -9,7 +9,6 @@ const wxString FOCUS_OF_THIS_TEST = wxT("2012_3_9_tolmey_2668_trial_wtp_equal_to
 
 }  // namespace
 
-// The equal-to operator decides which trial is presented.
 class Test_2012_3_9_tolmey_2668_trial_wtp_equal_to
     : public IndividualTestCase_T<Test_2012_3_9_tolmey_2668_trial_wtp_equal_to, false> {
  public:

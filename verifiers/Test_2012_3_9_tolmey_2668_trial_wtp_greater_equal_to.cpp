@@ -9,7 +9,6 @@ const wxString FOCUS_OF_THIS_TEST = wxT("2012_3_9_tolmey_2668_trial_wtp_greater_
 
 }  // namespace
 
-// The greater-or-equal operator decides which trials are presented.
 class Test_2012_3_9_tolmey_2668_trial_wtp_greater_equal_to
     : public IndividualTestCase_T<Test_2012_3_9_tolmey_2668_trial_wtp_greater_equal_to, false> {
  public:

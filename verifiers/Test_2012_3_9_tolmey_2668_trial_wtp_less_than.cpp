@@ -9,7 +9,6 @@ const wxString FOCUS_OF_THIS_TEST = wxT("2012_3_9_tolmey_2668_trial_wtp_less_tha
 
 }  // namespace
 
-// The less-than operator decides which trial is presented.
 class Test_2012_3_9_tolmey_2668_trial_wtp_less_than
     : public IndividualTestCase_T<Test_2012_3_9_tolmey_2668_trial_wtp_less_than, false> {
  public:

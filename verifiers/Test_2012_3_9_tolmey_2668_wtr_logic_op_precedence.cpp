@@ -9,7 +9,6 @@ const wxString FOCUS_OF_THIS_TEST = wxT("2012_3_9_tolmey_2668_wtr_logic_op_prece
 
 }  // namespace
 
-// The logical operators of a when-to-run condition keep their precedence.
 class Test_2012_3_9_tolmey_2668_wtr_logic_op_precedence
     : public IndividualTestCase_T<Test_2012_3_9_tolmey_2668_wtr_logic_op_precedence, false> {
  public:

@@ -1,3 +1,4 @@
+#include "framework/CellCounts.h"
 #include "framework/IndividualTestCase_T.h"
 
 namespace Ombrelia {
@@ -6,24 +7,16 @@ namespace {
 
 const wxString FOCUS_OF_THIS_TEST = wxT("2012-4-25_random_color_trial_level_test.om4");
 
-// Are red, yellow and green among the levels? Other levels do not matter.
+// Other levels, order and counts do not matter.
 bool EachColorWasPresented(const MUExperimentTextReaderMultiFile& reader) {
-  const int column = reader.GetColumnPositionNumberFromText(wxT("Text color\n(Trial Variable)"));
-  bool red = false;
-  bool yellow = false;
-  bool green = false;
-  for (int row = 0; row < reader.GetNumberOfDataRows(); ++row) {
-    const wxString level = reader.GetDataCellValue(row, column);
-    if (level == wxT("Red")) red = true;
-    if (level == wxT("Yellow")) yellow = true;
-    if (level == wxT("Green")) green = true;
-  }
-  return red && yellow && green;
+  const wxString column = wxT("Text color\n(Trial Variable)");
+  return CountCells(reader, column, wxT("Red")) > 0 &&
+         CountCells(reader, column, wxT("Yellow")) > 0 &&
+         CountCells(reader, column, wxT("Green")) > 0;
 }
 
 }  // namespace
 
-// A random trial variable shows each of its three levels.
 class Test_2012_4_25_random_color_trial_level_test
     : public IndividualTestCase_T<Test_2012_4_25_random_color_trial_level_test, false> {
  public:

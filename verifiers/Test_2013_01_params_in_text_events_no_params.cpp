@@ -9,7 +9,6 @@ const wxString FOCUS_OF_THIS_TEST = wxT("1-30-13-TextEventParamTestNoParams.om5"
 
 }  // namespace
 
-// Text events without parameters are all presented.
 class Test_2013_01_params_in_text_events_no_params
     : public IndividualTestCase_T<Test_2013_01_params_in_text_events_no_params, false> {
  public:

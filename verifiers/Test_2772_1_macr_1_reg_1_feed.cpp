@@ -9,8 +9,6 @@ const wxString FOCUS_OF_THIS_TEST = wxT("2772_1_macr_1_reg_1_feed.om4");
 
 }  // namespace
 
-// An event that is presented normally, as feedback and by a block macro takes another level of each
-// trial variable every time.
 class Test_2772_1_macr_1_reg_1_feed
     : public IndividualTestCase_T<Test_2772_1_macr_1_reg_1_feed, false> {
  public:

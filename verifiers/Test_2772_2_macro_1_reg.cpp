@@ -9,8 +9,6 @@ const wxString FOCUS_OF_THIS_TEST = wxT("2772_2_macro_1_reg.om4");
 
 }  // namespace
 
-// An event that is presented normally and by two block macros that share an action list takes another
-// level of each trial variable every time.
 class Test_2772_2_macro_1_reg : public IndividualTestCase_T<Test_2772_2_macro_1_reg, false> {
  public:
   Test_2772_2_macro_1_reg() : IndividualTestCase_T(FOCUS_OF_THIS_TEST, false) {}

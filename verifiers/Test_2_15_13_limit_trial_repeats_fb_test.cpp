@@ -8,7 +8,6 @@ const wxString FOCUS_OF_THIS_TEST = wxT("2-15-13-limit_trial_repeats_fb_test.om5
 
 }  // namespace
 
-// A feedback that repeats its trial does so no more often than its limit allows.
 class Test_2_15_13_limit_trial_repeats_fb_test
     : public TestCaseWithFullColumnStringComp_T<Test_2_15_13_limit_trial_repeats_fb_test> {
  public:

@@ -10,8 +10,6 @@ const wxString FOCUS_OF_THIS_TEST = wxT("3002_spec_trial_level_actions_expressio
 
 }  // namespace
 
-// Actions of a trial set a trial variable from expressions, in a fixed order. Rows beyond the sixth do
-// not matter.
 class Test_3002_spec_trial_level_actions_expressions
     : public IndividualTestCase_T<Test_3002_spec_trial_level_actions_expressions, false> {
  public:

@@ -35,7 +35,6 @@ int CountMatches(const MUExperimentTextReaderMultiFile& reader) {
 
 }  // namespace
 
-// Actions copy, add, subtract and append one parameter to another.
 class Test_9_25_13_all_param2param_actions
     : public IndividualTestCase_T<Test_9_25_13_all_param2param_actions, false> {
  public:

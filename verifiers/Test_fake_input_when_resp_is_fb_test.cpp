@@ -28,7 +28,6 @@ wxString JoinedBySemicolons(const std::vector<wxString>& cells) {
 
 }  // namespace
 
-// Input that the host fakes triggers the feedback of a response, and only where feedback is due.
 class Test_fake_input_when_resp_is_fb_test
     : public IndividualTestCase_T<Test_fake_input_when_resp_is_fb_test, false> {
  public:

@@ -7,15 +7,14 @@ namespace {
 
 const wxString FOCUS_OF_THIS_TEST = wxT("import_v4_macros.om4");
 
-// A block whose rows go round the list of four. Trials are named after the stem.
+// A block whose rows walk round the list of four. Its trials are named after the stem.
 struct Block {
   wxString name;
   int rows;
   wxString trialStem;
 };
 
-// The names of the blocks say what their macros have to do, and where that differs from the older
-// version on purpose.
+// A block's name says what its macro has to do, and where that differs from version 4 on purpose.
 const std::vector<Block>& Blocks() {
   static const std::vector<Block> blocks = {
       {wxT("v4 while-true. pre-block. blk runs TWICE"), 8, wxT("size_four_list")},
@@ -39,75 +38,57 @@ const std::vector<Block>& Blocks() {
   return blocks;
 }
 
-// The block behind those: each of its trials but the last presents the event of an action as well.
-const wxString REPEATED_BLOCK = wxT("repeated block");
+struct ExpectedColumns {
+  std::vector<wxString> blockNames;
+  std::vector<wxString> trialNames;
+  std::vector<wxString> eventNames;
+};
 
-const std::vector<wxString>& RepeatedBlockTrials() {
-  static const std::vector<wxString> cells = {
-      wxT("size_four_list 7, 1"), wxT("size_four_list 7, 1"), wxT("size_four_list 7, 2"),
-      wxT("size_four_list 7, 2"), wxT("size_four_list 7, 3"), wxT("size_four_list 7, 3"),
-      wxT("size_four_list 7, 4"), wxT("size_four_list 7, 4"), wxT("size_four_list 7, 1"),
-      wxT("size_four_list 7, 1"), wxT("size_four_list 7, 2")};
-  return cells;
-}
-
-const std::vector<wxString>& RepeatedBlockEvents() {
-  static const std::vector<wxString> cells = {
-      wxT("size_four_list (1, a)"), wxT("actions event"),         wxT("size_four_list (2, b)"),
-      wxT("actions event"),         wxT("size_four_list (3, c)"), wxT("actions event"),
-      wxT("size_four_list (4, d)"), wxT("actions event"),         wxT("size_four_list (1, a)"),
-      wxT("actions event"),         wxT("size_four_list (2, b)")};
-  return cells;
-}
-
-const std::vector<wxString>& GetExpectedCellValuesForBlockName() {
-  static const std::vector<wxString> cells = [] {
-    ExpectedCells result;
-    for (const Block& block : Blocks()) result.Repeat(static_cast<size_t>(block.rows), block.name);
-    return result.Repeat(RepeatedBlockTrials().size(), REPEATED_BLOCK).Cells();
-  }();
-  return cells;
-}
-
-const std::vector<wxString>& GetExpectedCellValuesForTrialName() {
-  static const std::vector<wxString> cells = [] {
-    ExpectedCells result;
-    for (const Block& block : Blocks()) {
-      for (int i = 0; i < block.rows; ++i) {
-        result.Add(block.trialStem + wxString::Format(wxT(", %d"), i % 4 + 1));
-      }
+ExpectedColumns MakeExpectedColumns() {
+  const wxString listOfFour[] = {wxT("size_four_list (1, a)"), wxT("size_four_list (2, b)"),
+                                 wxT("size_four_list (3, c)"), wxT("size_four_list (4, d)")};
+  ExpectedCells blocks;
+  ExpectedCells trials;
+  ExpectedCells events;
+  for (const Block& block : Blocks()) {
+    for (int row = 0; row < block.rows; ++row) {
+      const int item = row % 4;
+      blocks.Add(block.name);
+      trials.Add(wxString::Format(wxT("%s, %d"), block.trialStem, item + 1));
+      events.Add(listOfFour[item]);
     }
-    return result.AddAll(RepeatedBlockTrials()).Cells();
-  }();
-  return cells;
+  }
+  // In the last block an action presents its event after each trial but the last.
+  blocks.Repeat(11, wxT("repeated block"));
+  trials.Repeat(2, wxT("size_four_list 7, 1"))
+      .Repeat(2, wxT("size_four_list 7, 2"))
+      .Repeat(2, wxT("size_four_list 7, 3"))
+      .Repeat(2, wxT("size_four_list 7, 4"))
+      .Repeat(2, wxT("size_four_list 7, 1"))
+      .Add(wxT("size_four_list 7, 2"));
+  events.AddAll({wxT("size_four_list (1, a)"), wxT("actions event"), wxT("size_four_list (2, b)"),
+                 wxT("actions event"), wxT("size_four_list (3, c)"), wxT("actions event"),
+                 wxT("size_four_list (4, d)"), wxT("actions event"), wxT("size_four_list (1, a)"),
+                 wxT("actions event"), wxT("size_four_list (2, b)")});
+  return {blocks.Cells(), trials.Cells(), events.Cells()};
 }
 
-const std::vector<wxString>& GetExpectedCellValuesForEventName() {
-  static const std::vector<wxString> cells = [] {
-    const wxString cycle[] = {wxT("size_four_list (1, a)"), wxT("size_four_list (2, b)"),
-                              wxT("size_four_list (3, c)"), wxT("size_four_list (4, d)")};
-    ExpectedCells result;
-    for (const Block& block : Blocks()) {
-      for (int i = 0; i < block.rows; ++i) result.Add(cycle[i % 4]);
-    }
-    return result.AddAll(RepeatedBlockEvents()).Cells();
-  }();
-  return cells;
+const ExpectedColumns& GetExpectedColumns() {
+  static const ExpectedColumns columns = MakeExpectedColumns();
+  return columns;
 }
 
 }  // namespace
 
-// Macros of an experiment of the older format, attached to blocks and trials, turn into the flow that
-// the names of the blocks promise.
 class Test_v4_MacrosImportedTo_v5
     : public TestCaseWithFullColumnStringComp_T<Test_v4_MacrosImportedTo_v5> {
  public:
   Test_v4_MacrosImportedTo_v5() : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST, false) {}
 
   void RunAllVerificationTests(VerificationNecessities) override {
-    VerifyVerbatimColumnContent(wxT("Block\nName"), GetExpectedCellValuesForBlockName());
-    VerifyVerbatimColumnContent(wxT("Trial\nName"), GetExpectedCellValuesForTrialName());
-    VerifyVerbatimColumnContent(wxT("Event\nName"), GetExpectedCellValuesForEventName());
+    VerifyVerbatimColumnContent(wxT("Block\nName"), GetExpectedColumns().blockNames);
+    VerifyVerbatimColumnContent(wxT("Trial\nName"), GetExpectedColumns().trialNames);
+    VerifyVerbatimColumnContent(wxT("Event\nName"), GetExpectedColumns().eventNames);
 
     PerformDurationBoundsTest(600, 2000, true);
     PerformDurationBoundsTest_MacServer(1000, 3500);

@@ -29,7 +29,6 @@ const std::vector<wxString>& GetExpectedCellValuesForRedBlueCode() {
 
 }  // namespace
 
-// A block that is the parent of several blocks by imported macros takes the same subsets.
 class TrialSubsetUpToNMultipleBlockParents
     : public TestCaseWithFullColumnStringComp_T<TrialSubsetUpToNMultipleBlockParents> {
  public:

@@ -12,28 +12,26 @@ wxString FOCUS_OF_THIS_TEST() {
 }
 
 const std::vector<wxString>& GetExpectedCellValuesForEventNames() {
-  static const std::vector<wxString> targeted_result = {
-      wxT("numbers (2, 2)"), wxT("numbers (3, 3)"), wxT("numbers (5, 5)"), wxT("letters (1, a)"),
-      wxT("letters (4, d)")};
-  return targeted_result;
+  static const std::vector<wxString> cells = {wxT("numbers (2, 2)"), wxT("numbers (3, 3)"),
+                                              wxT("numbers (5, 5)"), wxT("letters (1, a)"),
+                                              wxT("letters (4, d)")};
+  return cells;
 }
 
 const std::vector<wxString>& GetExpectedCellValuesForEventNames_Mac_TEMPORARY_tolmey3661() {
-  static const std::vector<wxString> targeted_result = {
-      wxT("numbers (1, 1)"), wxT("numbers (2, 2)"), wxT("numbers (5, 5)"), wxT("letters (3, c)"),
-      wxT("letters (4, d)")};
-  return targeted_result;
+  static const std::vector<wxString> cells = {wxT("numbers (1, 1)"), wxT("numbers (2, 2)"),
+                                              wxT("numbers (5, 5)"), wxT("letters (3, c)"),
+                                              wxT("letters (4, d)")};
+  return cells;
 }
 
 const std::vector<wxString>& GetExpectedCellValuesForTags() {
-  static const std::vector<wxString> targeted_result =
-      ExpectedCells().Repeat(5, wxT("red")).Cells();
-  return targeted_result;
+  static const std::vector<wxString> cells = ExpectedCells().Repeat(5, wxT("red")).Cells();
+  return cells;
 }
 
 }  // namespace
 
-// Two sublists drawn in one trial are drawn in step.
 class TwoSublistsSynchronization
     : public TestCaseWithFullColumnStringComp_T<TwoSublistsSynchronization> {
  public:

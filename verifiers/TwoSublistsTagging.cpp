@@ -11,20 +11,19 @@ wxString FOCUS_OF_THIS_TEST() {
 }
 
 const std::vector<wxString>& GetExpectedCellValuesForColorTagSet() {
-  static const std::vector<wxString> targeted_result =
+  static const std::vector<wxString> cells =
       ExpectedCells().Repeat(3, wxT("blue")).Repeat(2, wxT("red")).Repeat(4, wxT("blue")).Cells();
-  return targeted_result;
+  return cells;
 }
 
 const std::vector<wxString>& GetExpectedCellValuesForDirectionTagSet() {
-  static const std::vector<wxString> targeted_result =
+  static const std::vector<wxString> cells =
       ExpectedCells().Repeat(5, wxT("down")).Add(wxT("up")).Repeat(3, wxT("down")).Cells();
-  return targeted_result;
+  return cells;
 }
 
 }  // namespace
 
-// Tags of sublist items show in columns of their own.
 class TwoSublistsTagging : public TestCaseWithFullColumnStringComp_T<TwoSublistsTagging> {
  public:
   TwoSublistsTagging() : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST(), false) {}
