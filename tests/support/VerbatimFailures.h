@@ -26,14 +26,27 @@ inline std::string CellDiffers(const std::string& experiment, size_t row,
                   "}, but that was not the actual content.");
 }
 
-// A change of any one cell of the sample's column fails its comparison, with the sample's own text as
-// the expected one, and nothing else.
-inline void ExpectEachCellIsCompared(const std::string& experiment, const std::string& column) {
+// Cells of a column, typed in as runs of equal ones.
+struct CellRun {
+  size_t times;
+  std::string text;
+};
+
+inline std::vector<std::string> Cells(const std::vector<CellRun>& runs) {
+  std::vector<std::string> cells;
+  for (const CellRun& run : runs) cells.insert(cells.end(), run.times, run.text);
+  return cells;
+}
+
+// The column is to hold these cells: the sample does, and a change of any one of them fails the
+// comparison with this cell as the expected one, and nothing else.
+inline void ExpectEachCellIsCompared(const std::string& experiment, const std::string& column,
+                                     const std::vector<std::string>& cells) {
   const DataFile sample = DataFile::Sample(experiment);
-  for (size_t row = 0; row < sample.RowCount(); ++row) {
-    const std::string text = sample.Cell(row, column);
-    EXPECT_EQ(DataFile(sample).Set(row, column, text + "x").Failures(),
-              Lines{CellDiffers(experiment, row, text)});
+  ASSERT_EQ(sample.Column(column), cells);
+  for (size_t row = 0; row < cells.size(); ++row) {
+    EXPECT_EQ(DataFile(sample).Set(row, column, cells[row] + "x").Failures(),
+              Lines{CellDiffers(experiment, row, cells[row])});
   }
 }
 

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/DataFile.h"
+#include "tests/support/FrameFailures.h"
+#include "tests/support/VerbatimFailures.h"
 
 namespace Tests {
 namespace {
@@ -39,13 +41,6 @@ const std::string BLOCK_FOUR_FAILED = Fail(
     "the fourth block is supposed to use two extra-actions and one looping option", EXPERIMENT, 420,
     "for the fourth block, we expect four of vehicle-or-animal, break, four of the other, "
     "break, then two more of the FIRST thing");
-
-std::string WrongBlock(size_t row, const std::string& expected) {
-  return Fail("Data_appears_completely_and_in_order",
-              "Mismatch in the ordering of data cells in datafile.", EXPERIMENT, 144,
-              "At datafile row index " + std::to_string(row) + " we expected {" + expected +
-                  "}, but that was not the actual content.");
-}
 
 // Events for the stimulus rows of a block of eight trials, one letter each: v for a vehicle, a for
 // an animal, anything else for neither.
@@ -109,7 +104,7 @@ TEST(Assorted_V5_BlockSettings, HoldsEachBlockName) {
   for (size_t row = 0; row < sample.RowCount(); ++row) {
     DataFile file = sample;
     EXPECT_EQ(file.Set(row, BLOCK, "another block").Failures(),
-              Lines{WrongBlock(row, sample.Cell(row, BLOCK))});
+              Lines{CellDiffers(EXPERIMENT, row, sample.Cell(row, BLOCK))});
   }
 }
 
@@ -118,29 +113,29 @@ TEST(Assorted_V5_BlockSettings, HoldsTheBlankAtTheEndOfTheLongNames) {
       DataFile::Sample(EXPERIMENT)
           .Set(86, BLOCK, "V4 Random. extra-action versus block-end macro. BOTH should work")
           .Failures(),
-      Lines{WrongBlock(86, "V4 Random. extra-action versus block-end macro. BOTH should work ")});
+      Lines{CellDiffers(EXPERIMENT, 86,
+                        "V4 Random. extra-action versus block-end macro. BOTH should work ")});
   EXPECT_EQ(
       DataFile::Sample(EXPERIMENT)
           .Set(91, BLOCK, "V5 Random. extra-action versus block-end macro. BOTH should work")
           .Failures(),
-      Lines{WrongBlock(91, "V5 Random. extra-action versus block-end macro. BOTH should work ")});
+      Lines{CellDiffers(EXPERIMENT, 91,
+                        "V5 Random. extra-action versus block-end macro. BOTH should work ")});
 }
 
 TEST(Assorted_V5_BlockSettings, FailsOnOneRowTooMany) {
   EXPECT_EQ(DataFile::Sample(EXPERIMENT).RepeatLastRow().Failures(),
-            Lines{Fail("Correct_quantity_of_data_cells", "Too many data cells. More than expected.",
-                       EXPERIMENT, 89, "No extra info.")});
+            Lines{TooManyCells(EXPERIMENT)});
 }
 
 TEST(Assorted_V5_BlockSettings, FailsOnOneRowTooFew) {
   EXPECT_EQ(DataFile::Sample(EXPERIMENT).KeepRows(92).SetDuration("2684").Failures(),
-            Lines{Fail("Correct_quantity_of_data_cells", "Too few data cells. Fewer than expected.",
-                       EXPERIMENT, 98, "No extra info.")});
+            Lines{TooFewCells(EXPERIMENT)});
 }
 
 TEST(Assorted_V5_BlockSettings, FailsWithoutTheBlockNames) {
   EXPECT_EQ(DataFile::Sample(EXPERIMENT).RemoveColumn(BLOCK).Failures(),
-            Lines{WrongBlock(0, "V4 Random")});
+            Lines{CellDiffers(EXPERIMENT, 0, "V4 Random")});
 }
 
 TEST(Assorted_V5_BlockSettings, TakesFourVehiclesInARowForNoJumble) {
@@ -226,9 +221,7 @@ TEST(Assorted_V5_BlockSettings, LooksOnlyAtTheOddRowsOfTheFirstThreeBlocks) {
 TEST(Assorted_V5_BlockSettings, FailsOnThreeRowsOfOneKindOnly) {
   EXPECT_EQ(
       DataFile::Sample(EXPERIMENT).KeepRows(22).SetDuration("2684").Failures(),
-      (Lines{Fail("Correct_quantity_of_data_cells", "Too few data cells. Fewer than expected.",
-                  EXPERIMENT, 98, "No extra info."),
-             BLOCK_TWO_FAILED, BLOCK_THREE_FAILED, BLOCK_FOUR_FAILED}));
+      (Lines{TooFewCells(EXPERIMENT), BLOCK_TWO_FAILED, BLOCK_THREE_FAILED, BLOCK_FOUR_FAILED}));
 }
 
 TEST(Assorted_V5_BlockSettings, HoldsEachRowOfTheRepeatOfBlockThree) {
@@ -279,18 +272,11 @@ TEST(Assorted_V5_BlockSettings, ChecksTheBoundsAfterAllFailures) {
   DataFile file = DataFile::Sample(EXPERIMENT);
   SetStimuli(file, 1, "vvvvaaaa");
   for (const size_t row : {17U, 33U, 65U}) file.Set(row, EVENT, "show House");
-  EXPECT_EQ(
-      file.Set(2, BLOCK, "another block").SetDuration("2901").SetExpansion("101").Failures(),
-      (Lines{WrongBlock(2, "V4 Random"), BLOCK_ONE_FAILED, BLOCK_TWO_FAILED, BLOCK_THREE_FAILED,
-             REPEAT_FAILED, BLOCK_FOUR_FAILED,
-             Fail("Experiment_duration_2013-01_assorted_new_block_options.om5",
-                  "Experiment duration is weird. Too short or too long (see details below).",
-                  EXPERIMENT, 228,
-                  "Expected a duration between 2500 and 2900. Instead, we got a duration of 2901."),
-             Fail("Expansion_duration_2013-01_assorted_new_block_options.om5",
-                  "Experiment duration is weird. Too short or too long (see details below).",
-                  EXPERIMENT, 228,
-                  "Expected a duration between 10 and 100. Instead, we got a duration of 101.")}));
+  EXPECT_EQ(file.Set(2, BLOCK, "another block").SetDuration("2901").SetExpansion("101").Failures(),
+            (Lines{CellDiffers(EXPERIMENT, 2, "V4 Random"), BLOCK_ONE_FAILED, BLOCK_TWO_FAILED,
+                   BLOCK_THREE_FAILED, REPEAT_FAILED, BLOCK_FOUR_FAILED,
+                   DurationOutOfBounds(EXPERIMENT, 2500, 2900, "2901"),
+                   ExpansionOutOfBounds(EXPERIMENT, 10, 100, "101")}));
 }
 
 TEST(Assorted_V5_BlockSettings, KeepsNothingFromOneFileForTheNext) {

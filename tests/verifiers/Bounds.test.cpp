@@ -9,14 +9,15 @@
 #include "plugin/DataHookOutputTestingPluginImpl.h"
 #include "tests/BuildPaths.h"
 #include "tests/support/DataFile.h"
+#include "tests/support/FrameFailures.h"
 
 namespace Tests {
 namespace {
 
 struct Bound {
   std::string call;
-  long min;
-  long max;
+  int min;
+  int max;
   bool IsExpansion() const { return call.rfind("expansion", 0) == 0; }
 };
 
@@ -54,17 +55,13 @@ Lines Expected(const std::string& experiment, const std::vector<Bound>& bounds,
   for (const Bound& bound : bounds) {
     if (CALLS_THAT_COUNT.at(machine).count(bound.call) == 0) continue;
     const long value = bound.IsExpansion() ? expansion : duration;
-    const std::string name =
-        (bound.IsExpansion() ? "Expansion_duration_" : "Experiment_duration_") + experiment;
     if (bound.min <= value && value <= bound.max) {
-      lines.push_back("pass " + name);
-    } else {
       lines.push_back(
-          Fail(name, "Experiment duration is weird. Too short or too long (see details below).",
-               experiment, 228,
-               "Expected a duration between " + std::to_string(bound.min) + " and " +
-                   std::to_string(bound.max) + ". Instead, we got a duration of " +
-                   std::to_string(value) + "."));
+          (bound.IsExpansion() ? "pass Expansion_duration_" : "pass Experiment_duration_") +
+          experiment);
+    } else {
+      const auto outOfBounds = bound.IsExpansion() ? ExpansionOutOfBounds : DurationOutOfBounds;
+      lines.push_back(outOfBounds(experiment, bound.min, bound.max, std::to_string(value)));
     }
   }
   return lines;
@@ -126,16 +123,9 @@ TEST(Bounds, AreOnlyThoseOfTheTable) {
 // Numbers that are none fail by their sentinels.
 TEST(Bounds, FailOnTextsThatAreNoNumbers) {
   const std::string experiment = "2012_3_9_tolmey_2668_macro_skip_trial.om4";
-  EXPECT_EQ(
-      DataFile::Sample(experiment).SetDuration("1609 ms").SetExpansion("soon").Failures(),
-      (Lines{Fail("Experiment_duration_" + experiment,
-                  "Experiment duration is weird. Too short or too long (see details below).",
-                  experiment, 228,
-                  "Expected a duration between 1600 and 1620. Instead, we got a duration of -999."),
-             Fail("Expansion_duration_" + experiment,
-                  "Experiment duration is weird. Too short or too long (see details below).",
-                  experiment, 228,
-                  "Expected a duration between 0 and 5000. Instead, we got a duration of -123.")}));
+  EXPECT_EQ(DataFile::Sample(experiment).SetDuration("1609 ms").SetExpansion("soon").Failures(),
+            (Lines{DurationOutOfBounds(experiment, 1600, 1620, "-999"),
+                   ExpansionOutOfBounds(experiment, 0, 5000, "-123")}));
 }
 
 }  // namespace

@@ -26,8 +26,13 @@ TEST(ListExpansionAndFeedbacks01, PassesItsSample) {
 }
 
 TEST(ListExpansionAndFeedbacks01, FailsOnAChangeOfAnyComparedCell) {
-  ExpectEachCellIsCompared(EXPERIMENT, "Trial\nName");
-  ExpectEachCellIsCompared(EXPERIMENT, "Event\nName");
+  ExpectEachCellIsCompared(
+      EXPERIMENT, "Trial\nName",
+      Cells({{2, "a"}, {3, "b, 1"}, {3, "b, 2"}, {3, "b, 3"}, {2, "c"}, {1, "b, 1"}}));
+  ExpectEachCellIsCompared(
+      EXPERIMENT, "Event\nName",
+      {"1", "2 (1, 1a)", "3 (1, 2a)", "4", "3 (1, 2a)", "3 (2, 2b)", "4", "3 (1, 2a)", "3 (3, 2c)",
+       "4", "3 (1, 2a)", "5", "6 (1, 3a)", "show trial that ends up in a NAME CLASH"});
 }
 
 TEST(ListExpansionAndFeedbacks01, FailsTwiceOnOneRowTooMany) {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/DataFile.h"
+#include "tests/support/FrameFailures.h"
 
 namespace Tests {
 namespace {
@@ -14,11 +15,6 @@ std::string MatchedOnly(int matches) {
                   std::to_string(matches) +
                   "/4 items. Either they were our of order or there were too few or too many or "
                   "something else went wrong.");
-}
-
-std::string BoundFailure(const std::string& name, const std::string& message) {
-  return Fail(name, "Experiment duration is weird. Too short or too long (see details below).",
-              EXPERIMENT, 228, message);
 }
 
 // A data file whose events have these names.
@@ -94,29 +90,16 @@ TEST(OneSublistExpRandomization, MatchesNothingWithoutItsColumn) {
 }
 
 TEST(OneSublistExpRandomization, ChecksTheBoundsAfterAFailure) {
-  EXPECT_EQ(
-      Presenting({"e (1, 1)", "e (2, 2)"}).SetDuration("399").SetExpansion("401").Failures(),
-      (Lines{MatchedOnly(2),
-             BoundFailure(
-                 "Experiment_duration_one_sublist_exp_randomization.om5",
-                 "Expected a duration between 400 and 5200. Instead, we got a duration of 399."),
-             BoundFailure(
-                 "Expansion_duration_one_sublist_exp_randomization.om5",
-                 "Expected a duration between 0 and 400. Instead, we got a duration of 401.")}));
+  EXPECT_EQ(Presenting({"e (1, 1)", "e (2, 2)"}).SetDuration("399").SetExpansion("401").Failures(),
+            (Lines{MatchedOnly(2), DurationOutOfBounds(EXPERIMENT, 400, 5200, "399"),
+                   ExpansionOutOfBounds(EXPERIMENT, 0, 400, "401")}));
 }
 
 TEST(OneSublistExpRandomization, AsksTheTwoMachinesBoundsInOrder) {
-  EXPECT_EQ(
-      DataFile::Sample(EXPERIMENT).SetDuration("399").Failures(BOTH_MACHINES),
-      (Lines{BoundFailure(
-                 "Experiment_duration_one_sublist_exp_randomization.om5",
-                 "Expected a duration between 410 and 500. Instead, we got a duration of 399."),
-             BoundFailure(
-                 "Experiment_duration_one_sublist_exp_randomization.om5",
-                 "Expected a duration between 400 and 11600. Instead, we got a duration of 399."),
-             BoundFailure(
-                 "Expansion_duration_one_sublist_exp_randomization.om5",
-                 "Expected a duration between 200 and 300. Instead, we got a duration of 64.")}));
+  EXPECT_EQ(DataFile::Sample(EXPERIMENT).SetDuration("399").Failures(BOTH_MACHINES),
+            (Lines{DurationOutOfBounds(EXPERIMENT, 410, 500, "399"),
+                   DurationOutOfBounds(EXPERIMENT, 400, 11600, "399"),
+                   ExpansionOutOfBounds(EXPERIMENT, 200, 300, "64")}));
 }
 
 TEST(OneSublistExpRandomization, WalksTheListAnewForEachFile) {

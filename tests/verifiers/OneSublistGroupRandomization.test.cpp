@@ -1,24 +1,14 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/DataFile.h"
+#include "tests/support/FrameFailures.h"
 #include "tests/support/TodayIs.h"
+#include "tests/support/VerbatimFailures.h"
 
 namespace Tests {
 namespace {
 
 const char* const EXPERIMENT = "one_sublist_group_randomization.om5";
-
-std::string ContentFailure(size_t row, const std::string& expected) {
-  return Fail("Data_appears_completely_and_in_order",
-              "Mismatch in the ordering of data cells in datafile.", EXPERIMENT, 144,
-              "At datafile row index " + std::to_string(row) + " we expected {" + expected +
-                  "}, but that was not the actual content.");
-}
-
-std::string BoundFailure(const std::string& name, const std::string& message) {
-  return Fail(name, "Experiment duration is weird. Too short or too long (see details below).",
-              EXPERIMENT, 228, message);
-}
 
 // What the host draws on the Mac until the first of March 2016.
 DataFile TemporaryFile() {
@@ -48,7 +38,7 @@ TEST(OneSublistGroupRandomization, ComparesTheTemporaryListAloneUntilTheLastDayO
                    "pass Expansion_duration_one_sublist_group_randomization.om5",
                    "pass __TIMING__TRACKING__one_sublist_group_randomization.om5__414_ms",
                    "pass __EXPANSION__TRACKING__one_sublist_group_randomization.om5__61_ms"}));
-  EXPECT_EQ(DataFile::Sample(EXPERIMENT).Failures(), Lines{ContentFailure(0, "e (1, 1)")});
+  EXPECT_EQ(DataFile::Sample(EXPERIMENT).Failures(), Lines{CellDiffers(EXPERIMENT, 0, "e (1, 1)")});
 }
 
 TEST(OneSublistGroupRandomization, ComparesTheTemporaryListLongBeforeTheDateToo) {
@@ -59,11 +49,11 @@ TEST(OneSublistGroupRandomization, ComparesTheTemporaryListLongBeforeTheDateToo)
 TEST(OneSublistGroupRandomization, ComparesTheRegularListFromTheFirstOfMarchOn) {
   {
     const TodayIs today(2016, 3, 1);
-    EXPECT_EQ(TemporaryFile().Failures(), Lines{ContentFailure(0, "e (2, 2)")});
+    EXPECT_EQ(TemporaryFile().Failures(), Lines{CellDiffers(EXPERIMENT, 0, "e (2, 2)")});
   }
   {
     const TodayIs today(2031, 1, 15);
-    EXPECT_EQ(TemporaryFile().Failures(), Lines{ContentFailure(0, "e (2, 2)")});
+    EXPECT_EQ(TemporaryFile().Failures(), Lines{CellDiffers(EXPERIMENT, 0, "e (2, 2)")});
   }
 }
 
@@ -73,7 +63,7 @@ TEST(OneSublistGroupRandomization, FailsOnEachWrongCell) {
   ASSERT_EQ(sample.RowCount(), 4u);
   for (size_t row = 0; row < sample.RowCount(); ++row) {
     EXPECT_EQ(DataFile(sample).Set(row, "Event\nName", "e").Failures(),
-              Lines{ContentFailure(row, sample.Cell(row, "Event\nName"))});
+              Lines{CellDiffers(EXPERIMENT, row, sample.Cell(row, "Event\nName"))});
   }
 }
 
@@ -82,57 +72,43 @@ TEST(OneSublistGroupRandomization, FailsOnEachWrongCellOfTheTemporaryList) {
   const DataFile file = TemporaryFile();
   for (size_t row = 0; row < file.RowCount(); ++row) {
     EXPECT_EQ(DataFile(file).Set(row, "Event\nName", "e").Failures(),
-              Lines{ContentFailure(row, file.Cell(row, "Event\nName"))});
+              Lines{CellDiffers(EXPERIMENT, row, file.Cell(row, "Event\nName"))});
   }
 }
 
 TEST(OneSublistGroupRandomization, FailsOnOneRowTooMany) {
   EXPECT_EQ(DataFile::Sample(EXPERIMENT).RepeatLastRow().Failures(),
-            Lines{Fail("Correct_quantity_of_data_cells", "Too many data cells. More than expected.",
-                       EXPERIMENT, 89, "No extra info.")});
+            Lines{TooManyCells(EXPERIMENT)});
 }
 
 TEST(OneSublistGroupRandomization, FailsOnOneRowTooFew) {
   EXPECT_EQ(DataFile::Sample(EXPERIMENT).KeepRows(3).SetDuration("414").Failures(),
-            Lines{Fail("Correct_quantity_of_data_cells", "Too few data cells. Fewer than expected.",
-                       EXPERIMENT, 98, "No extra info.")});
+            Lines{TooFewCells(EXPERIMENT)});
 }
 
 TEST(OneSublistGroupRandomization, FailsWithoutItsColumn) {
   const TodayIs today(2016, 3, 1);
   EXPECT_EQ(DataFile::Sample(EXPERIMENT).RemoveColumn("Event\nName").Failures(),
-            Lines{ContentFailure(0, "e (2, 2)")});
+            Lines{CellDiffers(EXPERIMENT, 0, "e (2, 2)")});
 }
 
 TEST(OneSublistGroupRandomization, ChecksTheBoundsAfterAFailure) {
   const TodayIs today(2016, 3, 1);
-  EXPECT_EQ(
-      DataFile::Sample(EXPERIMENT)
-          .Set(3, "Event\nName", "e (1, 1)")
-          .SetDuration("5201")
-          .SetExpansion("401")
-          .Failures(),
-      (Lines{ContentFailure(3, "e (5, 5)"),
-             BoundFailure(
-                 "Experiment_duration_one_sublist_group_randomization.om5",
-                 "Expected a duration between 400 and 5200. Instead, we got a duration of 5201."),
-             BoundFailure(
-                 "Expansion_duration_one_sublist_group_randomization.om5",
-                 "Expected a duration between 0 and 400. Instead, we got a duration of 401.")}));
+  EXPECT_EQ(DataFile::Sample(EXPERIMENT)
+                .Set(3, "Event\nName", "e (1, 1)")
+                .SetDuration("5201")
+                .SetExpansion("401")
+                .Failures(),
+            (Lines{CellDiffers(EXPERIMENT, 3, "e (5, 5)"),
+                   DurationOutOfBounds(EXPERIMENT, 400, 5200, "5201"),
+                   ExpansionOutOfBounds(EXPERIMENT, 0, 400, "401")}));
 }
 
 TEST(OneSublistGroupRandomization, AsksTheTwoMachinesBoundsInOrder) {
-  EXPECT_EQ(
-      DataFile::Sample(EXPERIMENT).SetDuration("399").Failures(BOTH_MACHINES),
-      (Lines{BoundFailure(
-                 "Experiment_duration_one_sublist_group_randomization.om5",
-                 "Expected a duration between 410 and 500. Instead, we got a duration of 399."),
-             BoundFailure(
-                 "Experiment_duration_one_sublist_group_randomization.om5",
-                 "Expected a duration between 400 and 11600. Instead, we got a duration of 399."),
-             BoundFailure(
-                 "Expansion_duration_one_sublist_group_randomization.om5",
-                 "Expected a duration between 190 and 250. Instead, we got a duration of 61.")}));
+  EXPECT_EQ(DataFile::Sample(EXPERIMENT).SetDuration("399").Failures(BOTH_MACHINES),
+            (Lines{DurationOutOfBounds(EXPERIMENT, 410, 500, "399"),
+                   DurationOutOfBounds(EXPERIMENT, 400, 11600, "399"),
+                   ExpansionOutOfBounds(EXPERIMENT, 190, 250, "61")}));
 }
 
 // The list is chosen for each file, not once for all.

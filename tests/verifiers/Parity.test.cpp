@@ -17,6 +17,7 @@
 #include "plugin/DataHookOutputTestingPluginImpl.h"
 #include "plugin/Interface_SpecificIndividualTestVerifier.h"
 #include "tests/BuildPaths.h"
+#include "tests/support/DataFile.h"
 #include "tests/support/Files.h"
 #include "tests/support/Process.h"
 
@@ -48,6 +49,14 @@ std::vector<Entry> Manifest() {
                        entry.at("tolerated_failures")});
   }
   return entries;
+}
+
+// The test names that an entry lists behind one another.
+Names ToleratedFailures(const Entry& entry) {
+  Names names;
+  std::istringstream list(entry.toleratedFailures);
+  for (std::string name; std::getline(list >> std::ws, name, ',');) names.insert(name);
+  return names;
 }
 
 Names ManifestClasses() {
@@ -168,6 +177,37 @@ TEST(Parity, EachVerifierHasTheBaseAndTheFlagOfItsSource) {
               std::string::npos)
         << path << " does not define its verifier with the flag " << flag;
   }
+}
+
+// What the words of a failure that a correct host can cause by chance have in common.
+bool SaysThatItMayFailByChance(const std::string& source) {
+  for (const char* const words : {"PERMISSIBLY", "VERY RARELY", "SLIM RARE", "ok to rarely fail"}) {
+    if (source.find(words) != std::string::npos) return true;
+  }
+  return false;
+}
+
+TEST(Parity, EachToleratedFailureIsOfATestOfItsVerifier) {
+  for (const Entry& entry : Manifest()) {
+    const Lines lines = DataFile::Sample(entry.experiment).Verify();
+    const Names recorded(lines.begin(), lines.end());
+    for (const std::string& name : ToleratedFailures(entry)) {
+      EXPECT_EQ(recorded.count("pass " + name), 1u)
+          << entry.className << " records no test " << name << " on its sample";
+    }
+  }
+}
+
+TEST(Parity, TheVerifiersThatMayFailByChanceAreThoseWithToleratedFailures) {
+  Names tolerating;
+  Names saying;
+  for (const Entry& entry : Manifest()) {
+    if (!ToleratedFailures(entry).empty()) tolerating.insert(entry.className);
+    if (SaysThatItMayFailByChance(ReadFile(ROOT + "/verifiers/" + entry.className + ".cpp"))) {
+      saying.insert(entry.className);
+    }
+  }
+  ExpectSame(tolerating, saying, "the words of a failure by chance in verifiers/*.cpp");
 }
 
 TEST(Parity, TwoVerifiersExpectNoReadableDataFile) {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/DataFile.h"
+#include "tests/support/FrameFailures.h"
 
 namespace Tests {
 namespace {
@@ -160,14 +161,8 @@ TEST(TestAllBTERandomizationOptionsAllowedInV4, ChecksTheBoundsAfterAllFailures)
       file.SetDuration("2501").SetExpansion("5001").Failures(),
       (Lines{TRIALS_ONCE_PER_RUN_FAILED, TRIALS_ONCE_PER_GROUP_FAILED, TRIALS_EVERY_TIME_FAILED,
              EVENTS_ONCE_PER_RUN_FAILED, EVENTS_ONCE_PER_GROUP_FAILED, EVENTS_EVERY_TIME_FAILED,
-             Fail("Experiment_duration_2011-06-17_test_all_randomization_for_case_983.om4",
-                  "Experiment duration is weird. Too short or too long (see details below).",
-                  EXPERIMENT, 228,
-                  "Expected a duration between 780 and 2500. Instead, we got a duration of 2501."),
-             Fail("Expansion_duration_2011-06-17_test_all_randomization_for_case_983.om4",
-                  "Experiment duration is weird. Too short or too long (see details below).",
-                  EXPERIMENT, 228,
-                  "Expected a duration between 0 and 5000. Instead, we got a duration of 5001.")}));
+             DurationOutOfBounds(EXPERIMENT, 780, 2500, "2501"),
+             ExpansionOutOfBounds(EXPERIMENT, 0, 5000, "5001")}));
 }
 
 TEST(TestAllBTERandomizationOptionsAllowedInV4, KeepsNothingFromOneFileForTheNext) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "tests/support/DataFile.h"
+#include "tests/support/FrameFailures.h"
 
 namespace Tests {
 namespace {
@@ -464,15 +465,8 @@ TEST(TestCrossedUnpairedPairedLists, ReportsAnyNumberThatIsMissingThoughThereAre
 TEST(TestCrossedUnpairedPairedLists, TestsTheBoundsAfterFailures) {
   EXPECT_EQ(
       WithNumbers(Sample(), TRIAL_4, "1234567").SetDuration("2501").SetExpansion("9").Failures(),
-      (Lines{NOT_SHUFFLED_4,
-             Fail("Experiment_duration_2013-09-27_list_access_pair_unpair_cross.om5",
-                  "Experiment duration is weird. Too short or too long (see details below).",
-                  EXPERIMENT, 228,
-                  "Expected a duration between 1450 and 2500. Instead, we got a duration of 2501."),
-             Fail("Expansion_duration_2013-09-27_list_access_pair_unpair_cross.om5",
-                  "Experiment duration is weird. Too short or too long (see details below).",
-                  EXPERIMENT, 228,
-                  "Expected a duration between 10 and 55. Instead, we got a duration of 9.")}));
+      (Lines{NOT_SHUFFLED_4, DurationOutOfBounds(EXPERIMENT, 1450, 2500, "2501"),
+             ExpansionOutOfBounds(EXPERIMENT, 10, 55, "9")}));
 }
 
 TEST(TestCrossedUnpairedPairedLists, ForgetsTheTrialsOfTheFileBefore) {

@@ -28,11 +28,14 @@ TEST(TestFourWaysChangeTags, AcceptsAnyRunTime) {
 }
 
 TEST(TestFourWaysChangeTags, ComparesEachCellOfTheEventsTag) {
-  ExpectEachCellIsCompared(EXPERIMENT, "event_set");
+  ExpectEachCellIsCompared(EXPERIMENT, "event_set",
+                           {"", "set_by_event_first_time",
+                            "set_by_event_first_time (event)|set_by_trial_2nd_time (trial)"});
 }
 
 TEST(TestFourWaysChangeTags, ComparesEachCellOfTheTrialsTag) {
-  ExpectEachCellIsCompared(EXPERIMENT, "trial_set");
+  ExpectEachCellIsCompared(EXPERIMENT, "trial_set",
+                           {"", "set_by_event_first_time", "set_by_trial_2nd_time"});
 }
 
 TEST(TestFourWaysChangeTags, FailsOnAValueBeforeTheFirstChange) {

@@ -54,7 +54,15 @@ TEST(TestISI, PassesItsSampleWithoutABoundOnExpansion) {
 }
 
 TEST(TestISI, FailsOnAChangeOfAnyComparedCell) {
-  ExpectEachCellIsCompared(EXPERIMENT, "Event\nName");
+  ExpectEachCellIsCompared(
+      EXPERIMENT, "Event\nName",
+      {"timestamp-002", "timestamp-003", "timestamp-002", "timestamp-003", "timestamp-002",
+       "timestamp-003", "timestamp-002", "timestamp-003", "timestamp-002", "timestamp-003",
+       "timestamp-002", "timestamp-003", "timestamp-002", "timestamp-003", "timestamp-002",
+       "timestamp-003", "timestamp-002", "timestamp-003", "timestamp-002", "timestamp-003",
+       "timestamp-002", "timestamp-003", "timestamp-002", "timestamp-003", "timestamp-002",
+       "timestamp-003", "timestamp-002", "timestamp-003", "timestamp-002", "timestamp-003",
+       "timestamp-002", "timestamp-003", "timestamp-002", "timestamp-003"});
 }
 
 TEST(TestISI, AllowsEachInterval5MsEitherWay) {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/DataFile.h"
+#include "tests/support/FrameFailures.h"
 #include "tests/support/VerbatimFailures.h"
 
 namespace Tests {
@@ -46,11 +47,18 @@ TEST(TestImportV4VarsIntoOM5, PassesItsSample) {
 }
 
 TEST(TestImportV4VarsIntoOM5, ComparesEachEvent) {
-  ExpectEachCellIsCompared(EXPERIMENT, "Event\nName");
+  ExpectEachCellIsCompared(
+      EXPERIMENT, "Event\nName",
+      {"1",          "2",          "1",          "1",          "2",          "color 1",
+       "color 2",    "color 3",    "color 4",    "color 5",    "color 1",    "color 2",
+       "color 3",    "color 4",    "color 5",    "position 1", "position 2", "position 3",
+       "position 3", "position 4", "position 5", "position 1", "position 2", "position 5"});
 }
 
 TEST(TestImportV4VarsIntoOM5, ComparesEachTimeout) {
-  ExpectEachCellIsCompared(EXPERIMENT, "timeout\n(Trial Variable)");
+  ExpectEachCellIsCompared(EXPERIMENT, "timeout\n(Trial Variable)",
+                           {"30", "40", "50", "60", "30", "",   "",   "",   "",   "",   "",  "", "",
+                            "",   "",   "40", "50", "60", "30", "40", "50", "60", "30", "40"});
 }
 
 TEST(TestImportV4VarsIntoOM5, AcceptsTheFourSequencesThatTwoBlocksCanDraw) {
@@ -119,25 +127,17 @@ TEST(TestImportV4VarsIntoOM5, LooksAtNoColorOrLocationOutsideTheirRows) {
 }
 
 TEST(TestImportV4VarsIntoOM5, ChecksEverythingWhateverFailsBefore) {
-  EXPECT_EQ(
-      DataFile::Sample(EXPERIMENT)
-          .Set(0, "Event\nName", "2")
-          .Set(5, "timeout\n(Trial Variable)", "30")
-          .Set(6, COLOR, "blue")
-          .Set(23, LOCATION, "")
-          .SetDuration("709")
-          .SetExpansion("5001")
-          .Failures(),
-      (Lines{CellDiffers(EXPERIMENT, 0, "1"), CellDiffers(EXPERIMENT, 5, ""), COLORS_FAILED,
-             LOCATIONS_FAILED,
-             Fail("Experiment_duration_2013-10-21_import_v4_trial_vars.om4",
-                  "Experiment duration is weird. Too short or too long (see details below).",
-                  EXPERIMENT, 228,
-                  "Expected a duration between 710 and 1200. Instead, we got a duration of 709."),
-             Fail("Expansion_duration_2013-10-21_import_v4_trial_vars.om4",
-                  "Experiment duration is weird. Too short or too long (see details below).",
-                  EXPERIMENT, 228,
-                  "Expected a duration between 0 and 5000. Instead, we got a duration of 5001.")}));
+  EXPECT_EQ(DataFile::Sample(EXPERIMENT)
+                .Set(0, "Event\nName", "2")
+                .Set(5, "timeout\n(Trial Variable)", "30")
+                .Set(6, COLOR, "blue")
+                .Set(23, LOCATION, "")
+                .SetDuration("709")
+                .SetExpansion("5001")
+                .Failures(),
+            (Lines{CellDiffers(EXPERIMENT, 0, "1"), CellDiffers(EXPERIMENT, 5, ""), COLORS_FAILED,
+                   LOCATIONS_FAILED, DurationOutOfBounds(EXPERIMENT, 710, 1200, "709"),
+                   ExpansionOutOfBounds(EXPERIMENT, 0, 5000, "5001")}));
 }
 
 TEST(TestImportV4VarsIntoOM5, FailsOnlyTheLengthsOnOneRowTooMany) {

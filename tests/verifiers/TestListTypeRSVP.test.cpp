@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/DataFile.h"
+#include "tests/support/FrameFailures.h"
 #include "tests/support/VerbatimFailures.h"
 
 namespace Tests {
@@ -21,9 +22,34 @@ TEST(TestListTypeRSVP, PassesItsSample) {
   EXPECT_EQ(DataFile::Sample(EXPERIMENT).Verify(), PASSING);
 }
 
-TEST(TestListTypeRSVP, ComparesEachEvent) { ExpectEachCellIsCompared(EXPERIMENT, "Event\nName"); }
+TEST(TestListTypeRSVP, ComparesEachEvent) {
+  ExpectEachCellIsCompared(
+      EXPERIMENT, "Event\nName",
+      {R"([SubEvent 1] a (3, (3) a a b b\(3) two))", R"([SubEvent 2] a (3, (3) a a b b\(3) two))",
+       R"([SubEvent 1] a (1, (1) aaa\(1) bbb\(1) ccc))",
+       R"([SubEvent 2] a (1, (1) aaa\(1) bbb\(1) ccc))",
+       R"([SubEvent 3] a (1, (1) aaa\(1) bbb\(1) ccc))",
+       R"([SubEvent 1] a (4, (4) d d e e\(4) three))",
+       R"([SubEvent 2] a (4, (4) d d e e\(4) three))", R"([SubEvent 1] a (2, (2) ddd\(2) eee))",
+       R"([SubEvent 2] a (2, (2) ddd\(2) eee))", R"([SubEvent 1] b (4, (4) d d e e\(4) three))",
+       R"([SubEvent 2] b (4, (4) d d e e\(4) three))", R"([SubEvent 1] b (2, (2) ddd\(2) eee))",
+       R"([SubEvent 2] b (2, (2) ddd\(2) eee))", R"([SubEvent 1] b (1, (1) aaa\(1) bbb\(1) ccc))",
+       R"([SubEvent 2] b (1, (1) aaa\(1) bbb\(1) ccc))",
+       R"([SubEvent 3] b (1, (1) aaa\(1) bbb\(1) ccc))",
+       R"([SubEvent 1] b (3, (3) a a b b\(3) two))", R"([SubEvent 2] b (3, (3) a a b b\(3) two))"});
+}
 
-TEST(TestListTypeRSVP, ComparesEachTrial) { ExpectEachCellIsCompared(EXPERIMENT, "Trial\nName"); }
+TEST(TestListTypeRSVP, ComparesEachTrial) {
+  ExpectEachCellIsCompared(EXPERIMENT, "Trial\nName",
+                           Cells({{2, "a - random PER GROUP, 3"},
+                                  {3, "a - random PER GROUP, 1"},
+                                  {2, "a - random PER GROUP, 4"},
+                                  {2, "a - random PER GROUP, 2"},
+                                  {2, "b - random PER GROUP, 4"},
+                                  {2, "b - random PER GROUP, 2"},
+                                  {3, "b - random PER GROUP, 1"},
+                                  {2, "b - random PER GROUP, 3"}}));
+}
 
 TEST(TestListTypeRSVP, TakesABackslashForASingleCharacter) {
   EXPECT_EQ(DataFile::Sample(EXPERIMENT)
@@ -42,23 +68,16 @@ TEST(TestListTypeRSVP, FailsOnSegmentsThatChangedPlaces) {
 }
 
 TEST(TestListTypeRSVP, ReportsBothColumnsAndTheBounds) {
-  EXPECT_EQ(
-      DataFile::Sample(EXPERIMENT)
-          .Set(17, "Event\nName", "?")
-          .Set(9, "Trial\nName", "a - random PER GROUP, 4")
-          .SetDuration("461")
-          .SetExpansion("41")
-          .Failures(),
-      (Lines{CellDiffers(EXPERIMENT, 17, R"([SubEvent 2] b (3, (3) a a b b\(3) two))"),
-             CellDiffers(EXPERIMENT, 9, "b - random PER GROUP, 4"),
-             Fail("Experiment_duration_2014-08-14_list_SPR_and_RSVP.om5",
-                  "Experiment duration is weird. Too short or too long (see details below).",
-                  EXPERIMENT, 228,
-                  "Expected a duration between 396 and 460. Instead, we got a duration of 461."),
-             Fail("Expansion_duration_2014-08-14_list_SPR_and_RSVP.om5",
-                  "Experiment duration is weird. Too short or too long (see details below).",
-                  EXPERIMENT, 228,
-                  "Expected a duration between 5 and 40. Instead, we got a duration of 41.")}));
+  EXPECT_EQ(DataFile::Sample(EXPERIMENT)
+                .Set(17, "Event\nName", "?")
+                .Set(9, "Trial\nName", "a - random PER GROUP, 4")
+                .SetDuration("461")
+                .SetExpansion("41")
+                .Failures(),
+            (Lines{CellDiffers(EXPERIMENT, 17, R"([SubEvent 2] b (3, (3) a a b b\(3) two))"),
+                   CellDiffers(EXPERIMENT, 9, "b - random PER GROUP, 4"),
+                   DurationOutOfBounds(EXPERIMENT, 396, 460, "461"),
+                   ExpansionOutOfBounds(EXPERIMENT, 5, 40, "41")}));
 }
 
 TEST(TestListTypeRSVP, FailsOnAnyOtherLength) {

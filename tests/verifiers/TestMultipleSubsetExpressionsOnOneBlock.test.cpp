@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "tests/support/DataFile.h"
+#include "tests/support/FrameFailures.h"
 
 namespace Tests {
 namespace {
@@ -208,23 +209,16 @@ TEST(TestMultipleSubsetExpressionsOnOneBlockDeathTest, SearchesWithoutEndForAFli
 }
 
 TEST(TestMultipleSubsetExpressionsOnOneBlock, ChecksTheBoundsAfterAllFailures) {
-  EXPECT_EQ(
-      WithCuesOf("cues left")
-          .RepeatLastRow()
-          .Set(7, BLOCK, "coinflips")
-          .Set(6, EVENT_TAG, "")
-          .SetDuration("381")
-          .SetExpansion("56")
-          .Failures(),
-      (Lines{ROW_COUNT_FAILED, FLIPS_FAILED, VARIETY_FAILED, CODES_FAILED,
-             Fail("Experiment_duration_2012-12-20_test_reset_the_subset.om5",
-                  "Experiment duration is weird. Too short or too long (see details below).",
-                  EXPERIMENT, 228,
-                  "Expected a duration between 83 and 380. Instead, we got a duration of 381."),
-             Fail("Expansion_duration_2012-12-20_test_reset_the_subset.om5",
-                  "Experiment duration is weird. Too short or too long (see details below).",
-                  EXPERIMENT, 228,
-                  "Expected a duration between 10 and 55. Instead, we got a duration of 56.")}));
+  EXPECT_EQ(WithCuesOf("cues left")
+                .RepeatLastRow()
+                .Set(7, BLOCK, "coinflips")
+                .Set(6, EVENT_TAG, "")
+                .SetDuration("381")
+                .SetExpansion("56")
+                .Failures(),
+            (Lines{ROW_COUNT_FAILED, FLIPS_FAILED, VARIETY_FAILED, CODES_FAILED,
+                   DurationOutOfBounds(EXPERIMENT, 83, 380, "381"),
+                   ExpansionOutOfBounds(EXPERIMENT, 10, 55, "56")}));
 }
 
 // The first time counts within one file.

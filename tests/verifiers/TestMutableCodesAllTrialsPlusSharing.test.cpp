@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/DataFile.h"
+#include "tests/support/FrameFailures.h"
 #include "tests/support/VerbatimFailures.h"
 
 namespace Tests {
@@ -23,11 +24,36 @@ TEST(TestMutableCodesAllTrialsPlusSharing, PassesItsSample) {
 }
 
 TEST(TestMutableCodesAllTrialsPlusSharing, ComparesEachCellOfTheFirstBlocksCode) {
-  ExpectEachCellIsCompared(EXPERIMENT, "for_b1");
+  ExpectEachCellIsCompared(EXPERIMENT, "for_b1",
+                           Cells({{5, ""},
+                                  {2, "red"},
+                                  {1, ""},
+                                  {4, "red"},
+                                  {1, ""},
+                                  {2, "red"},
+                                  {1, ""},
+                                  {4, "red"},
+                                  {1, ""},
+                                  {2, "red"},
+                                  {1, ""},
+                                  {4, "red"},
+                                  {1, ""},
+                                  {2, "red"},
+                                  {1, ""}}));
 }
 
 TEST(TestMutableCodesAllTrialsPlusSharing, ComparesEachCellOfTheSecondBlocksCode) {
-  ExpectEachCellIsCompared(EXPERIMENT, "for_b2");
+  ExpectEachCellIsCompared(EXPERIMENT, "for_b2",
+                           Cells({{7, "8765"},
+                                  {1, ""},
+                                  {7, "8765"},
+                                  {1, ""},
+                                  {2, "8765"},
+                                  {5, "0000"},
+                                  {1, ""},
+                                  {2, "8765"},
+                                  {5, "0000"},
+                                  {1, ""}}));
 }
 
 TEST(TestMutableCodesAllTrialsPlusSharing, FailsOnACodeThatWasNotChanged) {
@@ -41,17 +67,13 @@ TEST(TestMutableCodesAllTrialsPlusSharing, FailsOnAValueBehindTheLastRowOfAGroup
 }
 
 TEST(TestMutableCodesAllTrialsPlusSharing, ReportsBothColumnsAndTheBounds) {
-  EXPECT_EQ(
-      DataFile::Sample(EXPERIMENT)
-          .Set(4, "for_b1", "red")
-          .Set(31, "for_b2", "0000")
-          .SetDuration("301")
-          .Failures(),
-      (Lines{CellDiffers(EXPERIMENT, 4, ""), CellDiffers(EXPERIMENT, 31, ""),
-             Fail("Experiment_duration_trl_shared_in_blks_plus_change_code_for_TIB.om4",
-                  "Experiment duration is weird. Too short or too long (see details below).",
-                  EXPERIMENT, 228,
-                  "Expected a duration between 30 and 300. Instead, we got a duration of 301.")}));
+  EXPECT_EQ(DataFile::Sample(EXPERIMENT)
+                .Set(4, "for_b1", "red")
+                .Set(31, "for_b2", "0000")
+                .SetDuration("301")
+                .Failures(),
+            (Lines{CellDiffers(EXPERIMENT, 4, ""), CellDiffers(EXPERIMENT, 31, ""),
+                   DurationOutOfBounds(EXPERIMENT, 30, 300, "301")}));
 }
 
 TEST(TestMutableCodesAllTrialsPlusSharing, FailsOnAnyOtherLength) {

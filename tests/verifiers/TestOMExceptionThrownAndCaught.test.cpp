@@ -40,7 +40,12 @@ TEST(TestOMExceptionThrownAndCaught, ComparesTheAwkwardNamesExactly) {
 }
 
 TEST(TestOMExceptionThrownAndCaught, FailsOnAChangeOfAnyComparedCell) {
-  ExpectEachCellIsCompared(EXPERIMENT, "Trial\nName");
+  ExpectEachCellIsCompared(
+      EXPERIMENT, "Trial\nName",
+      {"a\\a/a:a*a?a\"a<a>a|aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa",
+       "bbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbbb", "cccccccccccccccccccccccccccccccccccccccc, 1",
+       "cccccccccccccccccccccccccccccccccccccccc, 1", "cccccccccccccccccccccccccccccccccccccccc, 1",
+       "cccccccccccccccccccccccccccccccccccccccc, 1"});
 }
 
 TEST(TestOMExceptionThrownAndCaught, FailsOnAWrongNumberOfRows) {

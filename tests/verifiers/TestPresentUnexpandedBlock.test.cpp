@@ -24,7 +24,7 @@ TEST(TestPresentUnexpandedBlock, PassesItsSampleWithoutBounds) {
 }
 
 TEST(TestPresentUnexpandedBlock, FailsOnAChangeOfItsCell) {
-  ExpectEachCellIsCompared(EXPERIMENT, "Event\nName");
+  ExpectEachCellIsCompared(EXPERIMENT, "Event\nName", {"an event that runs"});
 }
 
 TEST(TestPresentUnexpandedBlock, FailsOnASecondRow) {

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/DataFile.h"
+#include "tests/support/FrameFailures.h"
+#include "tests/support/VerbatimFailures.h"
 
 namespace Tests {
 namespace {
@@ -23,18 +25,6 @@ const char* const COLUMNS[] = {"ten colors 1\n(Trial Variable)",
                                "EMPTY color\n(Trial Variable)"};
 const char* const NO_REPL_1 = COLUMNS[4];
 const char* const NO_REPL_2 = COLUMNS[5];
-
-std::string ContentFailure(size_t row, const std::string& expected) {
-  return Fail("Data_appears_completely_and_in_order",
-              "Mismatch in the ordering of data cells in datafile.", EXPERIMENT, 144,
-              "At datafile row index " + std::to_string(row) + " we expected {" + expected +
-                  "}, but that was not the actual content.");
-}
-
-std::string BoundFailure(const std::string& name, const std::string& message) {
-  return Fail(name, "Experiment duration is weird. Too short or too long (see details below).",
-              EXPERIMENT, 228, message);
-}
 
 TEST(TestRandomLevelsAndCountersAndRSVP, PassesItsSample) {
   EXPECT_EQ(
@@ -64,7 +54,7 @@ TEST(TestRandomLevelsAndCountersAndRSVP, FailsOnEachWrongCellOfEachColumn) {
     Lines failures;
     for (const char* const column : COLUMNS) {
       file.Set(row, column, "violet");
-      failures.push_back(ContentFailure(row, sample.Cell(row, column)));
+      failures.push_back(CellDiffers(EXPERIMENT, row, sample.Cell(row, column)));
     }
     EXPECT_EQ(file.Failures(), failures);
   }
@@ -74,7 +64,7 @@ TEST(TestRandomLevelsAndCountersAndRSVP, FailsOnOneWrongCellInOneColumnAlone) {
   const DataFile sample = DataFile::Sample(EXPERIMENT);
   for (const char* const column : COLUMNS) {
     EXPECT_EQ(DataFile(sample).Set(238, column, "violet").Failures(),
-              Lines{ContentFailure(238, sample.Cell(238, column))})
+              Lines{CellDiffers(EXPERIMENT, 238, sample.Cell(238, column))})
         << column;
   }
 }
@@ -84,10 +74,12 @@ TEST(TestRandomLevelsAndCountersAndRSVP, ComparesTheColumnsInOrderWhateverTheEar
   size_t row = 188;
   for (const char* const column : COLUMNS) file.Set(row++, column, "violet");
   EXPECT_EQ(file.Failures(),
-            (Lines{ContentFailure(188, ""), ContentFailure(189, ""), ContentFailure(190, ""),
-                   ContentFailure(191, "10"), ContentFailure(192, "06"), ContentFailure(193, "03"),
-                   ContentFailure(194, "01"), ContentFailure(195, "06"), ContentFailure(196, ""),
-                   ContentFailure(197, ""), ContentFailure(198, ""), ContentFailure(199, "")}));
+            (Lines{CellDiffers(EXPERIMENT, 188, ""), CellDiffers(EXPERIMENT, 189, ""),
+                   CellDiffers(EXPERIMENT, 190, ""), CellDiffers(EXPERIMENT, 191, "10"),
+                   CellDiffers(EXPERIMENT, 192, "06"), CellDiffers(EXPERIMENT, 193, "03"),
+                   CellDiffers(EXPERIMENT, 194, "01"), CellDiffers(EXPERIMENT, 195, "06"),
+                   CellDiffers(EXPERIMENT, 196, ""), CellDiffers(EXPERIMENT, 197, ""),
+                   CellDiffers(EXPERIMENT, 198, ""), CellDiffers(EXPERIMENT, 199, "")}));
 }
 
 // Cells that tell of the shape of the run, each typed by hand.
@@ -123,17 +115,13 @@ TEST(TestRandomLevelsAndCountersAndRSVP, ItsSampleHoldsTheLandmarksOfTheRun) {
 }
 
 TEST(TestRandomLevelsAndCountersAndRSVP, FailsTwelveTimesByTheLengthWithARowTooFew) {
-  EXPECT_EQ(
-      DataFile::Sample(EXPERIMENT).KeepRows(317).Failures(),
-      Lines(12, Fail("Correct_quantity_of_data_cells", "Too few data cells. Fewer than expected.",
-                     EXPERIMENT, 98, "No extra info.")));
+  EXPECT_EQ(DataFile::Sample(EXPERIMENT).KeepRows(317).Failures(),
+            Lines(12, TooFewCells(EXPERIMENT)));
 }
 
 TEST(TestRandomLevelsAndCountersAndRSVP, FailsTwelveTimesByTheLengthWithARowTooMany) {
-  EXPECT_EQ(
-      DataFile::Sample(EXPERIMENT).RepeatLastRow().Failures(),
-      Lines(12, Fail("Correct_quantity_of_data_cells", "Too many data cells. More than expected.",
-                     EXPERIMENT, 89, "No extra info.")));
+  EXPECT_EQ(DataFile::Sample(EXPERIMENT).RepeatLastRow().Failures(),
+            Lines(12, TooManyCells(EXPERIMENT)));
 }
 
 TEST(TestRandomLevelsAndCountersAndRSVP, LeavesNoContentTestAfterAWrongLength) {
@@ -148,19 +136,20 @@ TEST(TestRandomLevelsAndCountersAndRSVP, FailsOnALevelThatIsAppliedOneEventTooEa
   for (size_t group = 188; group < 236; group += 4) {
     file.Set(group, NO_REPL_2, file.Cell(group + 1, NO_REPL_2));
   }
-  EXPECT_EQ(file.Failures(), Lines{ContentFailure(188, "")});
+  EXPECT_EQ(file.Failures(), Lines{CellDiffers(EXPERIMENT, 188, "")});
 }
 
 TEST(TestRandomLevelsAndCountersAndRSVP, FailsOnAVariableInLockstepWithItsPartner) {
   DataFile file = DataFile::Sample(EXPERIMENT);
   file.SetColumn(NO_REPL_1, file.Column(NO_REPL_2));
-  EXPECT_EQ(file.Failures(), Lines{ContentFailure(188, "02")});
+  EXPECT_EQ(file.Failures(), Lines{CellDiffers(EXPERIMENT, 188, "02")});
 }
 
 TEST(TestRandomLevelsAndCountersAndRSVP, SeesTheEmptyTableUnchangedInAllItsUses) {
   DataFile wrong = DataFile::Sample(EXPERIMENT);
   wrong.Set(0, COLUMNS[1], "red").Set(100, COLUMNS[10], "01").Set(317, COLUMNS[11], "blue");
-  const Lines failures = {ContentFailure(0, ""), ContentFailure(100, ""), ContentFailure(317, "")};
+  const Lines failures = {CellDiffers(EXPERIMENT, 0, ""), CellDiffers(EXPERIMENT, 100, ""),
+                          CellDiffers(EXPERIMENT, 317, "")};
   EXPECT_EQ(wrong.Failures(), failures);
   EXPECT_EQ(DataFile::Sample(EXPERIMENT).Failures(), Lines{});
   EXPECT_EQ(wrong.Failures(), failures);
@@ -170,39 +159,27 @@ TEST(TestRandomLevelsAndCountersAndRSVP, FailsWithoutAnyOfItsColumns) {
   const DataFile sample = DataFile::Sample(EXPERIMENT);
   for (const char* const column : COLUMNS) {
     EXPECT_EQ(DataFile(sample).RemoveColumn(column).Failures(),
-              Lines{ContentFailure(0, sample.Cell(0, column))})
+              Lines{CellDiffers(EXPERIMENT, 0, sample.Cell(0, column))})
         << column;
   }
 }
 
 TEST(TestRandomLevelsAndCountersAndRSVP, ChecksTheBoundsAfterAFailure) {
-  EXPECT_EQ(
-      DataFile::Sample(EXPERIMENT)
-          .Set(107, COLUMNS[0], "red")
-          .SetDuration("3201")
-          .SetExpansion("49")
-          .Failures(),
-      (Lines{ContentFailure(107, "yellow"),
-             BoundFailure(
-                 "Experiment_duration_2013-10-21_randomize_opts_TrialVars_RSVP_SPR.om5",
-                 "Expected a duration between 2200 and 3200. Instead, we got a duration of 3201."),
-             BoundFailure(
-                 "Expansion_duration_2013-10-21_randomize_opts_TrialVars_RSVP_SPR.om5",
-                 "Expected a duration between 50 and 150. Instead, we got a duration of 49.")}));
+  EXPECT_EQ(DataFile::Sample(EXPERIMENT)
+                .Set(107, COLUMNS[0], "red")
+                .SetDuration("3201")
+                .SetExpansion("49")
+                .Failures(),
+            (Lines{CellDiffers(EXPERIMENT, 107, "yellow"),
+                   DurationOutOfBounds(EXPERIMENT, 2200, 3200, "3201"),
+                   ExpansionOutOfBounds(EXPERIMENT, 50, 150, "49")}));
 }
 
 TEST(TestRandomLevelsAndCountersAndRSVP, AsksTheTwoMachinesBoundsInOrder) {
-  EXPECT_EQ(
-      DataFile::Sample(EXPERIMENT).SetDuration("2250").Failures(BOTH_MACHINES),
-      (Lines{BoundFailure(
-                 "Experiment_duration_2013-10-21_randomize_opts_TrialVars_RSVP_SPR.om5",
-                 "Expected a duration between 2300 and 18000. Instead, we got a duration of 2250."),
-             BoundFailure(
-                 "Experiment_duration_2013-10-21_randomize_opts_TrialVars_RSVP_SPR.om5",
-                 "Expected a duration between 3000 and 3700. Instead, we got a duration of 2250."),
-             BoundFailure(
-                 "Expansion_duration_2013-10-21_randomize_opts_TrialVars_RSVP_SPR.om5",
-                 "Expected a duration between 700 and 900. Instead, we got a duration of 96.")}));
+  EXPECT_EQ(DataFile::Sample(EXPERIMENT).SetDuration("2250").Failures(BOTH_MACHINES),
+            (Lines{DurationOutOfBounds(EXPERIMENT, 2300, 18000, "2250"),
+                   DurationOutOfBounds(EXPERIMENT, 3000, 3700, "2250"),
+                   ExpansionOutOfBounds(EXPERIMENT, 700, 900, "96")}));
 }
 
 }  // namespace

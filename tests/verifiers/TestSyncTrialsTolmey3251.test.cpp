@@ -7,6 +7,7 @@
 #include <cstdlib>
 
 #include "tests/support/DataFile.h"
+#include "tests/support/FrameFailures.h"
 
 namespace Tests {
 namespace {
@@ -166,16 +167,12 @@ TEST(TestSyncTrialsTolmey3251, KeepsATimeThatIsNoNumberAsZero) {
 
 TEST(TestSyncTrialsTolmey3251, ReportsEachRowWithoutTheTimeColumn) {
   const DataFile file = FileOf({"the", "b (1)"}).RenameColumn(TIME, "Some\nTime");
-  EXPECT_EQ(
-      Failures(file),
-      (Lines{NON_NUMERIC, NON_NUMERIC, NON_NUMERIC, NON_NUMERIC, NON_NUMERIC, NON_NUMERIC,
-             ContentCheck(1, 330), ContentCheck(2, 340), ContentCheck(3, 350), ContentCheck(4, 360),
-             ContentCheck(5, 370), ContentCheck(7, 390), ContentCheck(8, 400),
-             BadTimestamp(1, 0, 0, 300, 300), BadTimestamp(2, 0, 0, 400, 400),
-             Fail("__TIMING__TRACKING__UNAVAILABLE__2014-06-16_sync_trials.om5",
-                  "Please add the Cumulative Time column to the output.", EXPERIMENT, 326,
-                  "We cannot monitor run-time duration without having the Cum Time column "
-                  "available.")}));
+  EXPECT_EQ(Failures(file),
+            (Lines{NON_NUMERIC, NON_NUMERIC, NON_NUMERIC, NON_NUMERIC, NON_NUMERIC, NON_NUMERIC,
+                   ContentCheck(1, 330), ContentCheck(2, 340), ContentCheck(3, 350),
+                   ContentCheck(4, 360), ContentCheck(5, 370), ContentCheck(7, 390),
+                   ContentCheck(8, 400), BadTimestamp(1, 0, 0, 300, 300),
+                   BadTimestamp(2, 0, 0, 400, 400), DurationUnavailable(EXPERIMENT)}));
 }
 
 // --- The counts of events
@@ -433,16 +430,8 @@ TEST(TestSyncTrialsTolmey3251, ChoosesItsToleranceOnce) {
 TEST(TestSyncTrialsTolmey3251, TestsTheBoundsAfterFailures) {
   EXPECT_EQ(
       Failures(Sample().Set(0, EVENT, "the").SetDuration("14001").SetExpansion("71")),
-      (Lines{
-          ContentCheck(1, 330), BAD_FIRST,
-          Fail("Experiment_duration_2014-06-16_sync_trials.om5",
-               "Experiment duration is weird. Too short or too long (see details below).",
-               EXPERIMENT, 228,
-               "Expected a duration between 6600 and 14000. Instead, we got a duration of 14001."),
-          Fail("Expansion_duration_2014-06-16_sync_trials.om5",
-               "Experiment duration is weird. Too short or too long (see details below).",
-               EXPERIMENT, 228,
-               "Expected a duration between 10 and 70. Instead, we got a duration of 71.")}));
+      (Lines{ContentCheck(1, 330), BAD_FIRST, DurationOutOfBounds(EXPERIMENT, 6600, 14000, "14001"),
+             ExpansionOutOfBounds(EXPERIMENT, 10, 70, "71")}));
 }
 
 TEST(TestSyncTrialsTolmey3251, ForgetsTheRowsOfTheFileBefore) {

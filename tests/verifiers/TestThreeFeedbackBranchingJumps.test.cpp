@@ -22,8 +22,15 @@ TEST(TestThreeFeedbackBranchingJumps, PassesItsSample) {
 }
 
 TEST(TestThreeFeedbackBranchingJumps, FailsOnAChangeOfAnyComparedCell) {
-  ExpectEachCellIsCompared(EXPERIMENT, "Event\nName");
-  ExpectEachCellIsCompared(EXPERIMENT, "init");
+  ExpectEachCellIsCompared(
+      EXPERIMENT, "Event\nName",
+      {"how are you - FB with ZERO branch action after", "feedback event!",
+       "won't you - FB with SKIP TO NEXT TRIAL", "feedback event!", "OMG 2nd trial",
+       "hello - FB with REPEAT the trial. (then code to stop)", "feedback event!", "OMG 2nd trial",
+       "hello - FB with REPEAT the trial. (then code to stop)"});
+  ExpectEachCellIsCompared(EXPERIMENT, "init",
+                           {"", "", "", "", "unset (trial)", "unset (event)|unset (trial)",
+                            "unset (trial)", "unset (trial)", "set (event)|unset (trial)"});
 }
 
 TEST(TestThreeFeedbackBranchingJumps, FailsOnATagCellWithoutItsLevels) {

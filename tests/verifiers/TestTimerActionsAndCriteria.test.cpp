@@ -72,10 +72,47 @@ TEST(TestTimerActionsAndCriteria, PassesItsSample) {
 }
 
 TEST(TestTimerActionsAndCriteria, FailsOnAChangeOfAnyComparedCell) {
-  ExpectEachCellIsCompared(EXPERIMENT, "Trial\nName");
-  ExpectEachCellIsCompared(EXPERIMENT, "Event\nName");
-  ExpectEachCellIsCompared(EXPERIMENT, "flag_a");
-  ExpectEachCellIsCompared(EXPERIMENT, "flag_c");
+  ExpectEachCellIsCompared(EXPERIMENT, "Trial\nName",
+                           Cells({{1, "intro"},
+                                  {4, "trial 1"},
+                                  {1, "trial 2"},
+                                  {2, "trial 3 (500, 100)"},
+                                  {4, "trial 4 (200, 300)"},
+                                  {2, "trial 5 (400, 500)"},
+                                  {2, "trial 6"},
+                                  {2, "trial 7"},
+                                  {2, "trial 8"},
+                                  {3, "trial 9"},
+                                  {3, "trial 10"}}));
+  ExpectEachCellIsCompared(EXPERIMENT, "Event\nName",
+                           {"intro",
+                            "isi 1",
+                            "isi 2",
+                            "isi 3",
+                            "action: timer greater than N millis",
+                            "isi 2",
+                            "isi 1",
+                            "isi 3",
+                            "isi 4",
+                            "isi 5",
+                            "action: timer greater than N seconds",
+                            "action: timer2 greater than timer1",
+                            "isi 1",
+                            "isi 5",
+                            "isi 1",
+                            "isi 2",
+                            "isi 1",
+                            "isi 2",
+                            "isi 2",
+                            "isi 3",
+                            "isi 3",
+                            "isi 4",
+                            "action: timer3 less than 1 minute",
+                            "isi 4",
+                            "isi 5",
+                            "action: timer3 less than 1 minute"});
+  ExpectEachCellIsCompared(EXPERIMENT, "flag_a", Cells({{4, "0"}, {22, "1"}}));
+  ExpectEachCellIsCompared(EXPERIMENT, "flag_c", Cells({{11, "0"}, {15, "1"}}));
 }
 
 TEST(TestTimerActionsAndCriteria, WantsTheSavedColumns) {

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/DataFile.h"
+#include "tests/support/FrameFailures.h"
+#include "tests/support/VerbatimFailures.h"
 
 namespace Tests {
 namespace {
@@ -12,12 +14,8 @@ const Lines SORTED = {"01 - Left Left",   "02 - Left",   "03 - Middle", "04 - Ri
                       "05 - Right Right", "Invisible01", "Invisible02", "Invisible03",
                       "Invisible04",      "Invisible05"};
 
-const std::string TOO_MANY =
-    Fail("Correct_quantity_of_data_cells", "Too many data cells. More than expected.", EXPERIMENT,
-         89, "No extra info.");
-const std::string TOO_FEW =
-    Fail("Correct_quantity_of_data_cells", "Too few data cells. Fewer than expected.", EXPERIMENT,
-         98, "No extra info.");
+const std::string TOO_MANY = TooManyCells(EXPERIMENT);
+const std::string TOO_FEW = TooFewCells(EXPERIMENT);
 const std::string LEVELS_FAILED =
     Fail("Trial_levels_in_column_6",
          "We didn't find exactly one occurrence of each of the five levels.", EXPERIMENT, 107,
@@ -30,13 +28,6 @@ const std::string SHUFFLE_FAILED =
          EXPERIMENT, 123,
          "probability dictates this will fail once in a BLUE MOON. normally we expect a SHUFFLED "
          "ordering");
-
-std::string WrongPresented(size_t row) {
-  return Fail("Data_appears_completely_and_in_order",
-              "Mismatch in the ordering of data cells in datafile.", EXPERIMENT, 144,
-              "At datafile row index " + std::to_string(row) +
-                  " we expected {}, but that was not the actual content.");
-}
 
 TEST(TestTrialVariableLevelsCase_1618, PassesItsSample) {
   EXPECT_EQ(
@@ -56,10 +47,11 @@ TEST(TestTrialVariableLevelsCase_1618, HoldsEachCellOfTheCode) {
   ASSERT_EQ(sample.RowCount(), 10U);
   for (size_t row = 0; row < sample.RowCount(); ++row) {
     DataFile file = sample;
-    EXPECT_EQ(file.Set(row, "Presented", "yes").Failures(), Lines{WrongPresented(row)});
+    EXPECT_EQ(file.Set(row, "Presented", "yes").Failures(),
+              Lines{CellDiffers(EXPERIMENT, row, "")});
   }
   EXPECT_EQ(DataFile::Sample(EXPERIMENT).RemoveColumn("Presented").Failures(),
-            Lines{WrongPresented(0)});
+            Lines{CellDiffers(EXPERIMENT, 0, "")});
 }
 
 TEST(TestTrialVariableLevelsCase_1618, CountsEachNamedLevelOnce) {
@@ -136,15 +128,8 @@ TEST(TestTrialVariableLevelsCase_1618, ChecksTheBoundsAfterAFailure) {
           .SetDuration("1091")
           .SetExpansion("5001")
           .Failures(),
-      (Lines{WrongPresented(2),
-             Fail("Experiment_duration_2011-08-11_tolmey_1618_NumberMemorytest.om4",
-                  "Experiment duration is weird. Too short or too long (see details below).",
-                  EXPERIMENT, 228,
-                  "Expected a duration between 1000 and 1090. Instead, we got a duration of 1091."),
-             Fail("Expansion_duration_2011-08-11_tolmey_1618_NumberMemorytest.om4",
-                  "Experiment duration is weird. Too short or too long (see details below).",
-                  EXPERIMENT, 228,
-                  "Expected a duration between 0 and 5000. Instead, we got a duration of 5001.")}));
+      (Lines{CellDiffers(EXPERIMENT, 2, ""), DurationOutOfBounds(EXPERIMENT, 1000, 1090, "1091"),
+             ExpansionOutOfBounds(EXPERIMENT, 0, 5000, "5001")}));
 }
 
 TEST(TestTrialVariableLevelsCase_1618, CountsAfreshForEachFile) {

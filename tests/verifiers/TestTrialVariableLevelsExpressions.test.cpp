@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/DataFile.h"
+#include "tests/support/FrameFailures.h"
 
 namespace Tests {
 namespace {
@@ -125,21 +126,13 @@ TEST(TestTrialVariableLevelsExpressions, FailsWithoutItsColumns) {
 }
 
 TEST(TestTrialVariableLevelsExpressions, ChecksTheBoundsAfterAFailure) {
-  EXPECT_EQ(
-      DataFile::Sample(EXPERIMENT)
-          .Set(3, EVENT, "detected position two")
-          .SetDuration("781")
-          .SetExpansion("121")
-          .Failures(),
-      (Lines{PRIOR_FAILED,
-             Fail("Experiment_duration_2013-11-15_trial_level_expressions.om5",
-                  "Experiment duration is weird. Too short or too long (see details below).",
-                  EXPERIMENT, 228,
-                  "Expected a duration between 360 and 780. Instead, we got a duration of 781."),
-             Fail("Expansion_duration_2013-11-15_trial_level_expressions.om5",
-                  "Experiment duration is weird. Too short or too long (see details below).",
-                  EXPERIMENT, 228,
-                  "Expected a duration between 10 and 120. Instead, we got a duration of 121.")}));
+  EXPECT_EQ(DataFile::Sample(EXPERIMENT)
+                .Set(3, EVENT, "detected position two")
+                .SetDuration("781")
+                .SetExpansion("121")
+                .Failures(),
+            (Lines{PRIOR_FAILED, DurationOutOfBounds(EXPERIMENT, 360, 780, "781"),
+                   ExpansionOutOfBounds(EXPERIMENT, 10, 120, "121")}));
 }
 
 TEST(TestTrialVariableLevelsExpressions, KeepsNothingFromOneFileForTheNext) {

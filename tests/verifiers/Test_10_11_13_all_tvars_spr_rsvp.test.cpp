@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/DataFile.h"
+#include "tests/support/FrameFailures.h"
 
 namespace Tests {
 namespace {
@@ -119,22 +120,14 @@ TEST(Test_10_11_13_all_tvars_spr_rsvp, FailsWithoutItsColumns) {
 }
 
 TEST(Test_10_11_13_all_tvars_spr_rsvp, ChecksTheBoundsAfterAllFailures) {
-  EXPECT_EQ(
-      InSortedOrder()
-          .Set(0, EVENT, "another event")
-          .SetDuration("12601")
-          .SetExpansion("5001")
-          .Failures(),
-      (Lines{
-          SEGMENTS_FAILED, SHUFFLE_FAILED,
-          Fail("Experiment_duration_10_11_13_all_tvars_spr_rsvp.om5",
-               "Experiment duration is weird. Too short or too long (see details below).",
-               EXPERIMENT, 228,
-               "Expected a duration between 12000 and 12600. Instead, we got a duration of 12601."),
-          Fail("Expansion_duration_10_11_13_all_tvars_spr_rsvp.om5",
-               "Experiment duration is weird. Too short or too long (see details below).",
-               EXPERIMENT, 228,
-               "Expected a duration between 0 and 5000. Instead, we got a duration of 5001.")}));
+  EXPECT_EQ(InSortedOrder()
+                .Set(0, EVENT, "another event")
+                .SetDuration("12601")
+                .SetExpansion("5001")
+                .Failures(),
+            (Lines{SEGMENTS_FAILED, SHUFFLE_FAILED,
+                   DurationOutOfBounds(EXPERIMENT, 12000, 12600, "12601"),
+                   ExpansionOutOfBounds(EXPERIMENT, 0, 5000, "5001")}));
 }
 
 }  // namespace

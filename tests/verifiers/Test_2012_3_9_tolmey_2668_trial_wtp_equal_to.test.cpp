@@ -1,59 +1,18 @@
-#include <gtest/gtest.h>
-
-#include "tests/support/DataFile.h"
+#include "tests/support/ExpectScan.h"
 
 namespace Tests {
 namespace {
 
-const char* const EXPERIMENT = "2012_3_9_tolmey_2668_trial_wtp_equal_to.om4";
-
-const std::string CHECK_FAILED =
-    Fail("The_equal_to_operator_works", "Something bad happened instead.", EXPERIMENT, 60,
-         "We expected to see event 1 once. I really hope this test never fails. Wow I'm really "
-         "curious what happens in ombrelia right now.");
-
-TEST(Test_2012_3_9_tolmey_2668_trial_wtp_equal_to, PassesItsSample) {
-  EXPECT_EQ(
-      DataFile::Sample(EXPERIMENT).Verify(),
-      (Lines{"suite 2012_3_9_tolmey_2668_trial_wtp_equal_to.om4",
-             "pass VerifyDatafile_was_called_for_2012_3_9_tolmey_2668_trial_wtp_equal_to.om4",
-             "pass The_equal_to_operator_works",
-             "pass Experiment_duration_2012_3_9_tolmey_2668_trial_wtp_equal_to.om4",
-             "pass Expansion_duration_2012_3_9_tolmey_2668_trial_wtp_equal_to.om4",
-             "pass __TIMING__TRACKING__2012_3_9_tolmey_2668_trial_wtp_equal_to.om4__809_ms",
-             "pass __EXPANSION__TRACKING__2012_3_9_tolmey_2668_trial_wtp_equal_to.om4__23_ms"}));
-}
-
-TEST(Test_2012_3_9_tolmey_2668_trial_wtp_equal_to, FailsOnAWrongCell) {
-  EXPECT_EQ(DataFile::Sample(EXPERIMENT).Set(0, "Event\nName", "event 2").Failures(),
-            Lines{CHECK_FAILED});
-}
-
-TEST(Test_2012_3_9_tolmey_2668_trial_wtp_equal_to, FailsOnOneRowTooMany) {
-  EXPECT_EQ(DataFile::Sample(EXPERIMENT).RepeatLastRow().Failures(), (Lines{CHECK_FAILED}));
-}
-
-TEST(Test_2012_3_9_tolmey_2668_trial_wtp_equal_to, FailsWithoutItsColumn) {
-  EXPECT_EQ(DataFile::Sample(EXPERIMENT).RemoveColumn("Event\nName").Failures(),
-            (Lines{CHECK_FAILED}));
-}
-
-TEST(Test_2012_3_9_tolmey_2668_trial_wtp_equal_to, ChecksTheBoundsAfterAFailure) {
-  EXPECT_EQ(
-      DataFile::Sample(EXPERIMENT)
-          .Set(0, "Event\nName", "event 2")
-          .SetDuration("821")
-          .SetExpansion("5001")
-          .Failures(),
-      (Lines{CHECK_FAILED,
-             Fail("Experiment_duration_2012_3_9_tolmey_2668_trial_wtp_equal_to.om4",
-                  "Experiment duration is weird. Too short or too long (see details below).",
-                  EXPERIMENT, 228,
-                  "Expected a duration between 800 and 820. Instead, we got a duration of 821."),
-             Fail("Expansion_duration_2012_3_9_tolmey_2668_trial_wtp_equal_to.om4",
-                  "Experiment duration is weird. Too short or too long (see details below).",
-                  EXPERIMENT, 228,
-                  "Expected a duration between 0 and 5000. Instead, we got a duration of 5001.")}));
+TEST(Test_2012_3_9_tolmey_2668_trial_wtp_equal_to, WantsEvent1Alone) {
+  ExpectScan({"2012_3_9_tolmey_2668_trial_wtp_equal_to.om4",
+              "The_equal_to_operator_works",
+              60,
+              "We expected to see event 1 once. I really hope this test never fails. Wow I'm "
+              "really curious what happens in ombrelia right now.",
+              {"event 1"},
+              Scan::IN_ORDER,
+              {"event 1"},
+              {800, 820}});
 }
 
 }  // namespace

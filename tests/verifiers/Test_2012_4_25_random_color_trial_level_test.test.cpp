@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/DataFile.h"
+#include "tests/support/FrameFailures.h"
 
 namespace Tests {
 namespace {
@@ -56,21 +57,13 @@ TEST(Test_2012_4_25_random_color_trial_level_test, FailsWithoutItsColumn) {
 }
 
 TEST(Test_2012_4_25_random_color_trial_level_test, ChecksTheBoundsAfterAFailure) {
-  EXPECT_EQ(
-      DataFile::Sample(EXPERIMENT)
-          .Set(1, COLOR, "Blue")
-          .SetDuration("1601")
-          .SetExpansion("5001")
-          .Failures(),
-      (Lines{CHECK_FAILED,
-             Fail("Experiment_duration_2012-4-25_random_color_trial_level_test.om4",
-                  "Experiment duration is weird. Too short or too long (see details below).",
-                  EXPERIMENT, 228,
-                  "Expected a duration between 1500 and 1600. Instead, we got a duration of 1601."),
-             Fail("Expansion_duration_2012-4-25_random_color_trial_level_test.om4",
-                  "Experiment duration is weird. Too short or too long (see details below).",
-                  EXPERIMENT, 228,
-                  "Expected a duration between 0 and 5000. Instead, we got a duration of 5001.")}));
+  EXPECT_EQ(DataFile::Sample(EXPERIMENT)
+                .Set(1, COLOR, "Blue")
+                .SetDuration("1601")
+                .SetExpansion("5001")
+                .Failures(),
+            (Lines{CHECK_FAILED, DurationOutOfBounds(EXPERIMENT, 1500, 1600, "1601"),
+                   ExpansionOutOfBounds(EXPERIMENT, 0, 5000, "5001")}));
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/DataFile.h"
+#include "tests/support/FrameFailures.h"
 
 namespace Tests {
 namespace {
@@ -46,21 +47,13 @@ TEST(Test_2772_2_macro_1_reg, FailsWithoutItsColumn) {
 }
 
 TEST(Test_2772_2_macro_1_reg, ChecksTheBoundsAfterAFailure) {
-  EXPECT_EQ(
-      DataFile::Sample(EXPERIMENT)
-          .Set(0, "Font Color\n(Trial Variable)", "Red")
-          .SetDuration("3171")
-          .SetExpansion("5001")
-          .Failures(),
-      (Lines{CHECK_FAILED,
-             Fail("Experiment_duration_2772_2_macro_1_reg.om4",
-                  "Experiment duration is weird. Too short or too long (see details below).",
-                  EXPERIMENT, 228,
-                  "Expected a duration between 2990 and 3170. Instead, we got a duration of 3171."),
-             Fail("Expansion_duration_2772_2_macro_1_reg.om4",
-                  "Experiment duration is weird. Too short or too long (see details below).",
-                  EXPERIMENT, 228,
-                  "Expected a duration between 0 and 5000. Instead, we got a duration of 5001.")}));
+  EXPECT_EQ(DataFile::Sample(EXPERIMENT)
+                .Set(0, "Font Color\n(Trial Variable)", "Red")
+                .SetDuration("3171")
+                .SetExpansion("5001")
+                .Failures(),
+            (Lines{CHECK_FAILED, DurationOutOfBounds(EXPERIMENT, 2990, 3170, "3171"),
+                   ExpansionOutOfBounds(EXPERIMENT, 0, 5000, "5001")}));
 }
 
 TEST(Test_2772_2_macro_1_reg, FailsOnAPlaceThatComesTwice) {

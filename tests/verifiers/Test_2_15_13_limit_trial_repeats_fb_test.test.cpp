@@ -21,7 +21,10 @@ TEST(Test_2_15_13_limit_trial_repeats_fb_test, PassesItsSample) {
 }
 
 TEST(Test_2_15_13_limit_trial_repeats_fb_test, FailsOnAChangeOfAnyComparedCell) {
-  ExpectEachCellIsCompared(EXPERIMENT, "Event\nName");
+  ExpectEachCellIsCompared(
+      EXPERIMENT, "Event\nName",
+      {"event w/ repeat trial fb", "event w/ repeat trial fb",
+       "event w/ repeat trial fb, seen once", "event w/ repeat trial fb", "final event"});
 }
 
 TEST(Test_2_15_13_limit_trial_repeats_fb_test, LooksAtNoContentOfAWrongLengthButAtTheBounds) {

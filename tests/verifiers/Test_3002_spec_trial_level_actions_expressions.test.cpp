@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/DataFile.h"
+#include "tests/support/FrameFailures.h"
 
 namespace Tests {
 namespace {
@@ -12,12 +13,6 @@ const std::string CHECK_FAILED =
     Fail("Having_events_presented_with_the_right_color_variables_in_specific_order",
          "Something bad happened instead.", EXPERIMENT, 79,
          "We expected RGBRGB to show up in the data file in that precise order");
-
-std::string DurationFailure(const std::string& message) {
-  return Fail("Experiment_duration_3002_spec_trial_level_actions_expressions.om5",
-              "Experiment duration is weird. Too short or too long (see details below).",
-              EXPERIMENT, 228, message);
-}
 
 TEST(Test_3002_spec_trial_level_actions_expressions, PassesItsSample) {
   EXPECT_EQ(
@@ -64,29 +59,19 @@ TEST(Test_3002_spec_trial_level_actions_expressions, FindsItsColumnInTheFirstPla
 }
 
 TEST(Test_3002_spec_trial_level_actions_expressions, ChecksTheBoundsAfterAFailure) {
-  EXPECT_EQ(
-      DataFile::Sample(EXPERIMENT)
-          .Set(0, COLUMN, "blue")
-          .SetDuration("3301")
-          .SetExpansion("5001")
-          .Failures(),
-      (Lines{CHECK_FAILED,
-             DurationFailure(
-                 "Expected a duration between 3000 and 3300. Instead, we got a duration of 3301."),
-             Fail("Expansion_duration_3002_spec_trial_level_actions_expressions.om5",
-                  "Experiment duration is weird. Too short or too long (see details below).",
-                  EXPERIMENT, 228,
-                  "Expected a duration between 0 and 5000. Instead, we got a duration of 5001.")}));
+  EXPECT_EQ(DataFile::Sample(EXPERIMENT)
+                .Set(0, COLUMN, "blue")
+                .SetDuration("3301")
+                .SetExpansion("5001")
+                .Failures(),
+            (Lines{CHECK_FAILED, DurationOutOfBounds(EXPERIMENT, 3000, 3300, "3301"),
+                   ExpansionOutOfBounds(EXPERIMENT, 0, 5000, "5001")}));
 }
 
 TEST(Test_3002_spec_trial_level_actions_expressions, AsksTheTwoMachinesBoundsInOrder) {
-  EXPECT_EQ(
-      DataFile::Sample(EXPERIMENT).SetDuration("2900").Failures(BOTH_MACHINES),
-      (Lines{
-          DurationFailure(
-              "Expected a duration between 3000 and 3200. Instead, we got a duration of 2900."),
-          DurationFailure(
-              "Expected a duration between 3100 and 3700. Instead, we got a duration of 2900.")}));
+  EXPECT_EQ(DataFile::Sample(EXPERIMENT).SetDuration("2900").Failures(BOTH_MACHINES),
+            (Lines{DurationOutOfBounds(EXPERIMENT, 3000, 3200, "2900"),
+                   DurationOutOfBounds(EXPERIMENT, 3100, 3700, "2900")}));
 }
 
 }  // namespace

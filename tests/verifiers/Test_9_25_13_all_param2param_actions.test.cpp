@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/DataFile.h"
+#include "tests/support/FrameFailures.h"
 
 namespace Tests {
 namespace {
@@ -14,11 +15,6 @@ const std::string CHECK_FAILED =
          "Something bad happened instead.", EXPERIMENT, 123,
          "We expected very  specific values to be in the parameter cells, at least one of them "
          "wasn't right.");
-
-std::string BoundFailure(const std::string& name, const std::string& message) {
-  return Fail(name, "Experiment duration is weird. Too short or too long (see details below).",
-              EXPERIMENT, 228, message);
-}
 
 TEST(Test_9_25_13_all_param2param_actions, PassesItsSample) {
   EXPECT_EQ(DataFile::Sample(EXPERIMENT).Verify(),
@@ -68,33 +64,20 @@ TEST(Test_9_25_13_all_param2param_actions, FindsAColumnInTheFirstPlace) {
 }
 
 TEST(Test_9_25_13_all_param2param_actions, ChecksTheBoundsAfterAFailure) {
-  EXPECT_EQ(
-      DataFile::Sample(EXPERIMENT)
-          .Set(2, "Text 3", "three")
-          .SetDuration("1621")
-          .SetExpansion("21")
-          .Failures(),
-      (Lines{CHECK_FAILED,
-             BoundFailure(
-                 "Experiment_duration_9_25_13_all_param2param_actions.om5",
-                 "Expected a duration between 1500 and 1620. Instead, we got a duration of 1621."),
-             BoundFailure(
-                 "Expansion_duration_9_25_13_all_param2param_actions.om5",
-                 "Expected a duration between 0 and 20. Instead, we got a duration of 21.")}));
+  EXPECT_EQ(DataFile::Sample(EXPERIMENT)
+                .Set(2, "Text 3", "three")
+                .SetDuration("1621")
+                .SetExpansion("21")
+                .Failures(),
+            (Lines{CHECK_FAILED, DurationOutOfBounds(EXPERIMENT, 1500, 1620, "1621"),
+                   ExpansionOutOfBounds(EXPERIMENT, 0, 20, "21")}));
 }
 
 TEST(Test_9_25_13_all_param2param_actions, AsksTheTwoMachinesBoundsInOrder) {
-  EXPECT_EQ(
-      DataFile::Sample(EXPERIMENT).SetDuration("1499").Failures(BOTH_MACHINES),
-      (Lines{BoundFailure(
-                 "Experiment_duration_9_25_13_all_param2param_actions.om5",
-                 "Expected a duration between 1700 and 2050. Instead, we got a duration of 1499."),
-             BoundFailure(
-                 "Experiment_duration_9_25_13_all_param2param_actions.om5",
-                 "Expected a duration between 1500 and 1650. Instead, we got a duration of 1499."),
-             BoundFailure(
-                 "Expansion_duration_9_25_13_all_param2param_actions.om5",
-                 "Expected a duration between 200 and 300. Instead, we got a duration of 12.")}));
+  EXPECT_EQ(DataFile::Sample(EXPERIMENT).SetDuration("1499").Failures(BOTH_MACHINES),
+            (Lines{DurationOutOfBounds(EXPERIMENT, 1700, 2050, "1499"),
+                   DurationOutOfBounds(EXPERIMENT, 1500, 1650, "1499"),
+                   ExpansionOutOfBounds(EXPERIMENT, 200, 300, "12")}));
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/DataFile.h"
+#include "tests/support/FrameFailures.h"
+#include "tests/support/VerbatimFailures.h"
 
 namespace Tests {
 namespace {
@@ -9,19 +11,8 @@ const char* const EXPERIMENT = "trial_subset_multiple_block_macro_import.om4";
 const char* const EVENT = "Event\nName";
 const char* const CODE = "red_blue";
 
-const std::string TOO_MANY =
-    Fail("Correct_quantity_of_data_cells", "Too many data cells. More than expected.", EXPERIMENT,
-         89, "No extra info.");
-const std::string TOO_FEW =
-    Fail("Correct_quantity_of_data_cells", "Too few data cells. Fewer than expected.", EXPERIMENT,
-         98, "No extra info.");
-
-std::string WrongCell(size_t row, const std::string& expected) {
-  return Fail("Data_appears_completely_and_in_order",
-              "Mismatch in the ordering of data cells in datafile.", EXPERIMENT, 144,
-              "At datafile row index " + std::to_string(row) + " we expected {" + expected +
-                  "}, but that was not the actual content.");
-}
+const std::string TOO_MANY = TooManyCells(EXPERIMENT);
+const std::string TOO_FEW = TooFewCells(EXPERIMENT);
 
 TEST(TrialSubsetUpToNMultipleBlockParents, PassesItsSample) {
   EXPECT_EQ(
@@ -43,7 +34,7 @@ TEST(TrialSubsetUpToNMultipleBlockParents, HoldsEachCellOfBothColumns) {
     for (size_t row = 0; row < sample.RowCount(); ++row) {
       DataFile file = sample;
       EXPECT_EQ(file.Set(row, column, "another").Failures(),
-                Lines{WrongCell(row, sample.Cell(row, column))})
+                Lines{CellDiffers(EXPERIMENT, row, sample.Cell(row, column))})
           << column;
     }
   }
@@ -51,12 +42,12 @@ TEST(TrialSubsetUpToNMultipleBlockParents, HoldsEachCellOfBothColumns) {
 
 TEST(TrialSubsetUpToNMultipleBlockParents, HoldsTheOrderOfTheTwoMacros) {
   EXPECT_EQ(DataFile::Sample(EXPERIMENT).SwapRows(30, 31).Failures(),
-            Lines{WrongCell(30, "a0 macro")});
+            Lines{CellDiffers(EXPERIMENT, 30, "a0 macro")});
 }
 
 TEST(TrialSubsetUpToNMultipleBlockParents, ComparesTheEventsBeforeTheCode) {
   EXPECT_EQ(DataFile::Sample(EXPERIMENT).Set(47, EVENT, "another").Set(7, CODE, "red").Failures(),
-            (Lines{WrongCell(47, "red"), WrongCell(7, "")}));
+            (Lines{CellDiffers(EXPERIMENT, 47, "red"), CellDiffers(EXPERIMENT, 7, "")}));
 }
 
 TEST(TrialSubsetUpToNMultipleBlockParents, FailsOnOneRowTooMany) {
@@ -70,8 +61,9 @@ TEST(TrialSubsetUpToNMultipleBlockParents, FailsOnOneRowTooFew) {
 
 TEST(TrialSubsetUpToNMultipleBlockParents, FailsWithoutEitherColumn) {
   EXPECT_EQ(DataFile::Sample(EXPERIMENT).RemoveColumn(EVENT).Failures(),
-            Lines{WrongCell(0, "red")});
-  EXPECT_EQ(DataFile::Sample(EXPERIMENT).RemoveColumn(CODE).Failures(), Lines{WrongCell(0, "red")});
+            Lines{CellDiffers(EXPERIMENT, 0, "red")});
+  EXPECT_EQ(DataFile::Sample(EXPERIMENT).RemoveColumn(CODE).Failures(),
+            Lines{CellDiffers(EXPERIMENT, 0, "red")});
 }
 
 TEST(TrialSubsetUpToNMultipleBlockParents, ChecksTheBoundsAfterAFailure) {
@@ -81,15 +73,8 @@ TEST(TrialSubsetUpToNMultipleBlockParents, ChecksTheBoundsAfterAFailure) {
           .SetDuration("2001")
           .SetExpansion("5001")
           .Failures(),
-      (Lines{WrongCell(1, "blue"),
-             Fail("Experiment_duration_trial_subset_multiple_block_macro_import.om4",
-                  "Experiment duration is weird. Too short or too long (see details below).",
-                  EXPERIMENT, 228,
-                  "Expected a duration between 880 and 2000. Instead, we got a duration of 2001."),
-             Fail("Expansion_duration_trial_subset_multiple_block_macro_import.om4",
-                  "Experiment duration is weird. Too short or too long (see details below).",
-                  EXPERIMENT, 228,
-                  "Expected a duration between 0 and 5000. Instead, we got a duration of 5001.")}));
+      (Lines{CellDiffers(EXPERIMENT, 1, "blue"), DurationOutOfBounds(EXPERIMENT, 880, 2000, "2001"),
+             ExpansionOutOfBounds(EXPERIMENT, 0, 5000, "5001")}));
 }
 
 }  // namespace
