@@ -7,6 +7,7 @@
 
 #include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
 #include "framework/HostNames.h"
+#include "framework/VerificationListener.h"
 #include "report/FailureLocation.h"
 #include "report/FakeJUnitPrinter.h"
 
@@ -16,8 +17,10 @@ bool CommonTestHelperLogic::RunningOnMacOSX() { return true; }
 
 boost::shared_ptr<MUExperimentTextReaderMultiFile> CommonTestHelperLogic::GetReaderOrElseLogAnError(
     FakeJUnitPrinter* printer, const wxString& dataFilePath, bool expectFailureToRead) {
-  boost::shared_ptr<MUExperimentTextReaderMultiFile> reader(
-      new MUExperimentTextReaderMultiFile(nullptr));
+  VerificationListener* const listener = VerificationListener::Current();
+  const auto reader = listener != nullptr ? listener->NewTable()
+                                          : boost::shared_ptr<MUExperimentTextReaderMultiFile>(
+                                                new MUExperimentTextReaderMultiFile(nullptr));
   const wxFileName file(dataFilePath);
   if (reader->AddExperimentOcurrence_SimulateIdleLoop_UsedWhenNoTabulonWindowIsShown(file, false,
                                                                                      nullptr)) {
@@ -109,6 +112,8 @@ void CommonTestHelperLogic::Win32_VerifySequentialStimData(const std::vector<Sti
 void CommonTestHelperLogic::Internal_VerifySequentialStimData(
     const std::vector<StimAreaData>& actual, const std::vector<StimAreaData>& expected,
     FakeJUnitPrinter* printer, wxString location) {
+  if (VerificationListener* const listener = VerificationListener::Current())
+    listener->OnStimAreas(actual, expected);
   if (!VerifyEqualLengths(actual, expected, printer, location)) return;
   static const wxString testName = wxT("StimArea_vector_is_complete_and_in_order");
   for (size_t k = 0; k < actual.size(); ++k) {

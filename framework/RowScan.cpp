@@ -6,6 +6,7 @@
 #include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
 #include "framework/CellCounts.h"
 #include "framework/RowRuns.h"
+#include "framework/VerificationListener.h"
 
 namespace Ombrelia {
 
@@ -27,6 +28,8 @@ RowScan RowScan::Count(const wxString& text, int count, int last) {
 
 bool RowScan::HoldsFor(const MUExperimentTextReaderMultiFile& reader,
                        const wxString& columnName) const {
+  if (VerificationListener* const listener = VerificationListener::Current())
+    listener->OnScan(columnName, *this);
   const int rows = reader.GetNumberOfDataRows();
   const int last = std::max(rows - 1, 0);
   if (last != m_last) return false;

@@ -14,6 +14,8 @@ namespace Ombrelia {
 // holds for a table without rows.
 class RowScan {
  public:
+  enum class Kind { POSITIONAL, ANYWHERE, COUNT };
+
   // The column holds these texts, one per row in this order, and nothing else.
   static RowScan Positional(std::vector<wxString> texts);
   // Each text stands in some row, in any order, and the last row has the index last.
@@ -24,9 +26,13 @@ class RowScan {
   // Cells are compared exactly. A missing column reads "?" in every row.
   bool HoldsFor(const MUExperimentTextReaderMultiFile& reader, const wxString& columnName) const;
 
- private:
-  enum class Kind { POSITIONAL, ANYWHERE, COUNT };
+  // The rule's parts, for who explains it.
+  Kind RuleKind() const { return m_kind; }
+  const std::vector<wxString>& Texts() const { return m_texts; }
+  int WantedCount() const { return m_count; }  // of a COUNT rule
+  int LastRow() const { return m_last; }
 
+ private:
   RowScan(Kind kind, std::vector<wxString> texts, int count, int last);
 
   Kind m_kind;

@@ -5,6 +5,7 @@
 #include "framework/CheckReport.h"
 #include "framework/ClampedNumbers.h"
 #include "framework/HostNames.h"
+#include "framework/VerificationListener.h"
 #include "plugin/HostProbes.h"
 #include "report/FakeJUnitPrinter.h"
 
@@ -16,6 +17,12 @@ namespace {
 const wxChar* const CUMULATIVE_TIME = wxT("Cumulative\nTime");
 const long UNREADABLE_DURATION = -999;
 const int UNREADABLE_EXPANSION_TIME = -123;
+
+bool RunningOn(const wxChar* hostNameText) {
+  VerificationListener* const listener = VerificationListener::Current();
+  return listener != nullptr ? listener->RunsOnMachine(hostNameText)
+                             : Halvex::CurrSystemMatchesLocalHostName(hostNameText);
+}
 
 }  // namespace
 
@@ -53,6 +60,8 @@ void CheckBounds(const MUExperimentTextReaderMultiFile& reader, FakeJUnitPrinter
     testName = wxT("Experiment_duration_") + name;
     ReadLong(reader.GetDataCellValue(reader.GetNumberOfDataRows() - 1, column), value);
   }
+  if (VerificationListener* const listener = VerificationListener::Current())
+    listener->OnBound(column, min, max, value);
   ReportCheck(printer, name, min <= value && value <= max, testName,
               {wxT("Experiment duration is weird. Too short or too long (see details below)."), 228,
                wxString::Format(
@@ -60,11 +69,9 @@ void CheckBounds(const MUExperimentTextReaderMultiFile& reader, FakeJUnitPrinter
                    min, max, value)});
 }
 
-bool RunningOnSmallTestBox() {
-  return Halvex::CurrSystemMatchesLocalHostName(SMALL_MACOSX_TESTBOX);
-}
+bool RunningOnSmallTestBox() { return RunningOn(SMALL_MACOSX_TESTBOX); }
 
-bool RunningOnMacServer() { return Halvex::CurrSystemMatchesLocalHostName(BIG_MACOSX_SERVER); }
+bool RunningOnMacServer() { return RunningOn(BIG_MACOSX_SERVER); }
 
 void RecordTotalDuration(const MUExperimentTextReaderMultiFile& reader, FakeJUnitPrinter* printer,
                          const wxString& name) {

@@ -41,9 +41,11 @@ class TestCaseWithFullColumnStringComp_T : public IndividualTestCase_T<X, false>
     return TestContentOfData_Internal(reader, printer, GetTargetedColumnName(),
                                       GetExpectedCellValuesForTargetedColumn());
   }
-  bool TestLengthOfData_Internal(Reader reader, FakeJUnitPrinter* printer, const wxString&,
+  // The column does not matter; a failure is told to be of it.
+  bool TestLengthOfData_Internal(Reader reader, FakeJUnitPrinter* printer,
+                                 const wxString& columnName,
                                  const std::vector<wxString>& expected) {
-    return VerbatimComparison::CheckLength(*reader, printer, this->m_name, expected);
+    return VerbatimComparison::CheckLength(*reader, printer, this->m_name, columnName, expected);
   }
   bool TestContentOfData_Internal(Reader reader, FakeJUnitPrinter* printer,
                                   const wxString& columnName,

@@ -3,13 +3,17 @@
 #include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
 #include "framework/CheckReport.h"
 #include "framework/CommonTestHelperLogic.h"
+#include "framework/VerificationListener.h"
 #include "report/FakeJUnitPrinter.h"
 
 namespace Ombrelia {
 namespace VerbatimComparison {
 
 bool CheckLength(const MUExperimentTextReaderMultiFile& reader, FakeJUnitPrinter* printer,
-                 const wxString& name, const std::vector<wxString>& expected) {
+                 const wxString& name, const wxString& columnName,
+                 const std::vector<wxString>& expected) {
+  if (VerificationListener* const listener = VerificationListener::Current())
+    listener->OnLength(columnName, expected);
   static const wxString testName = wxT("Correct_quantity_of_data_cells");
   const size_t rows = static_cast<size_t>(reader.GetNumberOfDataRows());
   if (rows > expected.size()) {
@@ -28,6 +32,8 @@ bool CheckLength(const MUExperimentTextReaderMultiFile& reader, FakeJUnitPrinter
 bool CheckContent(boost::shared_ptr<MUExperimentTextReaderMultiFile> reader,
                   FakeJUnitPrinter* printer, const wxString& name, const wxString& columnName,
                   const std::vector<wxString>& expected) {
+  if (VerificationListener* const listener = VerificationListener::Current())
+    listener->OnCells(columnName, 0, expected);
   static const wxString testName = wxT("Data_appears_completely_and_in_order");
   unsigned int mismatchIndex = 0;
   if (CommonTestHelperLogic::ColumnContentsMatchGivenVectorUpTilVectorLength(

@@ -18,7 +18,8 @@ namespace VerbatimComparison {
 
 // Has the table as many rows as expected has cells? Records a wrong length and no right one.
 bool CheckLength(const MUExperimentTextReaderMultiFile& reader, FakeJUnitPrinter* printer,
-                 const wxString& name, const std::vector<wxString>& expected);
+                 const wxString& name, const wxString& columnName,
+                 const std::vector<wxString>& expected);
 
 // Do the first rows of the column equal the expected cells, text by text? Records one result.
 bool CheckContent(boost::shared_ptr<MUExperimentTextReaderMultiFile> reader,

@@ -2,11 +2,20 @@
 
 #include <wx/strconv.h>
 
+#include <algorithm>
 #include <clocale>
+#include <cstdint>
+#include <string>
 
 namespace OmbreliaHost {
 
 namespace {
+
+// Is this no character of Unicode, as a data file in UTF-32 may hold?
+bool IsNoCharacter(wchar_t value) {
+  const auto code = static_cast<std::uint32_t>(value);
+  return code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF);
+}
 
 const wxMBConvUTF8& PathConversion() {
   static const wxMBConvUTF8 conversion(wxMBConvUTF8::MAP_INVALID_UTF8_TO_PUA);
@@ -30,7 +39,11 @@ wxString TextOfPath(const std::filesystem::path& path) {
   return wxString(path.c_str(), *wxConvFileName);
 }
 
-std::string Utf8OfText(const wxString& text) { return text.utf8_string(); }
+std::string Utf8OfText(const wxString& text) {
+  std::wstring characters = text.ToStdWstring();
+  std::replace_if(characters.begin(), characters.end(), IsNoCharacter, wchar_t{0xFFFD});
+  return wxString(characters).utf8_string();
+}
 
 std::string Utf8OfPath(const std::filesystem::path& path) {
   return Utf8OfText(wxString(path.c_str(), PathConversion()));

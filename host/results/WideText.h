@@ -14,6 +14,7 @@ namespace OmbreliaHost {
 void ReadFileNamesAsUtf8();
 
 wxString TextOfPath(const std::filesystem::path& path);
+// Values that no UTF-8 can hold become the replacement character.
 std::string Utf8OfText(const wxString& text);
 
 // A path as UTF-8 and back, whatever the locale and before wx is initialised. Bytes that are no UTF-8 get the

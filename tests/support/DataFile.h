@@ -37,6 +37,7 @@ class DataFile {
                      const std::vector<std::vector<std::string>>& rows);
 
   size_t RowCount() const { return m_rows.size(); }
+  const std::vector<std::string>& Columns() const { return m_columns; }
   std::string Cell(size_t row, const std::string& column) const;
   std::vector<std::string> Column(const std::string& column) const;
 

@@ -1,0 +1,15 @@
+// The kind of machine whose bounds apply here.
+#ifndef OMBRELIA_HOST_RESULTS_THISMACHINE_H
+#define OMBRELIA_HOST_RESULTS_THISMACHINE_H
+
+#include "host/results/RunResults.h"
+
+namespace OmbreliaHost {
+
+// By the rule of the plug-in, which goes by the host's name. A machine that is both small and large has the
+// bounds of both; it is called large.
+MachineKind ThisMachine();
+
+}  // namespace OmbreliaHost
+
+#endif
