@@ -25,13 +25,15 @@ def _rule_checks(column, rule, line):
     plain, name = shown(column), cpp.words(column)
     if rule.kind == "any order":
         for first, last, fixed in rule.stretches:
-            texts = cpp.text_list(rule.cells[first:last + 1])
+            cells = rule.cells[first:last + 1]
+            texts = cpp.text_list(cells if fixed else sorted(cells))
             way = "RunEquals" if fixed else "RunEqualsInAnyOrder"
             words = "in_order" if fixed else "in_any_order"
+            rows = f"Rows {first} to {last} of {plain} do" if last > first else f"Row {first} of {plain} does"
             yield (line, f"{name}_of_rows_{first}_to_{last}_appears_{words}",
                    f"{way}(*m_reader, {cpp.literal(column)}, {first}, {texts})",
-                   f"Rows {first} to {last} of {plain} do not hold the expected texts.",
-                   "We expected these rows to hold exactly the texts that the design gives them, "
+                   f"{rows} not hold what is expected.",
+                   "We expected exactly the texts that the design gives, "
                    + ("in this order." if fixed else "in any order."))
             line += 1
         count = len(rule.cells)
