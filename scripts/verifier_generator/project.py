@@ -73,7 +73,7 @@ def _with_one_more(text):
     return raised
 
 
-def _laid_out(file, text):
+def laid_out(file, text):
     program = shutil.which("clang-format")
     if not program or not file.endswith(".cpp"):
         return text
@@ -90,9 +90,9 @@ def files_of(experiment, name, proves, base, sample, source, test, bounds, root=
              "expect_empty_datafile": False, "tolerated_failures": ""}
     texts = {
         MANIFEST: _with_manifest_entry(read(MANIFEST), entry),
-        f"verifiers/{name}.cpp": _laid_out(f"verifiers/{name}.cpp", source),
+        f"verifiers/{name}.cpp": laid_out(f"verifiers/{name}.cpp", source),
         f"samples/datafiles/{experiment} 1.txt": sample.neutral_text(),
-        f"tests/verifiers/{name}.test.cpp": _laid_out(f"tests/verifiers/{name}.test.cpp", test),
+        f"tests/verifiers/{name}.test.cpp": laid_out(f"tests/verifiers/{name}.test.cpp", test),
         BOUNDS: read(BOUNDS) + "".join(f"{experiment}\t{bound.call}\t{bound.minimum}\t{bound.maximum}\n"
                                        for bound in bounds),
         PARITY: _with_one_more(read(PARITY)),

@@ -13,7 +13,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
 import make_experiments  # noqa: E402
 
 PROGRAM = make_experiments.load_program()
-from verifier_generator import columns, cpp, expected_cells  # noqa: E402
+from verifier_generator import columns, cpp, expected_cells, project, review  # noqa: E402
 from verifier_generator.data_file import DataFile  # noqa: E402
 from verifier_generator.problem import Problem  # noqa: E402
 
@@ -246,6 +246,80 @@ class Cells:
 
     def Cells(self):
         return self.cells
+
+
+class Review(Project):
+    EVENTS = ["ding", "dong", "ding", "ding"]
+
+    def setUp(self):
+        super().setUp()
+        self.run_program("bells.om5", "--from", self.run_of(self.EVENTS))
+        self.source = self.root / "verifiers/Test_bells.cpp"
+
+    def run_of(self, events, name="bells.om5 1.txt"):
+        return self.data_file(["Event\nName"], [[event] for event in events], name)
+
+    def review(self, path, *further):
+        before = self.files()
+        said = self.run_program("--review", "bells.om5", "--from", path, *further)
+        if "--accept" not in further:
+            self.assertEqual(self.files(), before)
+        return said
+
+    def test_an_equal_run_needs_no_change(self):
+        self.assertIn("needs no change in its 1 columns and 2 bounds", self.review(self.run_of(self.EVENTS)))
+
+    def test_another_cell_is_told_and_shown_as_a_diff(self):
+        said = self.review(self.run_of(["ding", "dang", "ding", "ding"]))
+        self.assertIn("Event\\nName: 1 of 4 rows differ, the first is row 1: “dang” in place of “dong”", said)
+        self.assertIn("+++ b/verifiers/Test_bells.cpp", said)
+        self.assertRegex(said, r'(?m)^\+.*wxT\("dang"\)')
+
+    def test_another_length_and_a_longer_time_are_told(self):
+        said = self.review(self.run_of(self.EVENTS * 3))
+        self.assertIn("Event\\nName: 12 rows in place of 4", said)
+        self.assertIn("duration_all: 1200 ms lie outside 350 to 600", said)
+        self.assertRegex(said, r"(?m)^\+ *PerformDurationBoundsTest\(350, 1600, false\);")
+
+    def test_accepting_writes_source_bounds_and_sample(self):
+        self.review(self.run_of(self.EVENTS * 3), "--accept")
+        run_file = DataFile(self.root / "samples/datafiles/bells.om5 1.txt")
+        self.assertEqual(run_file.column("Event\nName"), self.EVENTS * 3)
+        self.assertTrue(review.Source(self.source.read_text()).accepts(run_file))
+        self.assertIn("bells.om5\tduration_all\t350\t1600\n", (self.root / "tests/verifiers/bounds.tsv").read_text())
+        self.assertIn("needs no change", self.review(self.run_of(self.EVENTS * 3)))
+
+    def test_stored_files_that_would_be_judged_otherwise_are_counted(self):
+        stored = self.folder / "stored"
+        stored.mkdir()
+        for number, events in enumerate([self.EVENTS, self.EVENTS, ["ding"] * 4, ["x"] * 4]):
+            self.run_of(events, f"stored/bells.om5 {number}.txt")
+        self.run_of(self.EVENTS, "stored/other.om5 1.txt")
+        said = self.review(self.run_of(["ding"] * 4), "--stored", str(stored))
+        self.assertIn(f"accepting flips 3 of 4 files in {stored}", said)
+        self.assertIn("bells.om5 2.txt: passes then", said)
+        self.assertIn("bells.om5 0.txt: fails then", said)
+
+    def test_an_experiment_without_verifier_is_named(self):
+        with self.assertRaisesRegex(Problem, "gongs.om5 has no verifier"):
+            self.run_program("--review", "gongs.om5", "--from", self.run_of(self.EVENTS))
+
+    def test_a_column_that_is_compared_by_code_is_told(self):
+        text = self.source.read_text()
+        start, end = text.index("cells = ") + 8, text.index(";", text.index("cells = "))
+        self.source.write_text(text[:start] + "Worked(out)" + text[end:])
+        self.assertIn("Event\\nName is compared with cells that the verifier works out by code",
+                      self.review(self.run_of(self.EVENTS)))
+
+    def test_the_tables_of_all_verifiers_accept_their_samples(self):
+        columns_read = 0
+        for entry in project.verifiers():
+            source = review.Source((project.ROOT / f"verifiers/{entry['class']}.cpp").read_text(encoding="utf-8"))
+            columns_read += len(source.columns)
+            if not entry["expect_empty_datafile"]:
+                sample = DataFile(project.ROOT / f"samples/datafiles/{entry['experiment']} 1.txt")
+                self.assertEqual(source.fitted_to(sample)[1], [], entry["class"])
+        self.assertGreater(columns_read, 25)
 
 
 class Literals(unittest.TestCase):
