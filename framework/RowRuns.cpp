@@ -1,5 +1,8 @@
 #include "framework/RowRuns.h"
 
+#include <algorithm>
+#include <cstddef>
+
 #include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
 #include "framework/VerificationListener.h"
 
@@ -16,6 +19,15 @@ bool RunEquals(const MUExperimentTextReaderMultiFile& reader, const wxString& co
     ++row;
   }
   return true;
+}
+
+bool RunEqualsInAnyOrder(const MUExperimentTextReaderMultiFile& reader, const wxString& columnName,
+                         int first, const std::vector<wxString>& texts) {
+  const int column = reader.GetColumnPositionNumberFromText(columnName);
+  std::vector<wxString> cells;
+  for (std::size_t i = 0; i < texts.size(); ++i)
+    cells.push_back(reader.GetDataCellValue(first + static_cast<int>(i), column));
+  return std::is_permutation(cells.begin(), cells.end(), texts.begin());
 }
 
 }  // namespace Ombrelia

@@ -14,6 +14,9 @@ namespace Ombrelia {
 // rows out of range and a missing column read "?".
 bool RunEquals(const MUExperimentTextReaderMultiFile& reader, const wxString& columnName, int first,
                const std::vector<wxString>& texts);
+// The same in any order: each text stands in the rows as often as it is listed.
+bool RunEqualsInAnyOrder(const MUExperimentTextReaderMultiFile& reader, const wxString& columnName,
+                         int first, const std::vector<wxString>& texts);
 
 }  // namespace Ombrelia
 

@@ -8,6 +8,7 @@ namespace Tests {
 namespace {
 
 using Ombrelia::RunEquals;
+using Ombrelia::RunEqualsInAnyOrder;
 
 const auto Letters = [] {
   return TableOf({"Number", "Letter"},
@@ -36,6 +37,26 @@ TEST(RowRuns, ReadCellsOutOfRangeAsUndefined) {
   EXPECT_FALSE(RunEquals(*table, wxT("Letter"), 5, {wxT("d"), wxT("")}));
   EXPECT_TRUE(RunEquals(*table, wxT("Letter"), -1, {wxT("?"), wxT("a")}));
   EXPECT_TRUE(RunEquals(*table, wxT("letter"), 0, {wxT("?")}));
+}
+
+TEST(RowRuns, InAnyOrderEqualTheTextsOfTheirRowsOnly) {
+  const auto table = Letters();
+  EXPECT_TRUE(RunEqualsInAnyOrder(*table, wxT("Letter"), 0, {wxT("c"), wxT("a"), wxT("b")}));
+  EXPECT_TRUE(RunEqualsInAnyOrder(*table, wxT("Letter"), 3, {wxT("d"), wxT("b"), wxT("a")}));
+  EXPECT_FALSE(RunEqualsInAnyOrder(*table, wxT("Letter"), 3, {wxT("c"), wxT("b"), wxT("a")}));
+  EXPECT_TRUE(RunEqualsInAnyOrder(*table, wxT("Letter"), 0, {}));
+}
+
+TEST(RowRuns, InAnyOrderHoldEachTextAsOftenAsListed) {
+  const auto table = TableOf({"Letter"}, {{"a"}, {"b"}, {"a"}});
+  EXPECT_TRUE(RunEqualsInAnyOrder(*table, wxT("Letter"), 0, {wxT("a"), wxT("a"), wxT("b")}));
+  EXPECT_FALSE(RunEqualsInAnyOrder(*table, wxT("Letter"), 0, {wxT("a"), wxT("b"), wxT("b")}));
+}
+
+TEST(RowRuns, InAnyOrderReadCellsOutOfRangeAsUndefined) {
+  EXPECT_TRUE(RunEqualsInAnyOrder(*Letters(), wxT("Letter"), 5, {wxT("?"), wxT("d")}));
+  EXPECT_FALSE(RunEqualsInAnyOrder(*Letters(), wxT("Letter"), 5, {wxT("d"), wxT("a")}));
+  EXPECT_TRUE(RunEqualsInAnyOrder(*Letters(), wxT("letter"), 0, {wxT("?")}));
 }
 
 TEST(RowRuns, TakeEmptyCellsForEmptyTexts) {

@@ -109,8 +109,10 @@ Lines FailuresOf(const Lines& lines) {
 }
 
 DataFile DataFile::Sample(const std::string& experiment) {
+  const char* const folder = std::getenv("OMBRELIA_SAMPLES");
   const std::string stem =
-      std::string(OMBRELIA_SOURCE_DIR) + "/samples/datafiles/" + experiment + " 1";
+      (folder ? std::string(folder) : std::string(OMBRELIA_SOURCE_DIR) + "/samples/datafiles") +
+      "/" + experiment + " 1";
   const std::vector<std::string> lines = LinesOfFile(stem + ".txt");
   if (lines.size() < 6) Stop("the sample of " + experiment + " has no heading rows");
   DataFile file;

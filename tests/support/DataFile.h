@@ -29,7 +29,7 @@ extern const char* const BOTH_MACHINES;    // its name holds both
 class DataFile {
  public:
   // The sample of this experiment, with its stimulus areas if it has any. A missing sample ends the
-  // test program with a message.
+  // test program with a message. The variable OMBRELIA_SAMPLES names another folder of samples.
   static DataFile Sample(const std::string& experiment);
   // A new file of this experiment: column names, with a line feed between the two heading rows, and
   // rows of cells.

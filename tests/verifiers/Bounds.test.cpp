@@ -21,14 +21,19 @@ struct Bound {
   bool IsExpansion() const { return call.rfind("expansion", 0) == 0; }
 };
 
+// The words of the table, explained at its head.
+const std::set<std::string> CALLS = {"duration",     "duration_server", "duration_testbox",
+                                     "duration_all", "expansion",       "expansion_server",
+                                     "expansion_all"};
+
 using Table = std::map<std::string, std::vector<Bound>>;
 
 Table ReadTable() {
   Table table;
   std::ifstream in(std::string(OMBRELIA_SOURCE_DIR) + "/tests/verifiers/bounds.tsv");
   std::string line;
-  std::getline(in, line);
   while (std::getline(in, line)) {
+    if (line.rfind('#', 0) == 0) continue;
     std::istringstream cells(line);
     std::string experiment;
     Bound bound;
@@ -36,6 +41,7 @@ Table ReadTable() {
     std::getline(cells, bound.call, '\t');
     cells >> bound.min >> bound.max;
     EXPECT_FALSE(cells.fail()) << line;
+    EXPECT_EQ(CALLS.count(bound.call), 1u) << "no such call: " << line;
     table[experiment].push_back(bound);
   }
   return table;
@@ -43,10 +49,11 @@ Table ReadTable() {
 
 // Which calls count on which machine.
 const std::map<std::string, std::set<std::string>> CALLS_THAT_COUNT = {
-    {ORDINARY_MACHINE, {"duration", "expansion"}},
-    {SERVER_MACHINE, {"duration_server", "expansion_server"}},
-    {TESTBOX_MACHINE, {"duration_testbox"}},
-    {BOTH_MACHINES, {"duration_server", "duration_testbox", "expansion_server"}}};
+    {ORDINARY_MACHINE, {"duration", "expansion", "duration_all", "expansion_all"}},
+    {SERVER_MACHINE, {"duration_server", "expansion_server", "duration_all", "expansion_all"}},
+    {TESTBOX_MACHINE, {"duration_testbox", "duration_all", "expansion_all"}},
+    {BOTH_MACHINES,
+     {"duration_server", "duration_testbox", "expansion_server", "duration_all", "expansion_all"}}};
 
 // The lines that these bounds give for these two times.
 Lines Expected(const std::string& experiment, const std::vector<Bound>& bounds,
@@ -115,7 +122,9 @@ TEST(Bounds, AreOnlyThoseOfTheTable) {
     for (const auto& [machine, calls] : CALLS_THAT_COUNT) {
       SCOPED_TRACE(machine);
       EXPECT_EQ(BoundLines(sample.Verify(machine), experiment),
-                Expected(experiment, bounds, machine, 1234, 123));
+                Expected(experiment, bounds, machine, 1234, 123))
+          << "tests/verifiers/bounds.tsv has " << bounds.size() << " bounds of " << experiment
+          << "; each call of its verifier needs a line there";
     }
   }
 }
