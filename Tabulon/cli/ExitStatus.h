@@ -10,6 +10,7 @@ namespace TabulonCli {
 enum class ExitStatus {
   Fine = 0,
   NoDataFile = 1,  // some input is no data file; the others have been shown
+  Different = 1,   // of two inputs that were compared
   WrongUse = 2,    // of the command line, or an input that is missing or cannot be read
   NoOutput = 3     // the output could not be written
 };

@@ -1,105 +1,117 @@
 #include "Tabulon/cli/Info.h"
 
-#include <wx/filename.h>
-
 #include <algorithm>
-#include <deque>
-#include <memory>
-#include <ostream>
+#include <iostream>
+#include <nlohmann/json.hpp>
 
-#include "Tabulon/cli/InputReports.h"
+#include "Tabulon/cli/FileDescription.h"
 #include "Tabulon/cli/Text.h"
-#include "Tabulon/src/reading/MUDataFileInputReaderFactory.h"
-#include "Tabulon/src/reading/MUInterfaceExperimentDataFileInputReader.h"
-#include "Tabulon/src/rows/MUColumnNamePlusProperties.h"
-#include "Tabulon/src/rows/MUSingleRowDataPlusRowProperties.h"
-
-namespace fs = std::filesystem;
 
 namespace TabulonCli {
 
 namespace {
 
-using Reader = MUInterfaceExperimentDataFileInputReader;
-
-std::string KindOf(const MUColumnNamePlusProperties& column) {
-  std::string kind;
-  if ((column.m_columnPropertyFlags & MU_COL_FLAG_TRIAL_VARIABLE) != 0) kind = "trial variable";
-  if ((column.m_columnPropertyFlags & MU_COL_FLAG_CODE_VALUE) != 0)
-    kind += kind.empty() ? "code value" : ", code value";
-  return kind.empty() ? "plain" : kind;
+std::string Joined(const std::vector<std::string>& texts) {
+  std::string joined;
+  for (const std::string& text : texts) joined += (joined.empty() ? "" : " ") + text;
+  return joined;
 }
 
-std::string TypeOf(const MUColumnNamePlusProperties& column) {
-  switch (column.m_dataType) {
-    case 1:
-      return "numbers";
-    case 2:
-      return "text";
-    case 3:
-      return "date and time";
-    default:
-      return "unknown";
-  }
-}
-
-void PrintColumns(std::ostream& out, Reader& reader) {
-  // Rows first, as the table reads them: cells beyond the last heading make columns. The columns are ours
-  // from the call on.
-  const std::unique_ptr<std::deque<MUColumnNamePlusProperties*>> taken(
-      reader.CreateAndReturnPositionallyOrderedColumnObjects());
-  std::deque<std::unique_ptr<MUColumnNamePlusProperties>> columns;
-  for (MUColumnNamePlusProperties* column : *taken) columns.emplace_back(column);
-
+void PrintColumns(const FileDescription& file) {
   std::size_t nameWidth = 4;
   std::size_t kindWidth = 4;
-  for (const auto& column : columns) {
-    nameWidth = std::max(nameWidth, DisplayWidth(OnOneLine(column->m_columnName)));
-    kindWidth = std::max(kindWidth, KindOf(*column).size());
+  for (const ColumnDescription& column : file.columns) {
+    nameWidth = std::max(nameWidth, DisplayWidth(column.name));
+    kindWidth = std::max(kindWidth, column.kind.size());
   }
-  out << "  columns      " << columns.size() << '\n';
-  for (const auto& column : columns) {
-    const wxString name = OnOneLine(column->m_columnName);
-    const std::string kind = KindOf(*column);
-    out << "    " << Utf8(name) << std::string(nameWidth - DisplayWidth(name) + 2, ' ') << kind
-        << std::string(kindWidth - kind.size() + 2, ' ') << TypeOf(*column) << '\n';
+  for (const ColumnDescription& column : file.columns) {
+    std::cout << "    " << column.name
+              << std::string(nameWidth - DisplayWidth(column.name) + 2, ' ') << column.kind
+              << std::string(kindWidth - column.kind.size() + 2, ' ') << column.cells << '\n';
   }
 }
 
-void PrintGoodFile(std::ostream& out, Reader& reader) {
-  wxString participant;
-  reader.GoToDataRow(0);
-  for (std::uint32_t i = 0; i < reader.GetDataRowCount(); ++i) {
-    const std::unique_ptr<MUSingleRowDataPlusRowProperties> row(
-        reader.CreateAndReturnCurrentRowObject(true));
-    if (row != nullptr && i == 0) {
-      participant = row->m_cells.ValueOrDefault(Reader::STRING_FOR_PERSONNAME_SECRET_COL);
-    }
+void PrintInFull(const FileDescription& file) {
+  std::cout << file.name << '\n';
+  if (!file.problems.empty()) {
+    std::cout << "  no data file\n";
+    for (const std::string& problem : file.problems) std::cout << "  " << problem << '\n';
+    return;
   }
-  out << "  title        " << Utf8(Harmless(reader.GetExperimentTitle())) << '\n'
-      << "  date         " << Utf8(Harmless(reader.GetExperimentDateTimeString())) << '\n'
-      << "  participant  " << Utf8(Harmless(participant)) << '\n'
-      << "  rows         " << reader.GetDataRowCount() << '\n';
-  PrintColumns(out, reader);
+  std::cout << "  title        " << file.title << '\n'
+            << "  date         " << file.date << '\n'
+            << "  participant  " << file.participant << '\n'
+            << "  rows         " << file.rows << '\n'
+            << "  columns      " << file.columns.size() << '\n';
+  PrintColumns(file);
+}
+
+nlohmann::ordered_json JsonOf(const FileDescription& file) {
+  nlohmann::ordered_json object = {{"file", file.name}};
+  if (!file.problems.empty()) {
+    object["problem"] = Joined(file.problems);
+    return object;
+  }
+  object["title"] = file.title;
+  object["date"] = file.date;
+  object["participant"] = file.participant;
+  object["rows"] = file.rows;
+  object["columns"] = nlohmann::ordered_json::array();
+  for (const ColumnDescription& column : file.columns) {
+    object["columns"].push_back(
+        {{"name", column.name}, {"kind", column.kind}, {"cells", column.cells}});
+  }
+  return object;
+}
+
+void PrintJson(const std::vector<FileDescription>& files) {
+  std::cout << '[';
+  const char* separator = "\n  ";
+  for (const FileDescription& file : files) {
+    std::cout << separator
+              << JsonOf(file).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+    separator = ",\n  ";
+  }
+  std::cout << (files.empty() ? "]\n" : "\n]\n");
+}
+
+void PrintRows(const std::vector<FileDescription>& files, ResultPrinter& printer) {
+  std::vector<ResultColumn> headings;
+  for (const char* name : {"file", "title", "date", "participant", "rows", "columns", "problem"}) {
+    headings.emplace_back();
+    headings.back().name = headings.back().upper = name;
+  }
+  printer.Begin(headings);
+  for (const FileDescription& file : files) {
+    const std::string rows = std::to_string(file.rows);
+    const std::string columns = std::to_string(file.columns.size());
+    const std::string problem = Joined(file.problems);
+    printer.Row({{file.name},
+                 {file.title},
+                 {file.date},
+                 {file.participant},
+                 {rows, ResultCell::Kind::Number},
+                 {columns, ResultCell::Kind::Number},
+                 {problem}});
+  }
+  printer.End(files.size());
 }
 
 }  // namespace
 
-ExitStatus PrintInfo(std::ostream& out, const std::vector<fs::path>& files) {
+ExitStatus Info(const CommandLine& commandLine, const Inputs& inputs) {
+  std::vector<FileDescription> files;
   ExitStatus status = ExitStatus::Fine;
-  for (const fs::path& file : files) {
-    InputReports reports;
-    const std::unique_ptr<Reader> reader(
-        MUDataFileInputReaderFactory::GetExperimentDataFileInputReader(
-            wxFileName(TextOf(file)), MU_INPUTFILE_TXT, &reports, nullptr));
-    out << file.string() << '\n';
-    if (!reader->ErrorStatusIsPresent()) {
-      PrintGoodFile(out, *reader);
-      continue;
-    }
-    status = ExitStatus::NoDataFile;
-    out << "  no data file\n";
-    for (const auto& problem : reports.Problems()) out << "  " << Utf8(problem.message) << '\n';
+  for (const auto& path : inputs.Paths()) {
+    files.push_back(Describe(path, inputs));
+    if (!files.back().problems.empty()) status = ExitStatus::NoDataFile;
+  }
+  if (commandLine.hasFormat && commandLine.print.format == Format::Json) {
+    PrintJson(files);
+  } else if (commandLine.hasFormat || commandLine.isShort) {
+    PrintRows(files, *MakePrinter(commandLine.print));
+  } else {
+    for (const FileDescription& file : files) PrintInFull(file);
   }
   return status;
 }

@@ -1,4 +1,4 @@
-// Collects what readers say of files that are no data files.
+// Collects why files are no data files.
 #ifndef OMBRELIA_TABULON_CLI_INPUTREPORTS_H
 #define OMBRELIA_TABULON_CLI_INPUTREPORTS_H
 
@@ -19,6 +19,15 @@ class InputReports : public MUInterfaceDataFileInputErrorHandler {
         m_problems.push_back(report);
       }
     }
+  }
+
+  // A file that the readers take for a data file although it is none.
+  void AddProblem(const wxString& filePath, const wxString& message) {
+    Report report;
+    report.code = MUInterfaceExperimentDataFileInputReader::MU_INPUT_BAD_FORMAT;
+    report.message = message;
+    report.filePath = filePath;
+    m_problems.push_back(report);
   }
 
   const std::vector<Report>& Problems() const { return m_problems; }

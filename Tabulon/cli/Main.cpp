@@ -1,15 +1,20 @@
-// tabulon-cli: shows the merged table of data files on the console.
+// tabulon-cli: answers questions about experiment data files on the console.
 #include <wx/init.h>
 
+#include <algorithm>
 #include <exception>
 #include <iostream>
 
+#include "Tabulon/cli/Aggregating.h"
 #include "Tabulon/cli/CommandLine.h"
+#include "Tabulon/cli/Counting.h"
+#include "Tabulon/cli/Diff.h"
 #include "Tabulon/cli/DrivenTable.h"
 #include "Tabulon/cli/ExitStatus.h"
 #include "Tabulon/cli/Info.h"
 #include "Tabulon/cli/Inputs.h"
-#include "Tabulon/cli/Printing.h"
+#include "Tabulon/cli/Show.h"
+#include "Tabulon/cli/Sql.h"
 #include "Tabulon/cli/Text.h"
 
 namespace TabulonCli {
@@ -17,44 +22,57 @@ namespace {
 
 ExitStatus TellProblems(const DrivenTable& driven) {
   for (const auto& problem : driven.Problems()) {
-    std::cerr << "tabulon-cli: " << Utf8(problem.filePath) << ": " << Utf8(problem.message) << '\n';
+    const bool isStandardInput = driven.Files().NameOf(problem.filePath) == wxT("-");
+    std::cerr << "tabulon-cli: " << (isStandardInput ? "-" : Utf8(problem.filePath)) << ": "
+              << Utf8(problem.message) << '\n';
   }
   return driven.Problems().empty() ? ExitStatus::Fine : ExitStatus::NoDataFile;
 }
 
-ExitStatus Show(const CommandLine& commandLine, const std::vector<std::filesystem::path>& files) {
-  DrivenTable driven(files);
+// Runs an action on the table of all files.
+template <typename ACTION>
+ExitStatus OnTable(const CommandLine& commandLine, ACTION action) {
+  const Inputs inputs(commandLine.inputs);
+  DrivenTable driven(inputs);
   const ExitStatus status = TellProblems(driven);
   // Where nothing could be read, a column that is not found would only hide the reason.
-  if (driven.Table().GetNamesOfActiveFiles().empty()) return status;
-  driven.Arrange(commandLine);
-  Print(std::cout, Window{driven.Table(), commandLine.rows, !commandLine.flaggedRows.empty()},
-        commandLine.format);
+  if (!driven.Loaded().empty()) action(commandLine, driven);
   return status;
 }
 
-ExitStatus Distinct(const CommandLine& commandLine,
-                    const std::vector<std::filesystem::path>& files) {
-  DrivenTable driven(files);
-  const ExitStatus status = TellProblems(driven);
-  if (driven.Table().GetNamesOfActiveFiles().empty()) return status;
-  std::vector<wxString> values;
-  driven.Table().SelectDistinctPerColumn(driven.Columns().Find(commandLine.distinctColumn), values,
-                                         MUExperimentTextReaderMultiFile::ONLY_FULLY_SHOWN_ROWS,
-                                         false);
-  for (const wxString& value : values) std::cout << Utf8(value) << '\n';
-  return status;
+// The column comes before the files. One who has it the other way round would only read that a column is no file.
+ExitStatus OnTableWithColumnFirst(const CommandLine& commandLine,
+                                  void (*action)(const CommandLine&, DrivenTable&)) {
+  try {
+    return OnTable(commandLine, action);
+  } catch (const RunError& error) {
+    const std::string& column = commandLine.columns.front();
+    std::error_code ignored;
+    if (!std::filesystem::exists(column, ignored)) throw;
+    throw RunError(error.Status(), std::string(error.what()) +
+                                       "\nThe column comes before the files, and \"" + column +
+                                       "\" was taken for it.");
+  }
 }
 
 ExitStatus Run(const CommandLine& commandLine) {
-  const std::vector<std::filesystem::path> files = ListFiles(commandLine.files);
   switch (commandLine.action) {
     case Action::Show:
-      return Show(commandLine, files);
+      return OnTable(commandLine, Show);
     case Action::Distinct:
-      return Distinct(commandLine, files);
+      return OnTableWithColumnFirst(commandLine, Distinct);
+    case Action::Count:
+      return OnTableWithColumnFirst(commandLine, Count);
+    case Action::Group:
+      return OnTable(commandLine, Group);
+    case Action::Summary:
+      return OnTable(commandLine, Summary);
+    case Action::Diff:
+      return Diff(commandLine);
+    case Action::Sql:
+      return OnTable(commandLine, Sql);
     case Action::Info:
-      return PrintInfo(std::cout, files);
+      return Info(commandLine, Inputs(commandLine.inputs));
   }
   return ExitStatus::WrongUse;
 }

@@ -11,6 +11,18 @@
 
 namespace TabulonCli {
 
+namespace {
+
+// Without an early end, so that the compiler can look at many bytes at once.
+bool IsAscii(std::string_view text) {
+  unsigned char all = 0;
+  for (const char byte : text)
+    all = static_cast<unsigned char>(all | static_cast<unsigned char>(byte));
+  return all < 128;
+}
+
+}  // namespace
+
 void UseUtf8Everywhere() {
 #ifdef __APPLE__
   std::setlocale(LC_CTYPE, "UTF-8");
@@ -34,8 +46,7 @@ std::string Utf8(const wxString& text) { return text.utf8_string(); }
 
 void AppendUtf8(std::string& bytes, const MUCellText& text) {
   const char* const narrow = text.Narrow();
-  const auto isAscii = [](char byte) { return static_cast<unsigned char>(byte) < 128; };
-  if (narrow != nullptr && std::all_of(narrow, narrow + text.Length(), isAscii)) {
+  if (narrow != nullptr && IsAscii({narrow, text.Length()})) {
     bytes.append(narrow, text.Length());
   } else if (!text.IsEmpty()) {
     bytes += Utf8(text.ToString());
@@ -52,8 +63,31 @@ std::size_t DisplayWidth(const MUCellText& text) {
   return width;
 }
 
-std::size_t DisplayWidth(const wxString& text) {
+std::string_view Utf8View(const MUCellText& text, std::string& room) {
+  const char* const narrow = text.Narrow();
+  if (narrow != nullptr && IsAscii({narrow, text.Length()})) return {narrow, text.Length()};
+  room = text.IsEmpty() ? std::string() : Utf8(text.ToString());
+  return room;
+}
+
+std::size_t DisplayWidth(std::string_view utf8) {
+  if (IsAscii(utf8)) return utf8.size();
+  const wxString text = wxString::FromUTF8(utf8.data(), utf8.size());
   return DisplayWidth(MUColumnReader::ViewOf(text));
+}
+
+std::string_view CutToWidth(std::string_view utf8, std::size_t width) {
+  if (IsAscii(utf8)) return utf8.substr(0, width);
+  std::size_t end = 0;
+  while (end < utf8.size()) {
+    std::size_t next = end + 1;
+    while (next < utf8.size() && (utf8[next] & '\xC0') == '\x80') ++next;
+    const std::size_t taken = DisplayWidth(utf8.substr(end, next - end));
+    if (taken > width) break;
+    width -= taken;
+    end = next;
+  }
+  return utf8.substr(0, end);
 }
 
 wxString OnOneLine(const wxString& columnName) {
@@ -66,6 +100,51 @@ wxString Harmless(const wxString& text) {
   wxString harmless(text);
   MUUtilitarianFunctions::TranslateControlChars(harmless);
   return harmless;
+}
+
+void AppendHarmless(std::string& bytes, std::string_view utf8) {
+  // 0xC2 leads the characters 128 to 191, of which the lower half are control characters.
+  bool plain = true;
+  for (const char byte : utf8) {
+    const auto value = static_cast<unsigned char>(byte);
+    plain = plain && value >= 32 && value != 127 && value != 0xC2;
+  }
+  if (plain) {
+    bytes.append(utf8);
+  } else {
+    wxString text = wxString::FromUTF8(utf8.data(), utf8.size());
+    text.Replace(wxT("\n"), wxT(" "));
+    text.Replace(wxT("\t"), wxT(" "));
+    bytes += Utf8(Harmless(text));
+  }
+}
+
+std::string Typeable(const wxString& columnName) {
+  wxString shown(columnName);
+  shown.Replace(wxT("\n"), wxT("\\n"));
+  return Utf8(Harmless(shown));
+}
+
+std::vector<std::string> SplitAtCommas(const std::string& list) {
+  std::vector<std::string> pieces;
+  std::size_t begin = 0;
+  for (std::size_t comma = list.find(','); comma != std::string::npos;
+       comma = list.find(',', begin)) {
+    pieces.push_back(list.substr(begin, comma - begin));
+    begin = comma + 1;
+  }
+  pieces.push_back(list.substr(begin));
+  return pieces;
+}
+
+std::string WithSeparators(std::size_t number) {
+  std::string digits = std::to_string(number);
+  for (std::size_t place = digits.size(); place > 3;) digits.insert(place -= 3, ",");
+  return digits;
+}
+
+std::string Counted(std::size_t count, const std::string& noun) {
+  return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
 }
 
 }  // namespace TabulonCli

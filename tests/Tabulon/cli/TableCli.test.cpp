@@ -5,56 +5,15 @@
 #include <vector>
 
 #include "tests/BuildPaths.h"
-#include "tests/support/Files.h"
-#include "tests/support/Process.h"
+#include "tests/Tabulon/cli/CliRun.h"
 
 namespace {
 
+using Tests::Arguments;
 using Tests::Exists;
 using Tests::Finished;
-using Tests::ScratchFolder;
 using Tests::WriteFile;
-using Arguments = std::vector<std::string>;
-
-class TableCli : public testing::Test {
- protected:
-  void SetUp() override {
-    WriteFile(folder / "a.txt",
-              "Ann\nFirst experiment\nMon Apr 02 2012\n\n"
-              "Event\tReaction\tNote\tFont\n"
-              "Name\tTime\t\t(Trial Variable)\n"
-              "go\t12\t\tred\n"
-              "stop\t5\t \tblue\n"
-              "go\t300\t\tred\n");
-    WriteFile(folder / "b.txt",
-              "B\xC3\xA9n\xC3\xA9\nSecond\nTue\n\nEvent\tKey\nName\t\tCode\nw\xC3\xA4it\tk\t7\n");
-    WriteFile(folder / "bad.txt", "one\ntwo\n");
-  }
-
-  Finished Run(Arguments arguments, Arguments environment = {}) {
-    arguments.insert(arguments.begin(), OMBRELIA_TABULON_CLI);
-    Tests::ProcessSetup setup;
-    setup.workingDirectory = folder.Path();
-    setup.environment = environment;
-    return Tests::RunProgram(arguments, setup);
-  }
-  // What a run without any trouble prints.
-  std::string Output(const Arguments& arguments, const Arguments& environment = {}) {
-    const Finished finished = Run(arguments, environment);
-    EXPECT_EQ(finished.status, 0) << finished.err;
-    EXPECT_EQ(finished.err, "");
-    return finished.out;
-  }
-  // What a run that ends as wrong use says on standard error; it must print nothing else.
-  std::string Complaint(const Arguments& arguments) {
-    const Finished finished = Run(arguments);
-    EXPECT_EQ(finished.status, 2);
-    EXPECT_EQ(finished.out, "");
-    return finished.err;
-  }
-
-  ScratchFolder folder;
-};
+class TableCli : public Tests::CliRun {};
 
 TEST_F(TableCli, ShowsTheTwoHeadingRowsAsTwoRows) {
   EXPECT_EQ(Output({"show", "a.txt"}),
@@ -74,9 +33,11 @@ TEST_F(TableCli, MergesFilesAndWritesUtf8InAnyLocale) {
       "stop\t\t\t5\t \tblue\n"
       "go\t\t\t300\t\tred\n"
       "w\xC3\xA4it\tk\t7\t\t\t\n";
-  EXPECT_EQ(Output({"show", "a.txt", "b.txt", "--format", "tsv"}), expected);
-  EXPECT_EQ(Output({"show", "a.txt", "b.txt", "--format", "tsv"}, {"LC_ALL=C"}), expected);
-  EXPECT_EQ(Output({"show", "a.txt", "b.txt", "--format", "tsv"}, {"LC_ALL=en_US.ISO-8859-1"}),
+  EXPECT_EQ(Output({"show", "a.txt", "b.txt", "--no-origin", "--format", "tsv"}), expected);
+  EXPECT_EQ(Output({"show", "a.txt", "b.txt", "--no-origin", "--format", "tsv"}, {"LC_ALL=C"}),
+            expected);
+  EXPECT_EQ(Output({"show", "a.txt", "b.txt", "--no-origin", "--format", "tsv"},
+                   {"LC_ALL=en_US.ISO-8859-1"}),
             expected);
 }
 
@@ -108,7 +69,7 @@ TEST_F(TableCli, SortsByNumberAndByText) {
 
 TEST_F(TableCli, HidesColumns) {
   EXPECT_EQ(Output({"show", "a.txt", "--hide-empty", "--hide", "Event Name", "--hide",
-                    "Reaction\\nTime", "--format", "tsv", "--rows", ":0"}),
+                    "Reaction\\nTime", "--no-origin", "--format", "tsv", "--rows", ":0"}),
             "Font (Trial Variable)\nred\n");
 }
 
@@ -141,9 +102,9 @@ TEST_F(TableCli, SelectsRows) {
 }
 
 TEST_F(TableCli, EmptyColumnsAreThoseOfTheSelectedRows) {
-  EXPECT_EQ(
-      Output({"show", "a.txt", "b.txt", "--where", "Key=k", "--hide-empty", "--format", "tsv"}),
-      "Event Name\tKey\tCode\nw\xC3\xA4it\tk\t7\n");
+  EXPECT_EQ(Output({"show", "a.txt", "b.txt", "--where", "Key=k", "--hide-empty", "--no-origin",
+                    "--format", "tsv"}),
+            "Event Name\tKey\tCode\nw\xC3\xA4it\tk\t7\n");
 }
 
 TEST_F(TableCli, AnEqualsSignMayStandInAName) {
@@ -166,17 +127,25 @@ TEST_F(TableCli, MarksRows) {
             "Flag\tEvent Name\n\tgo\n*\tstop\n\tgo\n");
 }
 
-TEST_F(TableCli, WritesJson) {
+TEST_F(TableCli, WritesJsonWithOneObjectPerRow) {
   WriteFile(folder / "q.txt", "p\nt\nd\n\nA\"\tB\n\n\\\t\xC3\xA4\"\n\x01\ty\n");
-  EXPECT_EQ(Output({"show", "q.txt", "--format", "json", "--flag", "1"}),
-            "{\"columns\": [\"A\\\"\", \"B\"],\n"
-            " \"rows\": [\n"
-            "  [\"\\\\\", \"\xC3\xA4\\\"\"],\n"
-            "  [\"^A\", \"y\"]],\n"
-            " \"flaggedRows\": [1]}\n");
-  EXPECT_EQ(
-      Output({"show", "a.txt", "--format", "json", "--rows", "0:0", "--columns", "Event Name"}),
-      "{\"columns\": [\"Event\\nName\"],\n \"rows\": [\n  [\"go\"]],\n \"flaggedRows\": []}\n");
+  EXPECT_EQ(Output({"show", "q.txt", "--format", "json", "--no-origin", "--flag", "1"}),
+            "[\n"
+            "  {\"Flag\": false, \"A\\\"\": \"\\\\\", \"B\": \"\xC3\xA4\\\"\"},\n"
+            "  {\"Flag\": true, \"A\\\"\": \"^A\", \"B\": \"y\"}\n"
+            "]\n");
+  EXPECT_EQ(Output({"show", "a.txt", "--format", "json", "--rows", "1:0", "--columns", "Note"}),
+            "[]\n");
+}
+
+// The marks belong to the rows that are printed, whatever the window.
+TEST_F(TableCli, JsonMarksTheRowsOfItsWindow) {
+  EXPECT_EQ(Output({"show", "a.txt", "--format", "json", "--columns", "Event Name", "--flag", "2",
+                    "--rows", "1:", "--row-numbers"}),
+            "[\n"
+            "  {\"Flag\": false, \"row\": 1, \"Event Name\": \"stop\"},\n"
+            "  {\"Flag\": true, \"row\": 2, \"Event Name\": \"go\"}\n"
+            "]\n");
 }
 
 TEST_F(TableCli, HeadingsCannotSteerTheTerminal) {
@@ -201,7 +170,7 @@ TEST_F(TableCli, DescribesFiles) {
                 "  columns      4\n"
                 "    Event Name             plain           text\n"
                 "    Reaction Time          plain           numbers\n"
-                "    Note                   plain           text\n"
+                "    Note                   plain           empty\n"
                 "    Font (Trial Variable)  trial variable  text\n" +
                 folder / "b.txt" +
                 "\n"
@@ -212,7 +181,7 @@ TEST_F(TableCli, DescribesFiles) {
                 "  columns      3\n"
                 "    Event Name  plain       text\n"
                 "    Key         plain       text\n"
-                "    Code        code value  text\n");
+                "    Code        code value  numbers\n");
 }
 
 TEST_F(TableCli, ExplainsAFileThatIsNone) {
@@ -229,7 +198,7 @@ TEST_F(TableCli, ExplainsAFileThatIsNone) {
 }
 
 TEST_F(TableCli, ShowsTheGoodFilesBesideABadOne) {
-  const Finished shown = Run({"show", "bad.txt", "b.txt", "--format", "tsv"});
+  const Finished shown = Run({"show", "bad.txt", "b.txt", "--no-origin", "--format", "tsv"});
   EXPECT_EQ(shown.status, 1);
   EXPECT_EQ(shown.out, "Event Name\tKey\tCode\nw\xC3\xA4it\tk\t7\n");
   EXPECT_EQ(shown.err,
@@ -246,7 +215,7 @@ TEST_F(TableCli, ANameThatIsNoUtf8IsThatOfItsFile) {
   EXPECT_EQ(Complaint({"show", name}), "tabulon-cli: " + name + ": no such file\n");
   WriteFile(folder / name, Tests::ReadFile(folder / "b.txt"));
   for (const char* locale : {"LC_ALL=C", "LC_ALL=C.UTF-8"}) {
-    EXPECT_EQ(Output({"show", name, "--format", "tsv"}, {locale}),
+    EXPECT_EQ(Output({"show", name, "--no-origin", "--format", "tsv"}, {locale}),
               "Event Name\tKey\tCode\nw\xC3\xA4it\tk\t7\n");
   }
 }
@@ -254,7 +223,6 @@ TEST_F(TableCli, ANameThatIsNoUtf8IsThatOfItsFile) {
 TEST_F(TableCli, AMissingFileIsNamedBeforeAnythingRuns) {
   EXPECT_EQ(Complaint({"show", "a.txt", "missing.txt"}),
             "tabulon-cli: missing.txt: no such file\n");
-  EXPECT_EQ(Complaint({"info", "a.txt", "."}), "tabulon-cli: .: is a folder, not a data file\n");
   EXPECT_EQ(Complaint({"distinct", "Key", "/dev/null"}),
             "tabulon-cli: /dev/null: is not an ordinary file\n");
 }
