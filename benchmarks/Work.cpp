@@ -87,6 +87,19 @@ void LoadFilesIntoDuckDb(const Arguments& arguments) {
   PrintSeconds("seconds", [&] { database.Load(arguments.at(0)); });
 }
 
+// What tabulon-cli is asked, as DuckDB answers it best: it reads only the columns that it needs.
+void AnswerWithDuckDb(const Arguments& arguments) {
+  const std::map<std::string, std::string> queries = {
+      {"sort", "SELECT * FROM t ORDER BY Stimulus"},
+      {"where", "SELECT * FROM t WHERE Condition = 'condition_07'"},
+      {"distinct", "SELECT Condition, count(*) FROM t GROUP BY Condition"},
+      {"mean", "SELECT Condition, avg(try_cast(\"Time\" AS DOUBLE)) FROM t GROUP BY Condition"},
+  };
+  std::string query = queries.at(arguments.at(1));
+  query.replace(query.find(" t "), 3, " " + DuckDb::Source(arguments.at(0)) + " ");
+  DuckDb().Run("COPY (" + query + ") TO '/dev/null' (DELIMITER '\t', HEADER)");
+}
+
 void MeasurePeakMemory(const Arguments& arguments, const std::function<void()>& work) {
   LoadSmallFile();
   ForgetPeak();
@@ -150,6 +163,7 @@ int Run(int argc, char** argv) {
       {"load-notified", LoadFilesNotified},
       {"load-notified-viewer", LoadFilesNotifiedIntoViewer},
       {"load-duckdb", LoadFilesIntoDuckDb},
+      {"answer-duckdb", AnswerWithDuckDb},
       {"peak-memory-open", PeakMemoryOfOpen},
       {"peak-memory-load", PeakMemoryOfLoad},
       {"grow", GrowOnly},

@@ -100,6 +100,19 @@ GOALS = [
      growth(sort_cost("sort_many_seconds")), 1.5),
 ]
 
+# tabulon-cli as a whole process beside each peer, for each of its works.
+GOALS += [
+    (f"tabulon-cli, {title} / {peer}", ratio(f"cli/{work}", f"cli/{peer_work}/{program}"), 1)
+    for title, work, peer_work in (
+        ("sort 200 files", "sort", "sort"),
+        ("where", "where", "where"),
+        ("distinct with counts", "distinct", "distinct"),
+        ("mean per group", "mean", "mean"),
+        ("mean per group by SQL", "mean-sql", "mean"),
+    )
+    for peer, program in (("Miller", "miller"), ("DuckDB", "duckdb"), ("pandas", "pandas"))
+]
+
 BOUNDS = [
     ("load UTF-8 with a few accents / `wxTextFile::Open`", ratio("load/utf8", "open/utf8"), 2),
     ("load Latin-1 / `wxTextFile::Open`", ratio("load/latin1", "open/latin1"), 2),

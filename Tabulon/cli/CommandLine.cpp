@@ -156,11 +156,14 @@ class Parser {
   }
 
   void AddShowOrder(CLI::App* show) {
-    show->add_option("--sort", m_line.sort,
+    show->add_option("--sort", m_sort,
                      "Sort by these columns, -COLUMN descending, COLUMN:n as numbers; the reaction "
                      "time sorts as a number")
         ->type_name("KEY[,KEY]");
     show->add_flag("--reverse", m_line.reverse, "Turn every key of --sort round")->needs("--sort");
+    m_checks.push_back([this, show] {
+      if (show->count("--sort") > 0) m_line.sort = m_sort;
+    });
   }
 
   void AddShowColumns(CLI::App* show) {
@@ -293,6 +296,7 @@ class Parser {
   std::vector<std::function<void()>> m_checks;
   std::vector<std::string> m_files;
   std::vector<std::string> m_flags;
+  std::string m_sort;
   std::string m_format;
   std::string m_limit;
   std::string m_width;

@@ -21,7 +21,9 @@ class LoggedMessages : public wxLog {
   const wxString& Text() const { return m_text; }
 
  protected:
-  void DoLogText(const wxString& message) override { m_text = message; }
+  void DoLogRecord(wxLogLevel, const wxString& message, const wxLogRecordInfo&) override {
+    m_text = message;
+  }
 
  private:
   wxLog* const m_former;

@@ -93,7 +93,7 @@ void DrivenTable::DropPlainTables() {
   ListLoadedFiles();
 }
 
-Columns DrivenTable::MakeColumns(const std::vector<std::string>& mergedPrefixes) const {
+Columns DrivenTable::MakeColumns(const std::vector<std::string>& mergedPrefixes) {
   std::vector<Column> data;
   for (const auto& info : m_table.FindColumnInformationWherePropertyFlagIsAbsent(0)) {
     Column column;

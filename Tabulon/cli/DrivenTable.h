@@ -41,7 +41,7 @@ class DrivenTable : private MUInterfaceExperimentDataObserver {
 
   // All columns. Those whose name begins with one of the prefixes become one per prefix. Ends the run (WrongUse)
   // at a prefix that no column has.
-  Columns MakeColumns(const std::vector<std::string>& mergedPrefixes) const;
+  Columns MakeColumns(const std::vector<std::string>& mergedPrefixes);
 
   // Hides the rows that do not fit all of the conditions.
   void KeepRowsWhere(const std::vector<Condition>& conditions);
@@ -61,7 +61,7 @@ class DrivenTable : private MUInterfaceExperimentDataObserver {
 
   const Inputs& m_inputs;
   InputReports m_reports;
-  mutable MUExperimentTextReaderMultiFile m_table;
+  MUExperimentTextReaderMultiFile m_table;
   std::vector<LoadedFile> m_loaded;
 };
 

@@ -18,6 +18,11 @@ class Output {
   void WriteIfMuch() {
     if (m_bytes.size() >= MUCH) Write();
   }
+  // After this a message on another stream comes behind the bytes.
+  void WriteAndFlush() {
+    Write();
+    m_stream.flush();
+  }
   void Write() {
     m_stream.write(m_bytes.data(), static_cast<std::streamsize>(m_bytes.size()));
     m_bytes.clear();

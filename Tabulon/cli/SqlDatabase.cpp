@@ -1,5 +1,6 @@
 #include "Tabulon/cli/SqlDatabase.h"
 
+#include <algorithm>
 #include <cmath>
 #include <memory>
 #include <set>
@@ -164,7 +165,10 @@ void SqlDatabase::Save(const std::filesystem::path& file, const std::vector<std:
   newFile.Finish();
 }
 
-void SqlDatabase::AllowOnlyReading() { sqlite3_set_authorizer(m_database, AllowReading, nullptr); }
+void SqlDatabase::AllowOnlyReading(const std::vector<std::string>& tables) {
+  for (const std::string& table : tables) Run("SELECT 1 FROM " + table + " LIMIT 0");
+  sqlite3_set_authorizer(m_database, AllowReading, nullptr);
+}
 
 void SqlDatabase::Query(const std::string& query, ResultPrinter& printer,
                         const std::function<std::string(const std::string&)>& hint) {

@@ -228,9 +228,11 @@ int SqlRows::PlanFor(sqlite3_index_info* info) {
     // SQLite looks at the rows again: what it calls equal is decided in one place.
     info->aConstraintUsage[i].argvIndex = 1;
   }
-  if (MayGroupBy(*info)) {
-    for (int i = 0; i < info->nOrderBy; ++i)
-      plan.groupColumns.push_back(static_cast<std::size_t>(info->aOrderBy[i].iColumn));
+  if (CanOrderBy(*info)) {
+    for (int i = 0; i < info->nOrderBy; ++i) {
+      plan.order.push_back(
+          {static_cast<std::size_t>(info->aOrderBy[i].iColumn), info->aOrderBy[i].desc != 0});
+    }
     info->orderByConsumed = 1;
   }
   info->estimatedRows = static_cast<sqlite3_int64>(plan.equalColumn ? rows / 20 + 1 : rows);
@@ -240,14 +242,13 @@ int SqlRows::PlanFor(sqlite3_index_info* info) {
   return SQLITE_OK;
 }
 
-// Rows that are alike can be brought together where equal values are equal texts.
-bool SqlRows::MayGroupBy(const sqlite3_index_info& info) const {
-  constexpr int ONLY_GROUPED = 1;
-  if (info.nOrderBy == 0) return false;
-  if (sqlite3_vtab_distinct(const_cast<sqlite3_index_info*>(&info)) != ONLY_GROUPED) return false;
-  return std::all_of(info.aOrderBy, info.aOrderBy + info.nOrderBy, [this](const auto& term) {
-    return term.iColumn >= 0 && !m_sqlColumns[static_cast<std::size_t>(term.iColumn)].isNumbers;
-  });
+// Texts are ordered here as SQLite orders them, by their bytes as UTF-8, which is the order of their characters.
+bool SqlRows::CanOrderBy(const sqlite3_index_info& info) const {
+  return info.nOrderBy > 0 &&
+         std::all_of(info.aOrderBy, info.aOrderBy + info.nOrderBy, [this](const auto& term) {
+           return term.iColumn >= 0 &&
+                  !m_sqlColumns[static_cast<std::size_t>(term.iColumn)].isNumbers;
+         });
 }
 
 int SqlRows::Open(sqlite3_vtab* table, sqlite3_vtab_cursor** cursor) {
@@ -271,12 +272,12 @@ int SqlRows::Filter(sqlite3_vtab_cursor* cursor, int planNumber, const char*, in
     std::optional<std::vector<std::uint32_t>> places;
     if (plan.equalColumn)
       places = self.PlacesWhere(self.m_sqlColumns[*plan.equalColumn], values[0]);
-    if (!plan.groupColumns.empty()) {
+    if (!plan.order.empty()) {
       if (!places) {
         places.emplace(self.m_rows.size());
         std::iota(places->begin(), places->end(), 0U);
       }
-      places = self.GroupedPlaces(plan.groupColumns, std::move(*places));
+      places = self.OrderedPlaces(plan.order, std::move(*places));
     }
     walk.Start(std::move(places));
     return SQLITE_OK;
@@ -396,21 +397,38 @@ std::vector<std::uint32_t> SqlRows::PlacesOfNumber(std::size_t column, double nu
   });
 }
 
-std::vector<std::uint32_t> SqlRows::GroupedPlaces(const std::vector<std::size_t>& groupColumns,
+// Few rows differ in texts: their groups are sorted, and then the rows are dealt out to them.
+std::vector<std::uint32_t> SqlRows::OrderedPlaces(const std::vector<OrderTerm>& order,
                                                   std::vector<std::uint32_t> places) {
   std::vector<const Column*> columns;
-  for (const std::size_t column : groupColumns)
-    columns.push_back(&m_columns.All()[m_sqlColumns[column].column]);
+  for (const OrderTerm& term : order)
+    columns.push_back(&m_columns.All()[m_sqlColumns[term.column].column]);
   std::vector<DataRow*> rows;
   rows.reserve(places.size());
   for (const std::uint32_t place : places) rows.push_back(m_rows[place]);
   const RowGroups groups(columns, rows, m_driven.Files());
+
+  std::vector<std::size_t> sorted(groups.Count());
+  std::iota(sorted.begin(), sorted.end(), std::size_t{0});
+  std::sort(sorted.begin(), sorted.end(), [&](std::size_t a, std::size_t b) {
+    const DataRow& rowA = *rows[groups.FirstRow(a)];
+    const DataRow& rowB = *rows[groups.FirstRow(b)];
+    for (const OrderTerm& term : order) {
+      ColumnCells& cells = Cells(m_sqlColumns[term.column].column);
+      const int compared = cells.TextOf(rowA).Compare(cells.TextOf(rowB));
+      if (compared != 0) return term.descending ? compared > 0 : compared < 0;
+    }
+    return a < b;
+  });
   std::vector<std::size_t> next(groups.Count());
-  for (std::size_t group = 1; group < next.size(); ++group)
-    next[group] = next[group - 1] + groups.RowCount(group - 1);
-  std::vector<std::uint32_t> grouped(places.size());
-  for (std::size_t i = 0; i < places.size(); ++i) grouped[next[groups.OfRows()[i]]++] = places[i];
-  return grouped;
+  std::size_t begin = 0;
+  for (const std::size_t group : sorted) {
+    next[group] = begin;
+    begin += groups.RowCount(group);
+  }
+  std::vector<std::uint32_t> ordered(places.size());
+  for (std::size_t i = 0; i < places.size(); ++i) ordered[next[groups.OfRows()[i]]++] = places[i];
+  return ordered;
 }
 
 }  // namespace TabulonCli

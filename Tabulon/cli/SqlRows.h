@@ -1,5 +1,5 @@
 // The merged table as SQLite's read-only virtual table "rows". Nothing is copied: SQLite asks for cells as it needs
-// them, and hands conditions of equality and grouping down.
+// them, and hands conditions of equality and orders of texts down.
 #ifndef OMBRELIA_TABULON_CLI_SQLROWS_H
 #define OMBRELIA_TABULON_CLI_SQLROWS_H
 
@@ -44,10 +44,14 @@ class SqlRows {
   struct VirtualTable;
   static const sqlite3_module MODULE;
 
+  struct OrderTerm {
+    std::size_t column;  // of the SQL columns
+    bool descending;
+  };
   // What BestIndex found out, as Filter needs it.
   struct Plan {
     std::optional<std::size_t> equalColumn;  // the first argument is its value
-    std::vector<std::size_t> groupColumns;   // rows alike in these are to stand together
+    std::vector<OrderTerm> order;            // empty: the table's
   };
 
   static int Connect(sqlite3* database, void* rows, int, const char* const*, sqlite3_vtab** table,
@@ -67,7 +71,7 @@ class SqlRows {
   std::size_t KeepWithinLimit(std::size_t limit, const std::string& query);
   std::string Declaration() const;
   int PlanFor(sqlite3_index_info* info);
-  bool MayGroupBy(const sqlite3_index_info& info) const;
+  bool CanOrderBy(const sqlite3_index_info& info) const;
   ColumnCells& Cells(std::size_t column);
   void AnswerCell(sqlite3_context* context, std::size_t row, const SqlColumn& column);
   // The places of all rows that may have the value; nothing if that may be any row.
@@ -79,7 +83,7 @@ class SqlRows {
   const RowIndex* IndexOf(std::size_t column);
   template <typename TEST>
   std::vector<std::uint32_t> SearchTable(std::size_t column, TEST test);
-  std::vector<std::uint32_t> GroupedPlaces(const std::vector<std::size_t>& groupColumns,
+  std::vector<std::uint32_t> OrderedPlaces(const std::vector<OrderTerm>& order,
                                            std::vector<std::uint32_t> places);
 
   DrivenTable& m_driven;

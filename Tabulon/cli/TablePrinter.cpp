@@ -123,7 +123,7 @@ void TablePrinter::End(std::size_t totalRows) {
   m_out.Bytes() += CountedOf(m_keptRows, totalRows, "row") + ", " +
                    CountedOf(counted(0, m_shownColumns), counted(0, m_columns.size()), "column") +
                    "\n";
-  m_out.Write();
+  m_out.WriteAndFlush();
   TellWhatWasCut(totalRows);
 }
 

@@ -85,10 +85,14 @@ DuckDb::~DuckDb() {
 }
 
 void DuckDb::Load(const std::filesystem::path& folder) {
+  Run("CREATE OR REPLACE TABLE t AS SELECT * FROM " + Source(folder));
+}
+
+std::string DuckDb::Source(const std::filesystem::path& folder) {
   // The first five lines are skipped; with everything said there is nothing left to guess.
-  Run("CREATE OR REPLACE TABLE t AS SELECT * FROM read_csv('" + (folder / "*.txt").string() +
-      "', delim = '\t', quote = '', escape = '', skip = 5, header = true, all_varchar = true, "
-      "union_by_name = true)");
+  return "read_csv('" + (folder / "*.txt").string() +
+         "', delim = '\t', quote = '', escape = '', skip = 5, header = true, all_varchar = true, "
+         "union_by_name = true)";
 }
 
 std::size_t DuckDb::Run(const std::string& query) {

@@ -25,6 +25,8 @@ class DuckDb {
   // Reads the data files of the folder into the table t: every cell a text, the columns of the files
   // united by name. Names are those of the second heading row.
   void Load(const std::filesystem::path& folder);
+  // The same rows as a source for a query, read while the query runs.
+  static std::string Source(const std::filesystem::path& folder);
   // Runs the query to its whole result, which is thrown away; returns its number of rows.
   std::size_t Run(const std::string& query);
   // Sum of the lengths of the texts in the first column of the result.

@@ -73,7 +73,7 @@ TEST_F(Counting, GroupsHaveTheirMeans) {
   EXPECT_EQ(Told({"group", "g.txt", "--by", "Block Name,Trial Name", "--agg",
                   "mean:Reaction Time,sd:Reaction Time,n,n:Reaction Time", "--format", "csv"}),
             "Block Name,Trial Name,mean Reaction Time,sd Reaction Time,n,n Reaction Time\n"
-            "one,x,20.166666666666668,17.178862011750038,3,3\n"
+            "one,x,20.166666666666668,17.17798979314324,3,3\n"
             "one,y,20,,1,1\n"
             "two,x,,,2,0\n");
   EXPECT_EQ(
@@ -119,10 +119,10 @@ TEST_F(Counting, AnUnknownAggregateIsNamed) {
 TEST_F(Counting, SummaryDescribesEachColumn) {
   EXPECT_EQ(Output({"summary", "g.txt", "a.txt", "--format", "csv"}),
             "column,kind,rows,empty,numbers,distinct,least,median,mean,most\n"
+            "Event Name,text,9,6,0,3,,,,\n"
             "Block Name,text,9,3,0,3,,,,\n"
             "Trial Name,text,9,3,0,3,,,,\n"
             "Reaction Time,numbers and text,9,1,7,9,5,12,56.785714285714285,300\n"
-            "Event Name,text,9,6,0,3,,,,\n"
             "Note,empty,9,9,0,2,,,,\n"
             "Font (Trial Variable),text,9,6,0,3,,,,\n");
 }

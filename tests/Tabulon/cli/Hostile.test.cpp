@@ -22,8 +22,9 @@ class HostileInputs : public Tests::CliRun {
   }
   // The program with this on its standard input, run by a shell in the folder.
   Finished RunWithInput(const std::string& command, const std::string& arguments) {
-    return Tests::RunProgram({"/bin/sh", "-c", "cd '" + folder.Path() + "' && " + command + " | " +
-                                                   OMBRELIA_TABULON_CLI + " " + arguments});
+    return Tests::RunProgram({"/bin/sh", "-c",
+                              "cd '" + folder.Path() + "' && " + command + " | " +
+                                  OMBRELIA_TABULON_CLI + " " + arguments});
   }
   // Every command on the file, in every format; all must end by themselves and well.
   void RunEverythingOn(const std::string& file, const std::string& column) {
@@ -40,7 +41,8 @@ class HostileInputs : public Tests::CliRun {
         Arguments arguments = command;
         arguments.insert(arguments.end(), {"--format", format});
         const Finished finished = Run(arguments);
-        EXPECT_EQ(finished.status, 0) << command.front() << " as " << format << ": " << finished.err;
+        EXPECT_EQ(finished.status, 0)
+            << command.front() << " as " << format << ": " << finished.err;
       }
     }
   }
@@ -51,15 +53,16 @@ TEST_F(HostileInputs, AMegabyteInOneCell) {
   WriteFile(folder / "h.txt", "p\nt\nd\n\nA\tB\n\n" + cell + "\tx\n1\t2\n");
   RunEverythingOn("h.txt", "A");
   EXPECT_EQ(Output({"distinct", "A", "h.txt", "--where", "A/^a{5,}$/"}), cell + "\n");
-  EXPECT_EQ(Output({"sql", "SELECT length(A) n FROM rows WHERE B = 'x'", "h.txt", "--format", "csv"}),
-            "n\n1048376\n");
+  EXPECT_EQ(
+      Output({"sql", "SELECT length(A) n FROM rows WHERE B = 'x'", "h.txt", "--format", "csv"}),
+      "n\n1048376\n");
   // The other rows are not filled up to the width of that cell.
   EXPECT_LT(Output({"show", "h.txt"}).size(), cell.size() + 5000);
 }
 
 TEST_F(HostileInputs, ManyRowsBesideAWideCell) {
-  WriteFile(folder / "h.txt", "p\nt\nd\n\nA\tB\n\n" + std::string(1000000, 'a') + "\tx\n" +
-                                  Repeated("\ty\n", 10000));
+  WriteFile(folder / "h.txt",
+            "p\nt\nd\n\nA\tB\n\n" + std::string(1000000, 'a') + "\tx\n" + Repeated("\ty\n", 10000));
   EXPECT_LT(Output({"show", "h.txt"}).size(), 8000000U);
 }
 
@@ -92,27 +95,32 @@ TEST_F(HostileInputs, NoRows) {
   EXPECT_NE(finished.err.find("does not appear long enough"), std::string::npos);
   WriteFile(folder / "h.txt", "");
   EXPECT_EQ(Run({"sql", "SELECT * FROM rows", "h.txt"}).status, 1);
-  EXPECT_EQ(Output({"show", "a.txt", "--where", "Event Name=none", "--no-origin", "--format", "csv"}),
-            "Event Name,Reaction Time,Note,Font (Trial Variable)\n");
+  EXPECT_EQ(
+      Output({"show", "a.txt", "--where", "Event Name=none", "--no-origin", "--format", "csv"}),
+      "Event Name,Reaction Time,Note,Font (Trial Variable)\n");
   EXPECT_EQ(Output({"sql", "SELECT count(*) n, max(line) m FROM rows", "a.txt", "--where",
                     "Event Name=none", "--format", "csv"}),
             "n,m\n0,\n");
-  EXPECT_EQ(Output({"summary", "a.txt", "--where", "Event Name=none", "--limit", "1", "--format",
-                    "csv"}),
-            "column,kind,rows,empty,numbers,distinct,least,median,mean,most\n"
-            "Event Name,empty,0,0,0,0,,,,\n");
+  EXPECT_EQ(
+      Output({"summary", "a.txt", "--where", "Event Name=none", "--limit", "1", "--format", "csv"}),
+      "column,kind,rows,empty,numbers,distinct,least,median,mean,most\n"
+      "Event Name,empty,0,0,0,0,,,,\n");
 }
 
 TEST_F(HostileInputs, BytesThatAreNoUtf8) {
-  WriteFile(folder / "h.txt", "p\xFF\nt\xC3\nd\n\nA\xE4\tB\n\n\x80\xFE\tx\n\xC3\xA4\xED\xA0\x80\ty\n");
+  WriteFile(folder / "h.txt",
+            "p\xFF\nt\xC3\nd\n\nA\xE4\tB\n\n\x80\xFE\tx\n\xC3\xA4\xED\xA0\x80\ty\n");
   RunEverythingOn("h.txt", "B");
   // They are shown as the one-byte characters that they are; what comes out is UTF-8.
   EXPECT_EQ(Output({"show", "h.txt", "--where", "B=y", "--no-origin", "--format", "csv"}),
-            "A\xC3\xA4,B\n\xC3\x83\xC2\xA4\xC3\xAD\xC2\xA0\xC2\x80,y\n");
+            "A\xC3\xA4,B\n\xC3\x83\xC2\xA4\xC3\xAD\xC2\xA0"
+            "0x80,y\n");
 }
 
 TEST_F(HostileInputs, AnUnevenFileWithControlCharacters) {
-  WriteFile(folder / "h.txt", std::string("p\x1B[2J\tq\nt\nd\x07\n\nA\tA\tA\nB\n1\n\n1\t2\t3\t4\t\x1B[0m\n\x00\t\x01\n", 48));
+  static const char bytes[] =
+      "p\x1B[2J\tq\nt\nd\x07\n\nA\tA\tA\nB\n1\n\n1\t2\t3\t4\t\x1B[0m\n\x00\t\x01\n";
+  WriteFile(folder / "h.txt", std::string(bytes, sizeof bytes - 1));
   RunEverythingOn("h.txt", "A#");
   for (const std::string format : {"table", "tsv", "md", "line"}) {
     EXPECT_EQ(Output({"show", "h.txt", "--origin", "--format", format}).find('\x1B'),
@@ -124,8 +132,8 @@ TEST_F(HostileInputs, AFileThatVanishes) {
   // The program reads standard input after it has found all files, and before it reads any of them.
   const std::string pipe = folder / "pipe";
   ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-  const std::string command = "'" + std::string(OMBRELIA_TABULON_CLI) + "' show '" + folder / "a.txt" +
-                              "' - --no-origin --format csv < '" + pipe + "'";
+  const std::string command = "'" + std::string(OMBRELIA_TABULON_CLI) + "' show '" +
+                              folder / "a.txt" + "' - --no-origin --format csv < '" + pipe + "'";
   Tests::Process process({"/bin/sh", "-c", command});
   const int input = open(pipe.c_str(), O_WRONLY);
   ASSERT_GE(input, 0);
@@ -149,7 +157,8 @@ TEST_F(HostileInputs, AFileThatOnlyPointsNowhere) {
 }
 
 TEST_F(HostileInputs, StandardInputIsAFile) {
-  const Finished finished = RunWithInput("cat b.txt", "show - a.txt --format csv --columns 'file,Event Name'");
+  const Finished finished =
+      RunWithInput("cat b.txt", "show - a.txt --format csv --columns 'file,Event Name'");
   EXPECT_EQ(finished.status, 0) << finished.err;
   EXPECT_EQ(finished.out, "file,Event Name\na.txt,go\na.txt,stop\na.txt,go\n-,w\xC3\xA4it\n");
   const Finished info = RunWithInput("cat bad.txt", "info -");
@@ -182,7 +191,8 @@ TEST_F(HostileInputs, ItsOwnTablesAreNoDataFiles) {
   WriteFile(folder / "own.txt", Output({"show", "a.txt", "a.txt", "--format", "tsv"}) +
                                     Repeated("more\t1\tx\t\t\t\t\t\t\n", 9));
   const std::string why =
-      "This is a tab-separated table with one heading line, such as tabulon-cli writes, and no data "
+      "This is a tab-separated table with one heading line, such as tabulon-cli writes, and no "
+      "data "
       "file.\n";
   const Finished shown = Run({"show", "own.txt", "b.txt", "--no-origin", "--format", "csv"});
   EXPECT_EQ(shown.status, 1);

@@ -29,7 +29,7 @@ class SqlOfTheCli : public Tests::CliRun {
 
 TEST_F(SqlOfTheCli, ColumnsHaveBothOfTheirNames) {
   EXPECT_EQ(Query("SELECT \"Block Name\", \"Block\\nName\", \"Block\nName\" FROM rows LIMIT 1"),
-            "Block Name,Block\\nName,Block Name\none,one,one\n");
+            "Block Name,Block\\nName,Block Name#\none,one,one\n");
 }
 
 TEST_F(SqlOfTheCli, AStarGivesEachColumnOnce) {
@@ -75,19 +75,25 @@ TEST_F(SqlOfTheCli, FilesAreATableOfTheirOwn) {
       "path,n\na.txt,0\nb.txt,1\n");
 }
 
-// What is handed down to the table finds the same rows as SQLite finds by itself; a plus sign keeps a condition from
-// being handed down.
+// What is handed down to the table finds the same rows as SQLite finds by itself; "IS TRUE" keeps a condition from being
+// handed down.
 TEST_F(SqlOfTheCli, EqualityFindsTheSameRowsHandedDownOrNot) {
   for (const std::string column :
        {"\"Reaction Time\"", "Code", "\"Trial Name\"", "row", "line", "flagged", "file"}) {
+    std::string answers;
     for (const std::string value :
          {"10", "'10'", "40.5", "'40.50'", "7", "'7'", "7.0", "'007'", "'x'", "NULL", "0", "1",
           "''", "x'37'", "9e999", "'g.txt'", "-1", "1.5"}) {
-      const std::string select = "SELECT group_concat(line) l FROM rows WHERE ";
-      EXPECT_EQ(Query(select + column + " = " + value),
-                Query(select + "+" + column + " = " + value))
-          << column << " = " << value;
+      const std::string select = "(SELECT group_concat(line) FROM rows WHERE ";
+      const std::string condition = column + " = " + value;
+      answers += std::string(answers.empty() ? "" : " UNION ALL ") + "SELECT " + select +
+                 condition + ") AS handed, " + select + "(" + condition + ") IS TRUE) AS own";
     }
+    EXPECT_EQ(Query("SELECT count(*) FILTER (WHERE handed IS NOT own) AS different, "
+                    "count(handed) > 0 AS found FROM (" +
+                    answers + ")"),
+              "different,found\n0,1\n")
+        << column;
   }
 }
 
@@ -120,11 +126,17 @@ TEST_F(SqlOfTheCli, GroupingFindsTheSameGroupsHandedDownOrNot) {
   }
 }
 
-TEST_F(SqlOfTheCli, OrderByAGroupedColumnIsSorted) {
-  WriteFile(folder / "o.txt", "p\nt\nd\n\nA\n\nc\na\nb\na\nc\n");
+TEST_F(SqlOfTheCli, OrderOfTextsIsThatOfTheirBytes) {
+  WriteFile(folder / "o.txt",
+            "p\nt\nd\n\nA\tB\n\nc\t1\na\tx\nb\tx\na\t1\nc\tx\nB\tx\n\xC3\xA4\tx\n");
   EXPECT_EQ(Query("SELECT A, count(*) n FROM rows GROUP BY A ORDER BY A", {"o.txt"}),
-            "A,n\na,2\nb,1\nc,2\n");
-  EXPECT_EQ(Query("SELECT DISTINCT A FROM rows ORDER BY A DESC", {"o.txt"}), "A\nc\nb\na\n");
+            "A,n\nB,1\na,2\nb,1\nc,2\n\xC3\xA4,1\n");
+  EXPECT_EQ(Query("SELECT DISTINCT A FROM rows ORDER BY A DESC", {"o.txt"}),
+            "A\n\xC3\xA4\nc\nb\na\nB\n");
+  EXPECT_EQ(Query("SELECT A, B FROM rows ORDER BY A DESC, B", {"o.txt"}),
+            "A,B\n\xC3\xA4,x\nc,1\nc,x\nb,x\na,1\na,x\nB,x\n");
+  EXPECT_EQ(Query("SELECT A FROM rows ORDER BY A COLLATE NOCASE, B LIMIT 3", {"o.txt"}),
+            "A\na\na\nB\n");
 }
 
 TEST_F(SqlOfTheCli, FlagsAndConditionsReachTheQuery) {
