@@ -50,6 +50,11 @@ inline void ExpectEachCellIsCompared(const std::string& experiment, const std::s
   }
 }
 
+// The same with the sample's own cells, for a test into which they are not typed.
+inline void ExpectEachCellIsCompared(const std::string& experiment, const std::string& column) {
+  ExpectEachCellIsCompared(experiment, column, DataFile::Sample(experiment).Column(column));
+}
+
 }  // namespace Tests
 
 #endif
