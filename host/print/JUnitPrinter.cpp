@@ -137,12 +137,16 @@ void AddLines(std::string& body, const std::string& text) {
 }
 
 // The subject comes first: some servers show the body and not the message.
-std::string FailureBody(const TestOutcome& test, MachineKind machine) {
+std::string FailureBody(const Case& testCase, MachineKind machine) {
+  const TestOutcome& test = *testCase.test;
   std::string body;
   AddLines(body, test.subject);
   AddLines(body, test.location);
   AddLines(body, test.message);
   for (const DescriptionLine& line : DescribeEvidence(test, machine)) body += line.text + "\n";
+  if (testCase.datafile != nullptr) {
+    for (const std::string& remark : testCase.datafile->remarks) AddLines(body, remark);
+  }
   return body;
 }
 
@@ -180,7 +184,7 @@ void PrintCase(std::ostream& out, const Case& testCase, const std::string& suite
   } else {
     const TestOutcome& test = *testCase.test;
     PrintElement(out, testCase.state == Case::State::Skipped ? "skipped" : "failure",
-                 NameOf(test.outcome), test.subject, FailureBody(test, machine));
+                 NameOf(test.outcome), test.subject, FailureBody(testCase, machine));
   }
   out << "    </testcase>\n";
 }

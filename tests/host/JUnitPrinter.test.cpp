@@ -102,6 +102,14 @@ TEST(JUnitPrinter, LostDataFilesAreErrorsAndCounted) {
   EXPECT_EQ(Case(report, "leaving.om4", start).children[0]["type"], "lost");
 }
 
+TEST(JUnitPrinter, WhatIsRemarkedOnADataFileStandsInItsFailures) {
+  EXPECT_EQ(
+      Case(Report(WholeResults()), "nearly.om4", "locating_verifier_for_nearly.om4")
+          .children[0]
+          .text,
+      "no logic\nWhichever/File/Focuses/On/Verifying/x.om5:124\nm\nDid you mean nearby.om4?\n");
+}
+
 // What the second verification knows of a lost data file keeps its place.
 TEST(JUnitPrinter, TheTestsOfALostDataFileStayBesideItsError) {
   RunResults results;
