@@ -25,21 +25,21 @@ std::string NumberShown(const std::optional<long>& number) {
   return number ? std::to_string(*number) : std::string();
 }
 
-// Two texts that belong together are cut at the same place.
 struct ComparedCells {
   std::string actual;
   std::string expected;
 };
 
-ComparedCells ShowCompared(const std::string& actual, const std::string& expected) {
-  const std::size_t around = FirstDifference(actual, expected).value_or(0);
-  return {CellShown(actual, LONGEST_CELL, around), CellShown(expected, LONGEST_CELL, around)};
-}
-
+// Two texts that belong together are cut at the same place; an absent one shows as nothing.
 ComparedCells ShowCompared(const EvidenceCell& cell) {
-  if (cell.actual && cell.expected) return ShowCompared(*cell.actual, *cell.expected);
-  return {cell.actual ? CellShown(*cell.actual, LONGEST_CELL) : std::string(),
-          cell.expected ? CellShown(*cell.expected, LONGEST_CELL) : std::string()};
+  std::size_t around = 0;
+  if (cell.actual && cell.expected) {
+    around = FirstDifference(*cell.actual, *cell.expected).value_or(0);
+  }
+  const auto show = [&](const std::optional<std::string>& text) {
+    return text ? CellShown(*text, LONGEST_CELL, around) : std::string();
+  };
+  return {show(cell.actual), show(cell.expected)};
 }
 
 void AddTable(Lines& lines, const TextTable& table, const std::vector<bool>& decides) {
@@ -50,32 +50,35 @@ void AddTable(Lines& lines, const TextTable& table, const std::vector<bool>& dec
   }
 }
 
-// The rows around the deciding one: its expected cell beside the compared column, then the other columns.
-void AddContext(Lines& lines, const EvidenceContext& context) {
+// The rows around the deciding one: its expected cell beside the compared column, then the other columns. A
+// deciding row that the data file lacks stands below its last ones.
+void AddContext(Lines& lines, const EvidenceContext& context, const EvidenceCell& deciding) {
   TextTable table;
   table.AddColumn("line", TextTable::Align::Right);
   table.AddColumn("row", TextTable::Align::Right);
-  std::vector<std::string> headings;
-  for (const std::string& column : context.columns) headings.push_back(ColumnShown(column));
-  headings.resize(std::max<std::size_t>(headings.size(), 1));
-  headings.insert(headings.begin() + 1, "expected");
-  for (const std::string& heading : headings) table.AddColumn(heading, TextTable::Align::Left);
+  const std::string compared =
+      context.columns.empty() ? std::string() : ColumnShown(context.columns.front());
+  table.AddColumn(compared, TextTable::Align::Left);
+  table.AddColumn(deciding.expected ? "expected" : "", TextTable::Align::Left);
+  for (std::size_t i = 1; i < context.columns.size(); ++i) {
+    table.AddColumn(ColumnShown(context.columns[i]), TextTable::Align::Left);
+  }
 
+  const ComparedCells decidingShown = ShowCompared(deciding);
   std::vector<bool> decides;
   for (const EvidenceContext::Row& row : context.rows) {
     std::vector<std::string> cells = {std::to_string(row.line), std::to_string(row.row)};
-    const std::string compared = row.cells.empty() ? std::string() : row.cells.front();
-    if (row.decides) {
-      const ComparedCells shown = ShowCompared(compared, row.expected);
-      cells.insert(cells.end(), {shown.actual, shown.expected});
-    } else {
-      cells.insert(cells.end(), {CellShown(compared, LONGEST_CELL), std::string()});
-    }
-    for (std::size_t i = 1; i < row.cells.size(); ++i) {
-      cells.push_back(CellShown(row.cells[i], LONGEST_CELL));
-    }
+    for (const std::string& cell : row.cells) cells.push_back(CellShown(cell, LONGEST_CELL));
+    cells.resize(std::max<std::size_t>(cells.size(), 3));
+    cells.insert(cells.begin() + 3, row.decides ? decidingShown.expected : std::string());
+    if (row.decides) cells[2] = decidingShown.actual;
     table.AddRow(cells);
     decides.push_back(row.decides);
+  }
+  if (deciding.row && std::find(decides.begin(), decides.end(), true) == decides.end()) {
+    table.AddRow({NumberShown(deciding.line), NumberShown(deciding.row), decidingShown.actual,
+                  decidingShown.expected});
+    decides.push_back(true);
   }
   AddTable(lines, table, decides);
 }
@@ -121,26 +124,15 @@ void AddHiddenDifference(Lines& lines, const Evidence& evidence) {
 }
 
 std::string DescribeLength(const Evidence& evidence) {
-  std::string words;
-  if (evidence.actualCount && evidence.expectedCount) {
-    words = Plural(*evidence.actualCount, "row") + ", where " +
-            std::to_string(*evidence.expectedCount) + " are expected.";
-  }
-  if (!evidence.cells.empty()) {
-    if (!words.empty()) words += " ";
-    words += evidence.cells.front().actual ? "The first one too many:" : "The first one missing:";
-  }
-  return words;
+  if (!evidence.actualCount || !evidence.expectedCount) return std::string();
+  return Plural(*evidence.actualCount, "row") + ", where " +
+         std::to_string(*evidence.expectedCount) + " are expected.";
 }
 
 std::string DescribeCount(const Evidence& evidence) {
-  std::string words;
-  if (evidence.actualCount && evidence.expectedCount) {
-    words = "Found " + Plural(*evidence.actualCount, "time") + ", where " +
-            std::to_string(*evidence.expectedCount) + " are expected";
-    words += evidence.cells.empty() || *evidence.actualCount == 0 ? "." : ":";
-  }
-  return words;
+  if (!evidence.actualCount || !evidence.expectedCount) return std::string();
+  return "Found " + Plural(*evidence.actualCount, "time") + ", where " +
+         Plural(*evidence.expectedCount, "time") + " are expected.";
 }
 
 std::string DescribeBound(const BoundCheck& bound, MachineKind machine) {
@@ -154,24 +146,16 @@ std::string DescribeBound(const BoundCheck& bound, MachineKind machine) {
   return value + " is within the bounds" + bounds + kind;
 }
 
-void AddMissingTexts(Lines& lines, const std::vector<EvidenceCell>& cells) {
-  for (const EvidenceCell& cell : cells) {
-    lines.push_back({"No row has this in column " + ColumnShown(cell.column) + ": " +
-                         CellShown(cell.expected.value_or(std::string()), LONGEST_CELL),
-                     false});
-  }
-}
-
-std::string HeadlineOf(const TestOutcome& test) {
-  switch (test.evidence.kind) {
+std::string HeadlineOf(const Evidence& evidence) {
+  switch (evidence.kind) {
     case Evidence::Kind::Length:
-      return DescribeLength(test.evidence);
+      return DescribeLength(evidence);
     case Evidence::Kind::Row:
       return "The first row that differs:";
     case Evidence::Kind::Count:
-      return DescribeCount(test.evidence);
+      return DescribeCount(evidence);
     case Evidence::Kind::LastReads:
-      return "No more is known than what the check read last:";
+      return "No more is known than what the check read last.";
     case Evidence::Kind::None:
     case Evidence::Kind::Cell:
     case Evidence::Kind::MissingText:
@@ -182,29 +166,68 @@ std::string HeadlineOf(const TestOutcome& test) {
   return std::string();
 }
 
+// Cells under a line of their own, if there are any.
+void AddCellsBelow(Lines& lines, const char* headline, const std::vector<EvidenceCell>& cells) {
+  if (cells.empty()) return;
+  lines.push_back({headline, false});
+  AddCells(lines, cells, false);
+}
+
+// Texts that no row has come without a row; the rows that could have had them follow.
+void AddMissingTexts(Lines& lines, const std::vector<EvidenceCell>& cells) {
+  std::vector<EvidenceCell> others;
+  for (const EvidenceCell& cell : cells) {
+    if (cell.row || !cell.expected) {
+      others.push_back(cell);
+      continue;
+    }
+    lines.push_back({"No row has this in column " + ColumnShown(cell.column) + ": " +
+                         CellShown(*cell.expected, LONGEST_CELL),
+                     false});
+  }
+  AddCellsBelow(lines, "These rows have something else:", others);
+}
+
+// Where a text is there too rarely, rows that could have had it come first, and say what is expected.
+void AddCounted(Lines& lines, const std::vector<EvidenceCell>& cells) {
+  std::vector<EvidenceCell> others;
+  std::vector<EvidenceCell> counted;
+  for (const EvidenceCell& cell : cells) (cell.expected ? others : counted).push_back(cell);
+  AddCellsBelow(lines, "These rows have something else:", others);
+  AddCellsBelow(lines, "These rows have it:", counted);
+}
+
+void AddDecidingCells(Lines& lines, const Evidence& evidence) {
+  const std::vector<EvidenceCell>& cells = evidence.cells;
+  if (evidence.kind == Evidence::Kind::MissingText) {
+    AddMissingTexts(lines, cells);
+  } else if (evidence.kind == Evidence::Kind::Count) {
+    AddCounted(lines, cells);
+  } else if (!cells.empty() && !evidence.context.rows.empty()) {
+    AddContext(lines, evidence.context, cells.front());
+    AddCellsBelow(lines, "Further cells that differ:", {cells.begin() + 1, cells.end()});
+  } else if (!cells.empty()) {
+    AddCells(lines, cells,
+             evidence.kind == Evidence::Kind::Cell || evidence.kind == Evidence::Kind::Row ||
+                 evidence.kind == Evidence::Kind::Length);
+  }
+}
+
 }  // namespace
 
 std::vector<DescriptionLine> DescribeEvidence(const TestOutcome& test, MachineKind machine) {
   const Evidence& evidence = test.evidence;
   Lines lines;
-  const std::string headline = HeadlineOf(test);
+  const std::string headline = HeadlineOf(evidence);
   if (!headline.empty()) lines.push_back({headline, false});
-  if (evidence.kind == Evidence::Kind::MissingText) {
-    AddMissingTexts(lines, evidence.cells);
-  } else if (!evidence.context.rows.empty()) {
-    AddContext(lines, evidence.context);
-  } else if (!evidence.cells.empty()) {
-    const bool firstDecides =
-        evidence.kind == Evidence::Kind::Cell || evidence.kind == Evidence::Kind::Row;
-    AddCells(lines, evidence.cells, firstDecides);
+  for (const std::string& words : evidence.words) {
+    for (const std::string& line : LinesShown(words)) lines.push_back({line, false});
   }
+  AddDecidingCells(lines, evidence);
   AddHiddenDifference(lines, evidence);
   if (test.bound) {
     lines.push_back({BoundScale(*test.bound), false});
     lines.push_back({DescribeBound(*test.bound, machine), false});
-  }
-  for (const std::string& words : evidence.words) {
-    for (const std::string& line : LinesShown(words)) lines.push_back({line, false});
   }
   return lines;
 }

@@ -28,7 +28,8 @@ std::size_t CountDatafiles(const RunResults& results, Outcome outcome);
 // unless tolerate; MalformedReport if the results have faults.
 ExitStatus ExitStatusOf(const RunResults& results, bool tolerate);
 
-// The line of the data file, from 1, that decided a test; absent if there is none.
+// The line of the data file, from 1, that decided a test, that of the first cell of its evidence that stands
+// anywhere; absent if there is none.
 std::optional<long> LineOf(const TestOutcome& test);
 
 }  // namespace OmbreliaHost

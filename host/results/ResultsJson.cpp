@@ -94,10 +94,8 @@ json ToJson(const EvidenceContext& context) {
   json rows = json::array();
   for (const EvidenceContext::Row& row : context.rows) {
     json object = {{"row", row.row}, {"line", row.line}, {"cells", row.cells}};
-    if (row.decides) {
-      object["decides"] = true;
-      object["expected"] = row.expected;
-    }
+    if (row.decides) object["decides"] = true;
+    Put(object, "expected", row.expected);
     rows.push_back(object);
   }
   return {{"columns", context.columns}, {"rows", rows}};

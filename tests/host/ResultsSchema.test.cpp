@@ -72,7 +72,7 @@ TEST_F(ResultsSchemaTest, RefusesAnythingElse) {
       {"/datafiles/0/tests/1/evidence/0/line", 0},
       {"/datafiles/0/tests/1/evidence/0/row", "4"},
       {"/datafiles/0/tests/1/evidence/0/unheard_of", 1},
-      {"/datafiles/0/tests/1/context/rows/0/decides", true},
+      {"/datafiles/0/tests/1/context/rows/0/decides", false},
       {"/datafiles/0/tests/1/context/rows/0/line", 0},
       {"/datafiles/1/tests/5/bound/min", 1.5},
       {"/datafiles/6/loss/exit_status", 1},

@@ -57,7 +57,7 @@ TEST(TerminalPrinter, TheOtherComparedColumnsStandBeside) {
   TestOutcome test = DatafileWithOneWrongCell().tests[1];
   test.evidence.context.columns = {"color", "Event\nName"};
   test.evidence.context.rows = {{11, 4, {"blue", "event 1"}, true, "red"},
-                                {12, 5, {"", "event 2 "}, false, ""}};
+                                {12, 5, {"", "event 2 "}, false, "red"}};
   EXPECT_NE(PrintedTest(test).find("      line  row  color    expected  Event Name\n"
                                    "    >   11    4  blue     red       event 1\n"
                                    "        12    5  (empty)            event 2\xC2\xB7\n"),
@@ -71,9 +71,9 @@ TEST(TerminalPrinter, EachKindOfEvidenceHasItsForm) {
             "FAIL  all_kinds.om5 1.txt: 2 passed, 6 failed\n"
             "  runs/all_kinds.om5 1.txt:13: Correct_quantity_of_data_cells\n"
             "    Too many data cells. More than expected.\n"
-            "    7 rows, where 6 are expected. The first one too many:\n"
+            "    7 rows, where 6 are expected.\n"
             "      line  row  color\n"
-            "        13    6  green\n"
+            "    >   13    6  green\n"
             "    No extra info.\n"
             "  runs/all_kinds.om5 1.txt: we_presented_all_events\n"
             "    not all of them\n"
@@ -87,7 +87,8 @@ TEST(TerminalPrinter, EachKindOfEvidenceHasItsForm) {
             "    m\n"
             "  runs/all_kinds.om5 1.txt:7: Three_times\n"
             "    not three times\n"
-            "    Found 2 times, where 3 are expected:\n"
+            "    Found 2 times, where 3 times are expected.\n"
+            "    These rows have it:\n"
             "      line  row  Event Name\n"
             "         7    0  event 1\n"
             "        12    5  event 1\n"
@@ -101,11 +102,11 @@ TEST(TerminalPrinter, EachKindOfEvidenceHasItsForm) {
             "    Expected a duration between 700 and 900. Instead, we got a duration of 1000.\n"
             "  runs/all_kinds.om5 1.txt:7: Sums_up\n"
             "    does not sum up\n"
-            "    No more is known than what the check read last:\n"
+            "    No more is known than what the check read last.\n"
+            "    The sum is not 4.\n"
             "      line  row  column  cell\n"
             "         7    0  a       1\n"
             "         7    0  b       2\n"
-            "    The sum is not 4.\n"
             "    m\n");
 }
 
@@ -119,15 +120,80 @@ TEST(TerminalPrinter, AMissingRowAndAnUnreadableFileHaveTheirWords) {
   EXPECT_EQ(PrintedTest(length),
             "  x.txt: Data_appears_completely_and_in_order\n"
             "    Mismatch in the ordering of data cells in datafile.\n"
-            "    1 row, where 6 are expected. The first one missing:\n"
+            "    1 row, where 6 are expected.\n"
             "      row  color  expected\n"
-            "        4         red\n");
+            "    >   4         red\n");
   EXPECT_EQ(Printed(WholeResults().datafiles[4]),
             "FAIL  broken.om4 1.txt: 1 passed, 1 failed\n"
             "  runs/broken.om4 1.txt: open_and_parse_broken.om4 1\n"
             "    this datafile was not open-able/parse-able\n"
             "    The second line is missing.\n"
             "    unable\n");
+}
+
+TEST(TerminalPrinter, ASurplusRowHasNoExpectedCellAndAMissingOneStandsBelowTheLast) {
+  TestOutcome length = WithCells("blue", "");
+  length.evidence.kind = Evidence::Kind::Length;
+  length.evidence.cells[0].expected.reset();
+  length.evidence.context.columns = {"color", "Event\nName"};
+  length.evidence.context.rows = {{10, 3, {"red", "event 1"}, false, "red"},
+                                  {11, 4, {"blue", "event 2"}, true, ""}};
+  EXPECT_NE(PrintedTest(length).find("      line  row  color  Event Name\n"
+                                     "        10    3  red    event 1\n"
+                                     "    >   11    4  blue   event 2\n"),
+            std::string::npos)
+      << PrintedTest(length);
+
+  length.evidence.cells[0].actual.reset();
+  length.evidence.cells[0].expected = "blue";
+  length.evidence.context.rows.pop_back();
+  EvidenceCell early;
+  early.column = "color";
+  early.row = 1;
+  early.line = 8;
+  early.actual = "green";
+  early.expected = "red";
+  length.evidence.cells.push_back(early);
+  length.evidence.words = {"The first row that differs from the expected ones is row 1."};
+  EXPECT_NE(
+      PrintedTest(length).find("    The first row that differs from the expected ones is row 1.\n"
+                               "      line  row  color  expected  Event Name\n"
+                               "        10    3  red              event 1\n"
+                               "    >   11    4         blue\n"
+                               "    Further cells that differ:\n"
+                               "      line  row  color  expected\n"
+                               "         8    1  green  red\n"),
+      std::string::npos)
+      << PrintedTest(length);
+}
+
+TEST(TerminalPrinter, RowsThatCouldHaveAMissingTextFollowIt) {
+  DatafileResult datafile = WholeResults().datafiles[1];
+  TestOutcome missing = datafile.tests[2];
+  missing.evidence.cells.push_back(datafile.tests[3].evidence.cells[0]);
+  missing.evidence.cells[1].expected.reset();
+  EXPECT_EQ(PrintedTest(missing),
+            "  x.txt:10: we_presented_all_events\n"
+            "    not all of them\n"
+            "    No row has this in column Trial Name: cues left\n"
+            "    These rows have something else:\n"
+            "      line  row  Event Name\n"
+            "        10    3  event 1\n"
+            "    m\n");
+  TestOutcome count = datafile.tests[4];
+  count.evidence.cells[0].actual = "event 7";
+  count.evidence.cells[0].expected = "event 1";
+  EXPECT_EQ(PrintedTest(count),
+            "  x.txt:7: Three_times\n"
+            "    not three times\n"
+            "    Found 2 times, where 3 times are expected.\n"
+            "    These rows have something else:\n"
+            "      line  row  Event Name  expected\n"
+            "         7    0  event 7     event 1\n"
+            "    These rows have it:\n"
+            "      line  row  Event Name\n"
+            "        12    5  event 1\n"
+            "    m\n");
 }
 
 TEST(TerminalPrinter, CellsThatLookAlikeAreToldApart) {
