@@ -6,11 +6,9 @@
 
 namespace Ombrelia {
 
+// The date in the local time zone, read from the clock at every call. The source of this function is
+// linked into the shared library alone: test programs put another in its place.
 boost::gregorian::date TodaysLocalDate();
-
-// For tests alone: TodaysLocalDate returns this date from now on, or the clock's again after
-// not_a_date_time.
-void SetTodaysLocalDateForTests(const boost::gregorian::date& date);
 
 }  // namespace Ombrelia
 

@@ -1,5 +1,7 @@
 #include "framework/RunTimes.h"
 
+#include <string>
+
 #include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
 #include "framework/CellNumbers.h"
 #include "framework/CheckReport.h"
@@ -47,8 +49,7 @@ int ExpansionTime(const MUExperimentTextReaderMultiFile& reader) {
 
 void CheckBounds(const MUExperimentTextReaderMultiFile& reader, FakeJUnitPrinter* printer,
                  const wxString& name, int min, int max, const wxString& columnName,
-                 bool isExpansion, bool exceptTestMachines) {
-  if (exceptTestMachines && (RunningOnSmallTestBox() || RunningOnMacServer())) return;
+                 bool isExpansion) {
   const int column = ColumnIndexFromText_StartsWith(reader, columnName);
   if (column < 0) return;
   wxString testName;
@@ -64,14 +65,16 @@ void CheckBounds(const MUExperimentTextReaderMultiFile& reader, FakeJUnitPrinter
     listener->OnBound(column, min, max, value);
   ReportCheck(printer, name, min <= value && value <= max, testName,
               {wxT("Experiment duration is weird. Too short or too long (see details below)."), 228,
-               wxString::Format(
-                   wxT("Expected a duration between %d and %d. Instead, we got a duration of %ld."),
-                   min, max, value)});
+               wxT("Expected a duration between ") + std::to_wstring(min) + wxT(" and ") +
+                   std::to_wstring(max) + wxT(". Instead, we got a duration of ") +
+                   std::to_wstring(value) + wxT(".")});
 }
 
 bool RunningOnSmallTestBox() { return RunningOn(SMALL_MACOSX_TESTBOX); }
 
 bool RunningOnMacServer() { return RunningOn(BIG_MACOSX_SERVER); }
+
+bool RunningOnATestMachine() { return RunningOnSmallTestBox() || RunningOnMacServer(); }
 
 void RecordTotalDuration(const MUExperimentTextReaderMultiFile& reader, FakeJUnitPrinter* printer,
                          const wxString& name) {
@@ -84,8 +87,8 @@ void RecordTotalDuration(const MUExperimentTextReaderMultiFile& reader, FakeJUni
     return;
   }
   const wxString duration = reader.GetDataCellValue(reader.GetNumberOfDataRows() - 1, column);
-  printer->AddPassingTestResult(
-      wxString::Format(wxT("__TIMING__TRACKING__%s__%s_ms"), name, duration));
+  printer->AddPassingTestResult(wxT("__TIMING__TRACKING__") + name + wxT("__") + duration +
+                                wxT("_ms"));
 }
 
 void RecordExpansionTime(const MUExperimentTextReaderMultiFile& reader, FakeJUnitPrinter* printer,
@@ -98,9 +101,8 @@ void RecordExpansionTime(const MUExperimentTextReaderMultiFile& reader, FakeJUni
              "available.")});
     return;
   }
-  printer->AddPassingTestResult(
-      wxString::Format(wxT("__EXPANSION__TRACKING__%s__%s_ms"), name,
-                       wxString::Format(wxT("%d"), ExpansionTime(reader))));
+  printer->AddPassingTestResult(wxT("__EXPANSION__TRACKING__") + name + wxT("__") +
+                                std::to_wstring(ExpansionTime(reader)) + wxT("_ms"));
 }
 
 }  // namespace RunTimes

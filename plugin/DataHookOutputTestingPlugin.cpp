@@ -2,6 +2,9 @@
 
 #include <wx/filename.h>
 
+#include <exception>
+#include <string>
+
 #include "plugin/DataHookOutputTestingPluginImpl.h"
 #include "plugin/Interface_SpecificIndividualTestVerifier.h"
 #include "report/ConcreteFakeJUnitPrinter.h"
@@ -29,6 +32,43 @@ FakeJUnitPrinter* DataHookOutputTestingPlugin::PrivateImpl::GetTestResultPrinter
 }
 
 void DataHookOutputTestingPlugin::PrivateImpl::ReleasePrinter() { m_printer.reset(); }
+
+template <class Operation>
+void DataHookOutputTestingPlugin::PrivateImpl::CallWithoutThrowing(const wxChar* name,
+                                                                   Operation operation) noexcept {
+  try {
+    operation();
+  } catch (const std::exception& exception) {
+    RecordException(name, exception.what());
+  } catch (...) {
+    RecordException(name, "unknown");
+  }
+}
+
+void DataHookOutputTestingPlugin::PrivateImpl::RecordException(const wxChar* operation,
+                                                               const char* what) noexcept {
+  try {
+    GetTestResultPrinter()->AddFailingTestResult(
+        wxString(wxT("TestingPluginDH_Exception_in_")) + operation,
+        wxT("an exception ended this operation, later checks did not run"),
+        FailureLocationText(210, wxT("DataHookOutputTestingPlugin")),
+        wxT("the exception is: ") + wxString::FromUTF8(what));
+  } catch (...) {
+    // The memory for this one result is missing, too.
+  }
+}
+
+void DataHookOutputTestingPlugin::PrivateImpl::RecordAssertionFailure(
+    const wxString& assertionText) {
+  static int failures = 0;
+  FakeJUnitPrinter* const printer = GetTestResultPrinter();
+  std::wstring number = std::to_wstring(++failures);
+  if (number.length() < 5) number.insert(0, 5 - number.length(), L'0');
+  printer->AddFailingTestResult(wxT("TestingPluginDH_AssertionFailure_") + number,
+                                wxT("actual file and line number shown in DETAILED TEXT"),
+                                FailureLocationText(182, wxT("DataHookOutputTestingPlugin")),
+                                assertionText);
+}
 
 wxString LookupKeyOfDatafile(const wxString& dataFilePath) {
   return wxFileName(dataFilePath).GetName().Upper().BeforeFirst(wxT(' '));
@@ -69,17 +109,14 @@ void DataHookOutputTestingPlugin::GetString(int, wxString&) const {}
 
 void DataHookOutputTestingPlugin::PerformPostProcessing(
     const wxString& dataFilePath, const std::vector<StimAreaData>& stimAreas) {
-  DispatchDatafile(dataFilePath, stimAreas, m_impl->GetTestResultPrinter());
+  m_impl->CallWithoutThrowing(wxT("PerformPostProcessing"), [&] {
+    DispatchDatafile(dataFilePath, stimAreas, m_impl->GetTestResultPrinter());
+  });
 }
 
 bool DataHookOutputTestingPlugin::LogAssertionFailureAsTestFailure(const wxString& assertionText) {
-  static int failures = 0;
-  FakeJUnitPrinter* const printer = m_impl->GetTestResultPrinter();
-  ++failures;
-  printer->AddFailingTestResult(
-      wxString::Format(wxT("TestingPluginDH_AssertionFailure_%05d"), failures),
-      wxT("actual file and line number shown in DETAILED TEXT"),
-      FailureLocationText(182, wxT("DataHookOutputTestingPlugin")), assertionText);
+  m_impl->CallWithoutThrowing(wxT("LogAssertionFailureAsTestFailure"),
+                              [&] { m_impl->RecordAssertionFailure(assertionText); });
   return true;
 }
 

@@ -11,20 +11,21 @@ namespace Ombrelia {
 
 class DataHookOutputTestingPlugin : public Interface_DataHookPlugin {
  public:
-  // Makes the report writer at once, so that its flag file stands from load time on.
+  // Makes the report writer at once, so that its flag file is on disk as soon as the library is loaded.
   DataHookOutputTestingPlugin();
   ~DataHookOutputTestingPlugin() override;
 
-  int GetPlugInID() const override;
-  void GetString(int index, wxString& text) const override;
+  int GetPlugInID() const override;                          // -7654
+  void GetString(int index, wxString& text) const override;  // has no texts: leaves text as it is
 
   void PerformPostProcessing(const wxString& dataFilePath,
                              const std::vector<StimAreaData>& stimAreas) override;
   bool LogAssertionFailureAsTestFailure(const wxString& assertionText) override;
   void FlushTestOutput() override;
 
-  // Called from static initialisers, in any order of translation units. Of two names that differ only
-  // in case the first one registered stays; the second is dropped silently.
+  // Enters a verifier under its experiment's name in capitals. If that name is there already, the first
+  // verifier stays and the second one is dropped without a message. Called by static initialisers, in
+  // any order of translation units.
   static void RegisterOneSingleVerifier(VerifierRegistrationInfo info);
 
   class PrivateImpl;

@@ -22,10 +22,20 @@ class DataHookOutputTestingPlugin::PrivateImpl {
   // Never null. Makes a printer, whose first result is a passing test, if there is none. Borrowed:
   // valid until ReleasePrinter.
   FakeJUnitPrinter* GetTestResultPrinter();
-  // Deletes the printer, which writes its report; nothing if there is none.
+  // Deletes the printer, which writes its report; nothing if there is none. Never throws.
   void ReleasePrinter();
 
+  // Records a failing test. Assertion failures are numbered from 1 over the life of the process.
+  void RecordAssertionFailure(const wxString& assertionText);
+
+  // Calls operation. If it throws, for want of memory or out of a library, a failing test of the suite
+  // that is open says so; if not even that can be recorded, nothing does. name: the host's operation.
+  template <class Operation>
+  void CallWithoutThrowing(const wxChar* name, Operation operation) noexcept;
+
  private:
+  void RecordException(const wxChar* operation, const char* what) noexcept;
+
   std::unique_ptr<FakeJUnitPrinter> m_printer;
 };
 
@@ -34,7 +44,8 @@ class DataHookOutputTestingPlugin::PrivateImpl {
 wxString LookupKeyOfDatafile(const wxString& dataFilePath);
 
 // Has the verifier of the data file's experiment check it, and records all that the plug-in records for
-// a data file. The printer is not owned; the verifier keeps it until its next data file.
+// a data file. The printer is not owned; the verifier keeps it until its next data file. Throws what the
+// verifier throws.
 void DispatchDatafile(const wxString& dataFilePath, const std::vector<StimAreaData>& stimAreas,
                       FakeJUnitPrinter* printer);
 

@@ -1,6 +1,5 @@
 #include "plugin/HostProbes.h"
 
-#include <unistd.h>
 #include <wx/utils.h>
 
 #include <cstdlib>
@@ -9,26 +8,16 @@
 
 #ifdef __APPLE__
 #include <sys/sysctl.h>
+#include <unistd.h>
 #endif
+
+#include "plugin/LocalHostName.h"
 
 namespace Halvex {
 
 namespace {
 
 const wxChar* const MARKER_OF_CONTINUOUS_BUILD = wxT("OMBRELIA_CONTINUOUS_BUILD");
-
-wxString& SimulatedHostName() {
-  static wxString name;
-  return name;
-}
-
-wxString LocalHostName() {
-  if (!SimulatedHostName().empty()) return SimulatedHostName();
-  char buffer[256] = {};
-  // A name that fills the buffer may come back without its terminator.
-  if (gethostname(buffer, sizeof buffer - 1) != 0) return wxString();
-  return wxString::FromAscii(buffer);
-}
 
 }  // namespace
 
@@ -82,7 +71,5 @@ wxString BriefOperatingSystemVersionString() {
   wxGetOsVersion(&major, &minor);
   return wxString::Format(wxT("mac%d_%d"), major, minor);
 }
-
-void SetLocalHostNameForTests(const wxString& name) { SimulatedHostName() = name; }
 
 }  // namespace Halvex

@@ -1,4 +1,4 @@
-// Which machine and which build this is.
+// Which machine and which build this is. Called from the host's thread only.
 #ifndef OMBRELIA_PLUGIN_HOSTPROBES_H
 #define OMBRELIA_PLUGIN_HOSTPROBES_H
 
@@ -6,26 +6,33 @@
 
 namespace Halvex {
 
-// Case-insensitive: does name stand anywhere in this host's name? "*" and "?" in name are wildcards;
-// an empty name matches every host.
+// True if name stands anywhere in this host's name, in upper or lower case. "*" and "?" in name match
+// any characters and any one character; an empty name matches every host. The host's name is read at
+// each call.
 bool CurrSystemMatchesLocalHostName(wxString name);
 
-// Does the marker variable of the continuous-build job exist? Asked of the environment once per process.
+// True if the marker variable of the continuous-build job exists, whatever its value. The environment is
+// read at the first call only.
 bool CurrentlyRunningJenkinsOmbreliaProject();
 
-// Does "HALVEX_BETA_STIMLIST_TESTING" exist? Asked of the environment once per process.
+// True if the variable "HALVEX_BETA_STIMLIST_TESTING" exists, whatever its value. The environment is
+// read at the first call only.
 bool RunningWithOmbreliaSixPreviewEnabled();
 
+// Always false on this platform.
 bool ModernBuildForElCapitan_HardcodedOnWin32ToTrue();
+
+// True if the running system's version is major.minor or later.
 bool WeHaveAtLeastThisMinimumMacVersion(int major, int minor);
+
+// Always false; the argument is ignored.
 bool RunningOnPowerPC(const wxString&);
+
+// True if a debugger is attached to this process now; false if the system does not say.
 bool DetectedPresenceOf_GDB_Debugger();
 
 // "mac<major>_<minor>" of the running system.
 wxString BriefOperatingSystemVersionString();
-
-// Seam for tests: simulates a host of this name; an empty text goes back to the real name.
-void SetLocalHostNameForTests(const wxString& name);
 
 }  // namespace Halvex
 

@@ -1,4 +1,4 @@
-// The face that the host sees of a data-hook plug-in.
+// What the host sees of a data-hook plug-in.
 #ifndef OMBRELIA_PLUGIN_INTERFACE_DATAHOOKPLUGIN_H
 #define OMBRELIA_PLUGIN_INTERFACE_DATAHOOKPLUGIN_H
 
@@ -12,11 +12,16 @@ namespace Ombrelia {
 
 struct StimAreaData;
 
-// Called by the host from its one thread, one operation at a time, after an experiment has ended.
+// The host calls one operation at a time, from one thread, after an experiment has ended. No operation
+// throws: an exception out of a verifier or a library becomes a failing test in the suite that is open,
+// or is lost if memory does not even suffice for that. Where wx itself allows no exception, in its file
+// functions and formatting, memory that runs out ends the process.
 class Interface_DataHookPlugin : public OmbreliaSDK::OMSdkBase {
  public:
-  // dataFilePath: a finished data file; stimAreas: the on-screen areas that responses could be
-  // attached to. Results stay in memory until FlushTestOutput or process exit.
+  // Has the verifier of the data file's experiment check it. A file without a verifier and a file that
+  // cannot be read give a failing test. dataFilePath: native format. stimAreas: the on-screen areas that
+  // responses could be attached to, borrowed for the call. Results stay in memory until FlushTestOutput
+  // or process exit.
   virtual void PerformPostProcessing(const wxString& dataFilePath,
                                      const std::vector<StimAreaData>& stimAreas) = 0;
   // Records a failing test in the suite that is open. Returns true.

@@ -14,8 +14,9 @@ struct StimAreaData;
 class Interface_SpecificIndividualTestVerifier {
  public:
   virtual ~Interface_SpecificIndividualTestVerifier() = default;
-  // Checks one data file and records every result on printer. Never throws, whatever the file holds.
-  // Nothing passed in is kept beyond the call but the printer pointer, which the next call replaces.
+  // Checks one data file and records every result on printer. What the file holds is no reason to throw;
+  // memory that runs out is. printer is not null and not owned; its pointer stays stored, unused, until
+  // the next call replaces it. Path and areas are borrowed for the call.
   virtual void VerifyDatafile(const wxString& dataFilePath,
                               const std::vector<StimAreaData>& stimAreas,
                               FakeJUnitPrinter* printer) = 0;

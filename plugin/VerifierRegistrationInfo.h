@@ -10,7 +10,7 @@ class Interface_SpecificIndividualTestVerifier;
 
 struct VerifierRegistrationInfo {
   wxString name;  // the experiment file's name as the verifier gave it, not upper-cased
-  Interface_SpecificIndividualTestVerifier* verifier;  // not owned
+  Interface_SpecificIndividualTestVerifier* verifier;  // not owned, not null; lives to process exit
 };
 
 }  // namespace Ombrelia

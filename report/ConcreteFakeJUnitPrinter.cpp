@@ -1,5 +1,6 @@
 #include "report/ConcreteFakeJUnitPrinter.h"
 
+#include <wx/dir.h>
 #include <wx/file.h>
 #include <wx/filefn.h>
 #include <wx/filename.h>
@@ -11,6 +12,9 @@
 #include <algorithm>
 #include <memory>
 #include <string>
+#include <utility>
+
+#include "report/TextsForAHuman.h"
 
 namespace Ombrelia {
 
@@ -48,6 +52,26 @@ void AppendUtf8(std::string& bytes, const wxString& text) {
   bytes += wxString(characters).utf8_string();
 }
 
+// Text at the end of a piece, which is taken away again unless it is kept: a report holds whole entries
+// only, also if memory runs out in the middle of one.
+class Entry {
+ public:
+  explicit Entry(std::string& piece) : m_piece(piece), m_start(piece.size()) {}
+  ~Entry() {
+    if (!m_kept) m_piece.resize(m_start);
+  }
+  Entry(const Entry&) = delete;
+  Entry& operator=(const Entry&) = delete;
+
+  std::string& Text() { return m_piece; }
+  void Keep() { m_kept = true; }
+
+ private:
+  std::string& m_piece;
+  std::size_t m_start;
+  bool m_kept = false;
+};
+
 // wxWidgets logging is silenced for the life of one operation when a human watches.
 std::unique_ptr<wxLogNull> SilenceUnless(bool unattended) {
   return unattended ? nullptr : std::make_unique<wxLogNull>();
@@ -70,7 +94,7 @@ ConcreteFakeJUnitPrinter::ConcreteFakeJUnitPrinter(const wxString& fileBaseName,
       m_directory(wxT("./scons-out/opt/tests/") + subDirectory + wxFileName::GetPathSeparator()),
       m_previousFlagFilesFound(PreviousFlagFilesWereFound(m_directory)),
       m_processId(wxGetProcessId()),
-      m_processIdText(wxString::Format(wxT("%lu"), m_processId)),
+      m_processIdText(std::to_wstring(m_processId)),
       m_fileBaseName(fileBaseName),
       m_unattended(true),
       m_arrayPrinted(false) {
@@ -90,54 +114,68 @@ ConcreteFakeJUnitPrinter::ConcreteFakeJUnitPrinter(const wxString& fileBaseName,
 }
 
 ConcreteFakeJUnitPrinter::~ConcreteFakeJUnitPrinter() {
-  const auto silence = SilenceUnless(m_unattended);
-  FinalizeTheTotalContentOfOurArray();
-  FlushFileAndSaveToFinalDestination();
+  try {
+    const auto silence = SilenceUnless(m_unattended);
+    FinalizeTheTotalContentOfOurArray();
+    FlushFileAndSaveToFinalDestination();
+  } catch (...) {
+    // The report is lost, as it is when it cannot be written, and the host goes on.
+  }
 }
 
 void ConcreteFakeJUnitPrinter::NewTestSuite(const wxString& suiteName) {
+  wxString name = suiteName + wxT("_pid_") + m_processIdText;
+  const std::size_t pieces = m_reportPieces.size() + 2;
+  if (m_reportPieces.capacity() < pieces) m_reportPieces.reserve(2 * pieces);
   if (!m_openSuiteName.empty()) CloseTheCurrentSuite();
-  m_openSuiteName = wxString::Format(wxT("%s_pid_%lu"), suiteName, m_processId);
+  // Nothing throws from here on.
+  m_openSuiteName.swap(name);
   m_headOfOpenSuite = m_reportPieces.size();
   m_reportPieces.resize(m_headOfOpenSuite + 2);  // the head and the first entries
 }
 
 void ConcreteFakeJUnitPrinter::AddPassingTestResult(const wxString& testName) {
+  Entry entry(PieceForAnEntry());
+  AppendStart(entry.Text(), testName);
+  entry.Text().append("\" />").append(m_lineEnd);
+  entry.Keep();
   ++m_openTests;
-  StartEntry(testName).append("\" />").append(m_lineEnd);
 }
 
 void ConcreteFakeJUnitPrinter::AddFailingTestResult(const wxString& testName,
                                                     const wxString& subject,
                                                     const wxString& location,
                                                     const wxString& message) {
-  if (!m_unattended) {
-    // What a build that serves a human would show.
-    const wxString shown = wxString::Format(
-        wxT("\n\nName of test: %s\n\nSubject: %s\n\nLocation: %s\n\nMessage: %s\n\n"), testName,
-        subject, location, message);
-    static_cast<void>(shown);
-  }
+  if (!m_unattended) static_cast<void>(TextOfAFailedTest(testName, subject, location, message));
+  Entry entry(PieceForAnEntry());
+  std::string& text = entry.Text();
+  AppendStart(text, testName);
+  text.append("\" >\n        <failure message=\"");
+  AppendUtf8(text, subject);
+  text.append("\" type=\"\">\n\n <![CDATA[");
+  AppendUtf8(text, location);
+  text.append("\n");
+  AppendUtf8(text, message);
+  text.append("]]>\n\n</failure>\n</testcase>").append(m_lineEnd);
+  entry.Keep();
   ++m_openTests;
   ++m_openFailures;
-  std::string& entry = StartEntry(testName);
-  entry.append("\" >\n        <failure message=\"");
-  AppendUtf8(entry, subject);
-  entry.append("\" type=\"\">\n\n <![CDATA[");
-  AppendUtf8(entry, location);
-  entry.append("\n");
-  AppendUtf8(entry, message);
-  entry.append("]]>\n\n</failure>\n</testcase>").append(m_lineEnd);
 }
 
 bool ConcreteFakeJUnitPrinter::PreviousFlagFilesWereFound(const wxString& directory) {
-  const wxString found = wxFindFirstFile(directory + wxT("special_flag_file_") + wxT("*"), wxFILE);
-  return !found.empty();
+  const wxString pattern = wxT("special_flag_file_*");
+  // Says and finds what wxFindFirstFile would, which leaves the folder open until the process ends.
+  const wxDir folder(directory);
+  if (!folder.IsOpened()) {
+    wxLogSysError(_("Cannot enumerate files '%s'"), directory + pattern);
+    return false;
+  }
+  wxString name;
+  return folder.GetFirst(&name, pattern, wxDIR_FILES);
 }
 
 void ConcreteFakeJUnitPrinter::CreateOurFlagFile() {
-  CreateNewFileOnDisk(
-      wxString::Format(wxT("%s%s%lu.dat"), m_directory, wxT("special_flag_file_"), m_processId));
+  CreateNewFileOnDisk(m_directory + wxT("special_flag_file_") + m_processIdText + wxT(".dat"));
 }
 
 void ConcreteFakeJUnitPrinter::CreateNewFileOnDisk(const wxString& path) {
@@ -148,14 +186,7 @@ void ConcreteFakeJUnitPrinter::CreateNewFileOnDisk(const wxString& path) {
     file.Write(wxTextFileType_None, wxConvAuto());
     file.Close();
   }
-  // Composed also after success: the words of a message that a build for a human would show.
-  wxString diagnostic =
-      wxString::Format(wxT("\n\nFakeJUnitPrinter failed to write to the file %s"), path);
-  if (m_unattended) {
-    diagnostic += wxT("\n\nPLEASE CREATE THAT PATH.\n\nerror is reported relative to current "
-                      "working dir (CWD). CWD is:\n\n") +
-                  wxGetCwd() + wxT("\n\n");
-  }
+  static_cast<void>(TextOfAnUnwrittenFile(path, m_unattended));
 }
 
 wxString ConcreteFakeJUnitPrinter::ExpectedNameOfPreexistingFile() const {
@@ -166,23 +197,23 @@ wxString ConcreteFakeJUnitPrinter::NameForOurFinalResultsFile() const {
   return m_directory + m_fileBaseName + wxT("_") + m_processIdText + wxT(".xml");
 }
 
-void ConcreteFakeJUnitPrinter::AppendLine(std::string& piece, const wxString& line) const {
-  AppendUtf8(piece, line);
-  piece.append(m_lineEnd);
+std::string& ConcreteFakeJUnitPrinter::PieceForAnEntry() {
+  if (m_reportPieces.back().size() > PIECE_SIZE - ROOM_FOR_AN_ENTRY) {
+    std::string piece;
+    piece.reserve(PIECE_SIZE);
+    m_reportPieces.push_back(std::move(piece));
+  }
+  return m_reportPieces.back();
 }
 
-std::string& ConcreteFakeJUnitPrinter::StartEntry(const wxString& testName) {
-  if (m_reportPieces.back().size() > PIECE_SIZE - ROOM_FOR_AN_ENTRY) {
-    m_reportPieces.emplace_back().reserve(PIECE_SIZE);
-  }
+void ConcreteFakeJUnitPrinter::AppendStart(std::string& text, const wxString& testName) const {
   // Appended and not formatted: a report may hold very many results.
-  std::string& entry = m_reportPieces.back();
-  const std::string number = std::to_string(m_openTests + m_closedTests);
-  entry.append("        <testcase name=\"test");
-  if (number.length() < 3) entry.append(3 - number.length(), '0');
-  entry.append(number);
-  AppendUtf8(entry, testName);
-  return entry.append("\" status=\"run\" time=\"").append(std::to_string(m_perTestTime));
+  const std::string number = std::to_string(m_openTests + m_closedTests + 1);
+  text.append("        <testcase name=\"test");
+  if (number.length() < 3) text.append(3 - number.length(), '0');
+  text.append(number);
+  AppendUtf8(text, testName);
+  text.append("\" status=\"run\" time=\"").append(std::to_string(m_perTestTime));
 }
 
 int ConcreteFakeJUnitPrinter::TimeOf(std::uint32_t tests) const {
@@ -191,29 +222,37 @@ int ConcreteFakeJUnitPrinter::TimeOf(std::uint32_t tests) const {
 }
 
 void ConcreteFakeJUnitPrinter::CloseTheCurrentSuite() {
+  std::string head = "    <testsuite name=\"";
+  AppendUtf8(head, m_openSuiteName);
+  AddHeadAndEnd(m_headOfOpenSuite, head + "\"" + Counts(m_openTests, m_openFailures) + ">",
+                "    </testsuite>");
   m_closedTests += m_openTests;
   m_closedFailures += m_openFailures;
-  AppendLine(
-      m_reportPieces[m_headOfOpenSuite],
-      wxString::Format(
-          wxT("    <testsuite name=\"%s\" tests=\"%u\" failures=\"%u\" disabled=\"0\" errors=\"0\" "
-              "time=\"%d\">"),
-          m_openSuiteName, m_openTests, m_openFailures, TimeOf(m_openTests)));
-  AppendLine(m_reportPieces.back(), wxT("    </testsuite>"));
   m_openTests = 0;
   m_openFailures = 0;
 }
 
 void ConcreteFakeJUnitPrinter::FinalizeTheTotalContentOfOurArray() {
   CloseTheCurrentSuite();
-  AppendLine(
-      m_reportPieces.front(),
-      wxString::Format(
-          wxT("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-              "<testsuites tests=\"%u\" failures=\"%u\" disabled=\"0\" errors=\"0\" time=\"%d\" "
-              "name=\"AllTests\">"),
-          m_closedTests, m_closedFailures, TimeOf(m_closedTests)));
-  AppendLine(m_reportPieces.back(), wxT("</testsuites>"));
+  AddHeadAndEnd(0,
+                "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<testsuites" +
+                    Counts(m_closedTests, m_closedFailures) + " name=\"AllTests\">",
+                "</testsuites>");
+}
+
+std::string ConcreteFakeJUnitPrinter::Counts(std::uint32_t tests, std::uint32_t failures) const {
+  return " tests=\"" + std::to_string(tests) + "\" failures=\"" + std::to_string(failures) +
+         "\" disabled=\"0\" errors=\"0\" time=\"" + std::to_string(TimeOf(tests)) + "\"";
+}
+
+void ConcreteFakeJUnitPrinter::AddHeadAndEnd(std::size_t headPiece, const std::string& head,
+                                             const char* end) {
+  Entry first(m_reportPieces[headPiece]);
+  first.Text().append(head).append(m_lineEnd);
+  Entry last(m_reportPieces.back());
+  last.Text().append(end).append(m_lineEnd);
+  last.Keep();
+  first.Keep();
 }
 
 void ConcreteFakeJUnitPrinter::FlushFileAndSaveToFinalDestination() {

@@ -15,16 +15,18 @@ class wxTempFile;
 
 namespace Ombrelia {
 
-// Files, all below the working directory in "./scons-out/opt/tests/" + subDirectory:
-//   special_flag_file_<pid>.dat   left at construction: a process of this run has started
-//   <fileBaseName>.xml            a report that speaks for a process that dies; moved at construction
+// The writer uses these files, all below the working directory in "./scons-out/opt/tests/" + subDirectory:
+//   special_flag_file_<pid>.dat   written at construction: a process of this run has started
+//   <fileBaseName>.xml            placed there in advance, to be found as the report of a process that
+//                                 dies; renamed to the next name at construction
 //   <fileBaseName>_<pid>.xml      the report, written by the destructor and by nothing else
-// The directory must exist; without it the report is lost quietly. Every test's time is the constant
-// 999: durations of the report are no measurements. No argument is escaped.
+// The directory must exist. Without it, and if memory for putting the report together is missing, the
+// report is lost and no exception leaves the destructor; wx may log the loss. Every test's time is the
+// constant 999: durations of the report are no measurements.
 class ConcreteFakeJUnitPrinter : public FakeJUnitPrinter {
  public:
-  // renameUnconditionally: moves a pre-existing report to the final name even if flag files show
-  // that other processes of this run have started.
+  // renameUnconditionally: rename a report placed in advance even if flag files show that other processes
+  // of this run have started.
   ConcreteFakeJUnitPrinter(const wxString& fileBaseName, const wxString& subDirectory,
                            bool renameUnconditionally);
   ~ConcreteFakeJUnitPrinter() override;
@@ -42,9 +44,14 @@ class ConcreteFakeJUnitPrinter : public FakeJUnitPrinter {
   void CreateNewFileOnDisk(const wxString& path);
   wxString ExpectedNameOfPreexistingFile() const;
   wxString NameForOurFinalResultsFile() const;
-  void AppendLine(std::string& piece, const wxString& line) const;
-  // Appends an entry up to its time and gives the piece that takes the rest.
-  std::string& StartEntry(const wxString& testName);
+  // The last piece, which takes the next entry.
+  std::string& PieceForAnEntry();
+  // The beginning of the next test's entry, up to its time.
+  void AppendStart(std::string& text, const wxString& testName) const;
+  // One line at the end of that piece and one at the end of the report: both, or none if it throws.
+  void AddHeadAndEnd(std::size_t headPiece, const std::string& head, const char* end);
+  // The attributes of a suite, or of the whole report, that count.
+  std::string Counts(std::uint32_t tests, std::uint32_t failures) const;
   int TimeOf(std::uint32_t tests) const;
   void CloseTheCurrentSuite();
   void FinalizeTheTotalContentOfOurArray();
@@ -56,8 +63,8 @@ class ConcreteFakeJUnitPrinter : public FakeJUnitPrinter {
   std::uint32_t m_openTests;
   std::uint32_t m_closedFailures;
   std::uint32_t m_openFailures;
-  // The bytes of the file in order. The head of the report and of each suite has a piece of its own,
-  // since it is known only when all that follows it is there; so nothing is ever moved or put together.
+  // The bytes of the file in order. The heads of the report and of each suite hold counts that are known
+  // only at its end, so each head is a separate piece, and no bytes are moved when it is filled in.
   std::vector<std::string> m_reportPieces;
   std::size_t m_headOfOpenSuite;  // index of its piece
   std::string m_lineEnd;          // the platform's
@@ -69,7 +76,7 @@ class ConcreteFakeJUnitPrinter : public FakeJUnitPrinter {
   wxString m_processIdText;
   wxString m_fileBaseName;
   bool m_unattended;
-  bool m_arrayPrinted;
+  bool m_arrayPrinted;  // the report was handed to its file; prescribed, and nothing reads it
 };
 
 }  // namespace Ombrelia

@@ -1,10 +1,11 @@
 #include "report/FailureLocation.h"
 
+#include <string>
+
 namespace Ombrelia {
 
 wxString FailureLocationText(long line, const wxString& fileName) {
-  return wxString::Format(wxT("%s:%ld"), wxT("Whichever/File/Focuses/On/Verifying/") + fileName,
-                          line);
+  return wxT("Whichever/File/Focuses/On/Verifying/") + fileName + wxT(":") + std::to_wstring(line);
 }
 
 }  // namespace Ombrelia

@@ -6,8 +6,9 @@
 
 namespace Ombrelia {
 
-// "Whichever/File/Focuses/On/Verifying/" fileName ":" line. The path is a pretence: callers pass an
-// experiment's file name or a class's name, and fixed line numbers that identify the check.
+// Returns "Whichever/File/Focuses/On/Verifying/", fileName, ":" and line in decimal. It only looks like a
+// path: callers pass an experiment's file name or a class's name, and a constant that identifies the
+// check.
 wxString FailureLocationText(long line, const wxString& fileName);
 
 }  // namespace Ombrelia

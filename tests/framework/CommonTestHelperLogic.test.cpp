@@ -2,10 +2,17 @@
 #include "framework/CommonTestHelperLogic.h"
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
 
 #include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
 #include "framework/StimAreaTesting.h"
+#include "tests/Deployment.h"
 #include "tests/support/DataFile.h"
+#include "tests/support/Files.h"
+#include "tests/support/Process.h"
 #include "tests/support/RecordingPrinter.h"
 
 namespace Tests {
@@ -215,9 +222,58 @@ TEST(StimAreas, ArePrintedOneToALine) {
   EXPECT_EQ(testing::internal::GetCapturedStderr(), line + line);
 }
 
-// This machine's name does not hold the build node's prefix.
+// Does the process sleep?
+bool Sleeps(pid_t process) {
+  const std::string stat = ReadFile("/proc/" + std::to_string(process) + "/stat");
+  const std::size_t state = stat.rfind(") ");
+  return state != std::string::npos && stat[state + 2] == 'S';
+}
+
+// A process takes this host name, says that it has it, and asks for the loop. Returns its exit status,
+// or WAITING once it sleeps, which nothing but the loop makes it do.
+const int WAITING = 300;
+int StatusOnHost(const std::string& name) {
+  int said[2] = {};
+  EXPECT_EQ(pipe(said), 0);
+  const pid_t child = fork();
+  if (child == 0) {
+    const int status = TakeHostName(name.c_str());
+    if (status != 0) _exit(status);
+    if (write(said[1], "x", 1) != 1) _exit(1);
+    CommonTestHelperLogic::ForceEntryIntoEndlessLoop_SoWeCanDebugBuildNode();
+    _exit(0);
+  }
+  close(said[1]);
+  char byte = 0;
+  const bool asked = read(said[0], &byte, 1) == 1;
+  close(said[0]);
+  int status = 0;
+  while (asked && waitpid(child, &status, WNOHANG) == 0) {
+    if (Sleeps(child)) {
+      kill(child, SIGKILL);
+      waitpid(child, &status, 0);
+      return WAITING;
+    }
+  }
+  if (!asked) waitpid(child, &status, 0);
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+// Upper-cased by the function, since the configured text is in capitals.
+const std::string BUILD_NODE = OMBRELIA_BUILD_NODE_HOST_PREFIX_IN_LOWER_CASE;
+
+TEST(BuildNode, IsWaitedForWhereverItsTextStandsInTheName) {
+  for (const std::string& name : {BUILD_NODE, BUILD_NODE + "-7", "the-" + BUILD_NODE}) {
+    const int status = StatusOnHost(name);
+    if (status == NOT_PERMITTED) GTEST_SKIP() << "no host name of its own is permitted here";
+    EXPECT_EQ(status, WAITING) << name;
+  }
+}
+
 TEST(BuildNode, IsNotWaitedForElsewhere) {
-  CommonTestHelperLogic::ForceEntryIntoEndlessLoop_SoWeCanDebugBuildNode();
+  const int status = StatusOnHost(ORDINARY_MACHINE);
+  if (status == NOT_PERMITTED) GTEST_SKIP() << "no host name of its own is permitted here";
+  EXPECT_EQ(status, 0);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "framework/IndividualTestCase_T.h"
 #include "plugin/DataHookOutputTestingPluginImpl.h"
 #include "tests/support/DataFile.h"
+#include "tests/support/Files.h"
 #include "tests/support/RecordingPrinter.h"
 
 namespace Ombrelia {
@@ -22,10 +23,16 @@ class FrameProbe : public IndividualTestCase_T<FrameProbe, false> {
   FrameProbe() : IndividualTestCase_T(FOCUS_OF_THIS_TEST, false) {}
   void RunAllVerificationTests(VerificationNecessities necessities) override {
     ++runs;
-    EXPECT_EQ(necessities.reader.get(), m_reader.get());
-    EXPECT_EQ(necessities.printer, m_printer);
+    if (expectsTheTable) {
+      EXPECT_EQ(necessities.reader.get(), m_reader.get());
+      EXPECT_EQ(necessities.printer, m_printer);
+    }
     areas = necessities.stimAreas->size();
     if (checks) checks(*this);
+  }
+  void OnNotifyUnableToReadDatafile(FakeJUnitPrinter* printer) override {
+    ++notifications;
+    IndividualTestCase_T::OnNotifyUnableToReadDatafile(printer);
   }
   using IndividualTestCase_T::CellAt;
   using IndividualTestCase_T::CheckEventNames;
@@ -44,7 +51,9 @@ class FrameProbe : public IndividualTestCase_T<FrameProbe, false> {
   using IndividualTestCase_T::RowCount;
 
   std::function<void(FrameProbe&)> checks;
+  bool expectsTheTable = true;
   int runs = 0;
+  int notifications = 0;
   size_t areas = 0;
 };
 
@@ -137,6 +146,18 @@ TEST(IndividualTestCase, ReportsAnUnreadableFileAndGoesNoFurther) {
   EXPECT_EQ(Probe().m_reader.get(), nullptr);
 }
 
+TEST(IndividualTestCase, ReportsAFileWhoseNameIsNotAscii) {
+  RecordingPrinter printer;
+  Probe().VerifyDatafile(wxT("/no/such/folder/\u00fcber \u4e2d \U0001F600.om5 7.txt"), {},
+                         &printer);
+  EXPECT_EQ(FailuresOf(printer.lines),
+            Lines{Fail("open_and_parse_\xC3\xBC"
+                       "ber \xE4\xB8\xAD \xF0\x9F\x98\x80.om5 7",
+                       "this datafile was not open-able/parse-able",
+                       "CommonTestHelperLogic_GetReaderOrElseLogAnError", 49,
+                       "unable to construct a MUExperimentTextReaderMultiFile for this datafile")});
+}
+
 TEST(IndividualTestCase, ReportsAFileThatIsNotThere) {
   RecordingPrinter printer;
   Probe().VerifyDatafile(wxT("/no/such/folder/Frame_Probe.om5 7.txt"), {}, &printer);
@@ -145,6 +166,67 @@ TEST(IndividualTestCase, ReportsAFileThatIsNotThere) {
       Lines{Fail("open_and_parse_Frame_Probe.om5 7", "this datafile was not open-able/parse-able",
                  "CommonTestHelperLogic_GetReaderOrElseLogAnError", 49,
                  "unable to construct a MUExperimentTextReaderMultiFile for this datafile")});
+}
+
+// A second instance opens the file and records the run times; checks and notification are the
+// singleton's.
+TEST(IndividualTestCase, GivesChecksAndNotificationToTheSingleton) {
+  FrameProbe other;
+  Probe().checks = [](FrameProbe& probe) { EXPECT_EQ(&probe, &Probe()); };
+  const int before = Probe().runs;
+  const ScratchFolder folder;
+  WriteFile(folder / "Frame_Probe.om5 1.txt", SomeFile().Text());
+  const wxString readable = wxString::FromUTF8((folder / "Frame_Probe.om5 1.txt").c_str());
+  RecordingPrinter printer;
+  other.expectsTheTable = false;
+  Probe().expectsTheTable = false;  // which the other one holds
+  other.VerifyDatafile(readable, {}, &printer);
+  EXPECT_EQ(other.runs, 0);
+  EXPECT_EQ(Probe().runs, before + 1);
+  EXPECT_TRUE(other.m_reader);
+  EXPECT_EQ(printer.lines.size(), 4U);
+
+  const int told = Probe().notifications;
+  other.VerifyDatafile(wxT("/no/such/file.txt"), {}, &printer);
+  EXPECT_EQ(other.notifications, 0);
+  EXPECT_EQ(Probe().notifications, told + 1);
+  Probe().expectsTheTable = true;
+  Probe().checks = nullptr;
+}
+
+void VerifyWithoutSingleton() {
+  boost::shared_ptr<FrameProbe> verifier;
+  verifier.swap(Ombrelia::IndividualTestCase_T<FrameProbe, false>::m_singletonVerifier);
+  RecordingPrinter printer;
+  verifier->VerifyDatafile(wxT("/no/such/file.txt"), {}, &printer);
+}
+
+void BoundWithoutTable() {
+  Probe().m_reader.reset();
+  Probe().PerformDurationBoundsTest(0, 1, true);
+}
+
+// Broken invariants end the process: there is no check that could report them.
+TEST(IndividualTestCaseDeathTest, AbortsWithoutASingleton) {
+  EXPECT_DEATH(VerifyWithoutSingleton(), "px != 0");
+}
+
+TEST(IndividualTestCaseDeathTest, AbortsOnABoundWithoutATable) {
+  EXPECT_DEATH(BoundWithoutTable(), "px != 0");
+}
+
+// The machine is asked first, so that nothing is read where nothing is bounded.
+TEST(IndividualTestCase, LooksAtNoTableForABoundThatExceptsThisMachine) {
+  Probe().m_reader.reset();
+  for (const char* machine : {SERVER_MACHINE, TESTBOX_MACHINE, BOTH_MACHINES}) {
+    const HostNameIs here(machine);
+    Probe().PerformDurationBoundsTest(0, 1, true);
+    Probe().PerformBoundsTest(0, 1, wxT("Expansion Time(ms): "), true, true);
+  }
+  const HostNameIs here(ORDINARY_MACHINE);
+  Probe().PerformDurationBoundsTest_SmallTestBox(0, 1);
+  Probe().PerformDurationBoundsTest_MacServer(0, 1);
+  Probe().PerformExpansionBoundsTest_MacServer(0, 1);
 }
 
 TEST(IndividualTestCase, KeepsTheTableUntilTheNextFile) {
@@ -258,6 +340,21 @@ TEST(Tracking, FailsWithoutTheExpansionColumnAndBoundsNothing) {
                         "We cannot monitor run-time duration without having the expansion time "
                         "column available.")}));
   Probe().checks = nullptr;
+}
+
+// Bounds take the first column that starts with the name; the total duration takes the exact one.
+TEST(Tracking, TakesTheDurationFromTheColumnOfExactlyThatName) {
+  EXPECT_EQ(DataFile::Of(PROBE, {"Cumulative\nTime of all", TIME, "Expansion Time(ms): 40", "End"},
+                         {{"77", "4", "", "x"}})
+                .Verify()[2],
+            "pass __TIMING__TRACKING__Frame_Probe.om5__4_ms");
+  EXPECT_EQ(DataFile::Of(PROBE, {"Cumulative\nTime of all", "Expansion Time(ms): 40", "End"},
+                         {{"77", "", "x"}})
+                .Failures(),
+            Lines{Fail("__TIMING__TRACKING__UNAVAILABLE__Frame_Probe.om5",
+                       "Please add the Cumulative Time column to the output.", PROBE, 326,
+                       "We cannot monitor run-time duration without having the Cum Time column "
+                       "available.")});
 }
 
 TEST(Tracking, ShowsTheTextOfTheLastRowWhateverItIs) {
@@ -405,7 +502,7 @@ TEST(Columns, WithoutRowsReadAsUndefined) {
     probe.m_reader->OnIdle();
     ASSERT_EQ(probe.m_reader->GetNumberOfDataRows(), 0);
     Ombrelia::RunTimes::CheckBounds(*probe.m_reader, &printer, wxT("n"), 0, 5000,
-                                    wxT("Cumulative\nTime"), false, true);
+                                    wxT("Cumulative\nTime"), false);
     Ombrelia::RunTimes::RecordTotalDuration(*probe.m_reader, &printer, wxT("n"));
   });
   EXPECT_EQ(printer.lines,

@@ -8,9 +8,9 @@
 
 #include "framework/VerificationListener.h"
 #include "host/results/Manifest.h"
-#include "plugin/HostProbes.h"
 #include "tests/support/DataFile.h"
 #include "tests/support/Files.h"
+#include "tests/support/HostNameIs.h"
 
 namespace {
 
@@ -338,18 +338,16 @@ TEST(ThisMachine, GoesByTheNameOfTheHost) {
                                           std::pair(MachineKind::Small, Tests::TESTBOX_MACHINE),
                                           std::pair(MachineKind::Large, Tests::SERVER_MACHINE),
                                           std::pair(MachineKind::Large, Tests::BOTH_MACHINES)}) {
-    Halvex::SetLocalHostNameForTests(wxString::FromUTF8(hostName));
+    const Tests::HostNameIs here(hostName);
     EXPECT_EQ(OmbreliaHost::ThisMachine(), machine) << hostName;
   }
-  Halvex::SetLocalHostNameForTests(wxString());
 }
 
 // The plug-in applies both kinds of bounds there.
 TEST(SecondVerification, HasBothBoundsOnAMachineOfBothKinds) {
   const DataFile file = DataFile::Sample(TAGGING).SetDuration("90000");
-  Halvex::SetLocalHostNameForTests(wxString::FromUTF8(Tests::BOTH_MACHINES));
+  const Tests::HostNameIs here(Tests::BOTH_MACHINES);
   const OwnVerdict verdict = Verify(TAGGING, file, MachineKind::Large);
-  Halvex::SetLocalHostNameForTests(wxString());
   const std::vector<std::string> names = NamesOf(FailuresOf(verdict));
   EXPECT_EQ(names, NamesOfLines(file.Failures(Tests::BOTH_MACHINES)));
   const std::string duration = "Experiment_duration_two_sublists_tagging.om5";

@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <stdexcept>
+
 #include "framework/StimAreaData.h"
 #include "plugin/DataHookOutputTestingPlugin.h"
 #include "plugin/Interface_SpecificIndividualTestVerifier.h"
@@ -23,6 +25,21 @@ class TellingVerifier : public Ombrelia::Interface_SpecificIndividualTestVerifie
     printer->AddPassingTestResult(
         wxString::Format(wxT("_got_%s_with_%zu_areas"), dataFilePath, stimAreas.size()));
   }
+};
+
+// Opens a suite and then throws what it is made with.
+template <class Thrown>
+class ThrowingVerifier : public Ombrelia::Interface_SpecificIndividualTestVerifier {
+ public:
+  explicit ThrowingVerifier(Thrown thrown) : m_thrown(thrown) {}
+  void VerifyDatafile(const wxString&, const std::vector<Ombrelia::StimAreaData>&,
+                      Ombrelia::FakeJUnitPrinter* printer) override {
+    printer->NewTestSuite(wxT("throwing"));
+    throw m_thrown;
+  }
+
+ private:
+  Thrown m_thrown;
 };
 
 void RegisterTellingVerifier() {
@@ -116,6 +133,64 @@ TEST_F(DispatchTest, TheCallIsRecordedInTheSuiteThatIsOpen) {
       std::string::npos);
   EXPECT_NE(report.find("    <testsuite name=\"telling_pid_@PID@\" tests=\"3\" failures=\"1\""),
             std::string::npos);
+}
+
+TEST_F(DispatchTest, AnAssertionFailureCountsToTheVerifierThatRanLast) {
+  DataHookOutputTestingPlugin plugin;
+  plugin.PerformPostProcessing(wxT("dispatch_test.om4 1.txt"), {});
+  EXPECT_TRUE(plugin.LogAssertionFailureAsTestFailure(wxT("some assertion")));
+  plugin.FlushTestOutput();
+  const std::string report = Tests::PidBlanked(Tests::ReadFile(ReportPath()), getpid());
+  const std::size_t suite =
+      report.find("    <testsuite name=\"telling_pid_@PID@\" tests=\"2\" failures=\"1\"");
+  ASSERT_NE(suite, std::string::npos) << report;
+  EXPECT_NE(report.find("TestingPluginDH_AssertionFailure_", suite), std::string::npos);
+}
+
+// The host sees no exception; the report does, in the suite of the verifier that threw it.
+TEST_F(DispatchTest, AnExceptionIsAFailingTestOfTheVerifierThatThrewIt) {
+  static ThrowingVerifier<std::runtime_error> standard(std::runtime_error("caf\xC3\xA9 is closed"));
+  static ThrowingVerifier<int> number(7);
+  DataHookOutputTestingPlugin::RegisterOneSingleVerifier({wxT("throws_standard.om4"), &standard});
+  DataHookOutputTestingPlugin::RegisterOneSingleVerifier({wxT("throws_number.om4"), &number});
+  DataHookOutputTestingPlugin plugin;
+  plugin.PerformPostProcessing(wxT("throws_standard.om4 1.txt"), {});
+  plugin.PerformPostProcessing(wxT("throws_number.om4 1.txt"), {});
+  plugin.FlushTestOutput();
+  const auto failure = [](const std::string& testNumber, const std::string& what) {
+    return "        <testcase name=\"test" + testNumber +
+           "TestingPluginDH_Exception_in_PerformPostProcessing\" status=\"run\" time=\"999\" >\n"
+           "        <failure message=\"an exception ended this operation, later checks did not "
+           "run\" "
+           "type=\"\">\n\n"
+           " <![CDATA[Whichever/File/Focuses/On/Verifying/DataHookOutputTestingPlugin:210\n"
+           "the exception is: " +
+           what + "]]>\n\n</failure>\n</testcase>\n";
+  };
+  EXPECT_EQ(
+      Tests::PidBlanked(Tests::ReadFile(ReportPath()), getpid()),
+      "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+      "<testsuites tests=\"5\" failures=\"2\" disabled=\"0\" errors=\"0\" time=\"4995\" "
+      "name=\"AllTests\">\n"
+      "    <testsuite name=\"DefaultInitialTestSuite_ConcreteFakeJUnitPrinter_pid_@PID@\" "
+      "tests=\"2\" failures=\"0\" disabled=\"0\" errors=\"0\" time=\"1998\">\n"
+      "        <testcase name=\"test001SingleDummyPassingTest\" status=\"run\" time=\"999\" />\n"
+      "        <testcase "
+      "name=\"test002DataHookOutputTestingPlugin_PerformPostProcessing_was_called\" "
+      "status=\"run\" time=\"999\" />\n"
+      "    </testsuite>\n"
+      "    <testsuite name=\"throwing_pid_@PID@\" tests=\"2\" failures=\"1\" disabled=\"0\" "
+      "errors=\"0\" time=\"1998\">\n" +
+          failure("003", "caf\xC3\xA9 is closed") +
+          "        <testcase "
+          "name=\"test004DataHookOutputTestingPlugin_PerformPostProcessing_was_called\" "
+          "status=\"run\" time=\"999\" />\n"
+          "    </testsuite>\n"
+          "    <testsuite name=\"throwing_pid_@PID@\" tests=\"1\" failures=\"1\" "
+          "disabled=\"0\" errors=\"0\" time=\"999\">\n" +
+          failure("005", "unknown") +
+          "    </testsuite>\n"
+          "</testsuites>\n");
 }
 
 TEST_F(DispatchTest, ASecondFlushInARowDoesNothing) {

@@ -47,6 +47,16 @@ TEST(Exports, AreOneFunctionAndTwoData) {
   }
 }
 
+// Tests simulate the machine and the day by sources of their own, and none of them is in here.
+TEST(Exports, AndAllOtherSymbolsHoldNothingOfTheTests) {
+  const Tests::Finished nm = Tests::RunProgram({"nm", "--demangle", OMBRELIA_PLUGIN_FILE});
+  EXPECT_EQ(nm.status, 0) << nm.err;
+  EXPECT_NE(nm.out.find("Halvex::LocalHostName()"), std::string::npos) << "no symbols to look at";
+  for (const char* part : {"Tests::", "ForTests", "Simulated"}) {
+    EXPECT_EQ(nm.out.find(part), std::string::npos) << part;
+  }
+}
+
 // A unique symbol would pin the library in the process.
 TEST(Exports, HoldNoUniqueSymbol) {
   const Tests::Finished nm = Tests::RunProgram({"nm", "--format=posix", OMBRELIA_PLUGIN_FILE});

@@ -1,22 +1,21 @@
 #include "plugin/HostProbes.h"
 
 #include <gtest/gtest.h>
+#include <sys/ptrace.h>
+#include <sys/wait.h>
 #include <unistd.h>
 #include <wx/utils.h>
 
+#include <csignal>
 #include <cstdlib>
 
+#include "tests/support/HostNameIs.h"
 #include "tests/support/Process.h"
 
 namespace {
 
-class HostNameTest : public testing::Test {
- protected:
-  ~HostNameTest() override { Halvex::SetLocalHostNameForTests(wxString()); }
-};
-
-TEST_F(HostNameTest, MatchesAnywhereInTheNameInAnyCase) {
-  Halvex::SetLocalHostNameForTests(wxT("The-Om-TestBox.local"));
+TEST(HostNameMatch, StandsAnywhereInTheNameInAnyCase) {
+  const Tests::HostNameIs here("The-Om-TestBox.local");
   EXPECT_TRUE(Halvex::CurrSystemMatchesLocalHostName(wxT("om-testbox")));
   EXPECT_TRUE(Halvex::CurrSystemMatchesLocalHostName(wxT("THE-OM")));
   EXPECT_TRUE(Halvex::CurrSystemMatchesLocalHostName(wxT(".LOCAL")));
@@ -25,25 +24,18 @@ TEST_F(HostNameTest, MatchesAnywhereInTheNameInAnyCase) {
   EXPECT_FALSE(Halvex::CurrSystemMatchesLocalHostName(wxT("the-om-testbox.local.")));
 }
 
-TEST_F(HostNameTest, TakesWildcardsOfTheGivenText) {
-  Halvex::SetLocalHostNameForTests(wxT("node-17-big"));
+TEST(HostNameMatch, TakesWildcardsOfTheGivenText) {
+  const Tests::HostNameIs here("node-17-big");
   EXPECT_TRUE(Halvex::CurrSystemMatchesLocalHostName(wxT("node*big")));
   EXPECT_TRUE(Halvex::CurrSystemMatchesLocalHostName(wxT("node-1?-")));
   EXPECT_FALSE(Halvex::CurrSystemMatchesLocalHostName(wxT("node-1?big")));
 }
 
-TEST_F(HostNameTest, AnEmptyTextMatchesEveryHost) {
-  Halvex::SetLocalHostNameForTests(wxT("any"));
-  EXPECT_TRUE(Halvex::CurrSystemMatchesLocalHostName(wxString()));
-  Halvex::SetLocalHostNameForTests(wxString());
-  EXPECT_TRUE(Halvex::CurrSystemMatchesLocalHostName(wxString()));
-}
-
-TEST_F(HostNameTest, ReadsTheRealNameWithoutTheSeam) {
-  char name[256] = {};
-  ASSERT_EQ(gethostname(name, sizeof name - 1), 0);
-  EXPECT_TRUE(Halvex::CurrSystemMatchesLocalHostName(wxString::FromAscii(name)));
-  EXPECT_FALSE(Halvex::CurrSystemMatchesLocalHostName(wxString::FromAscii(name) + wxT("x")));
+TEST(HostNameMatch, OfAnEmptyTextIsEveryHost) {
+  for (const char* name : {"any", ""}) {
+    const Tests::HostNameIs here(name);
+    EXPECT_TRUE(Halvex::CurrSystemMatchesLocalHostName(wxString()));
+  }
 }
 
 TEST(HostProbes, ComparesTheSystemsVersionMajorFirst) {
@@ -127,6 +119,33 @@ TEST(HostProbes, CountTheMereExistenceOfAVariable) {
 TEST(HostProbes, SeesNoDebuggerWhereNoneIsAttached) {
   if (std::getenv("OMBRELIA_TEST_UNDER_DEBUGGER")) GTEST_SKIP() << "a debugger may be attached";
   EXPECT_FALSE(Halvex::DetectedPresenceOf_GDB_Debugger());
+}
+
+// The parent attaches itself as a debugger would; the child then looks.
+TEST(HostProbes, SeesADebuggerThatIsAttached) {
+#ifdef __linux__
+  const pid_t child = fork();
+  ASSERT_GE(child, 0);
+  if (child == 0) {
+    raise(SIGSTOP);  // until the parent is attached
+    _exit(Halvex::DetectedPresenceOf_GDB_Debugger() ? 0 : 1);
+  }
+  int status = 0;
+  ASSERT_EQ(waitpid(child, &status, WUNTRACED), child);
+  if (ptrace(PTRACE_SEIZE, child, nullptr, nullptr) != 0) {
+    kill(child, SIGKILL);
+    waitpid(child, &status, 0);
+    GTEST_SKIP() << "no debugger may be attached here";
+  }
+  kill(child, SIGCONT);
+  while (waitpid(child, &status, 0) == child && WIFSTOPPED(status)) {
+    ptrace(PTRACE_CONT, child, nullptr, nullptr);
+  }
+  ASSERT_TRUE(WIFEXITED(status));
+  EXPECT_EQ(WEXITSTATUS(status), 0);
+#else
+  GTEST_SKIP() << "attaches itself by ptrace as Linux has it";
+#endif
 }
 
 }  // namespace

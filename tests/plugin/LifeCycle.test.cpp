@@ -89,6 +89,18 @@ TEST_F(LifeCycleTest, AReportPlacedInAdvanceSpeaksForAProcessThatDied) {
   EXPECT_EQ(Report(finished), "the host died");
 }
 
+// The flag file of a process that crashed does not keep the report where it is.
+TEST_F(LifeCycleTest, LoadingMovesAForeignReportBesideTheFlagFileOfACrash) {
+  Tests::WriteFile(m_folder.ReportFolder() + "/FakeUnitTestsDataHookExperimentRunning.xml",
+                   "another process died");
+  Tests::WriteFile(m_folder.ReportFolder() + "/special_flag_file_1.dat", "\n");
+  const Finished finished = Drive({"load", "kill"});
+  EXPECT_EQ(finished.signal, SIGKILL);
+  EXPECT_EQ(Names(), (Cases{Tests::ReportName(finished.pid), "special_flag_file_1.dat",
+                            Tests::FlagFileName(finished.pid)}));
+  EXPECT_EQ(Report(finished), "another process died");
+}
+
 TEST_F(LifeCycleTest, AProcessThatEndsNormallyOverwritesTheReportPlacedInAdvance) {
   const std::string inAdvance =
       m_folder.ReportFolder() + "/FakeUnitTestsDataHookExperimentRunning.xml";

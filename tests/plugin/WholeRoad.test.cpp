@@ -4,6 +4,7 @@
 
 #include "tests/BuildPaths.h"
 #include "tests/support/Files.h"
+#include "tests/support/HostNameIs.h"
 #include "tests/support/Process.h"
 
 namespace {
@@ -189,7 +190,7 @@ TEST_F(WholeRoadTest, OnTheSmallTestMachineItsOwnBoundsCount) {
   const std::string file = File("2012_3_9_tolmey_2668_macro_exit_experiment.om4 1.txt", slow);
   Tests::ProcessSetup setup;
   setup.workingDirectory = m_folder.Path();
-  setup.beforeStart = [] { return Tests::TakeHostName("the-OM-testbox-2"); };
+  setup.beforeStart = [] { return Tests::TakeHostName(Tests::TESTBOX_MACHINE); };
   const Tests::Finished finished =
       Tests::RunProgram({std::string(OMBRELIA_BIN_DIR) + "/drive-plugin", OMBRELIA_PLUGIN_FILE,
                          "load", "process", file, "flush"},

@@ -7,6 +7,7 @@
 
 #include <csignal>
 #include <cstdlib>
+#include <filesystem>
 #include <memory>
 
 #include "report/ConcreteFakeJUnitPrinter.h"
@@ -39,6 +40,38 @@ TEST_F(ReportFilesTest, ConstructionLeavesTheFlagFileOnly) {
   printer->NewTestSuite(wxT("s"));
   EXPECT_EQ(Names(), std::vector<std::string>{m_flag});
   EXPECT_EQ(Tests::ReadFile(At(m_flag)), "\n");
+}
+
+TEST_F(ReportFilesTest, ReplacesAStaleFlagFileWhateverItHolds) {
+  Tests::WriteFile(At(m_flag), "left by\na process that had this id\n");
+  const auto printer = Made(true);
+  EXPECT_EQ(Tests::ReadFile(At(m_flag)), "\n");
+  EXPECT_EQ(Names(), std::vector<std::string>{m_flag});
+}
+
+// What this process has open, as far as it lies in the report's folder.
+std::vector<std::string> OpenBelow(const std::string& folder) {
+  std::vector<std::string> open;
+  for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
+    std::error_code gone;
+    const std::string path = std::filesystem::read_symlink(entry.path(), gone).string();
+    if (path.compare(0, folder.size(), folder) == 0) open.push_back(path);
+  }
+  return open;
+}
+
+// wx closes a folder that a search left open at exit, within the library and too late to go wrong.
+TEST_F(ReportFilesTest, LeavesNoFolderOpenAfterTheSearchForFlagFiles) {
+  for (const char* name : {"special_flag_file_1.dat", "special_flag_file_2.dat"}) {
+    Tests::WriteFile(At(name), "\n");
+  }
+  const std::string folder = std::filesystem::canonical(m_folder.ReportFolder()).string();
+  {
+    const std::filesystem::directory_iterator search(folder);
+    EXPECT_EQ(OpenBelow(folder), std::vector<std::string>{folder}) << "the check sees nothing";
+  }
+  const auto printer = Made(true);
+  EXPECT_EQ(OpenBelow(folder), std::vector<std::string>{});
 }
 
 TEST_F(ReportFilesTest, DestructionLeavesReportAndFlagFile) {

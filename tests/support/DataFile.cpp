@@ -2,14 +2,12 @@
 
 #include <unistd.h>
 
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
+#include <stdexcept>
 
 #include "plugin/DataHookOutputTestingPluginImpl.h"
-#include "plugin/HostProbes.h"
 #include "plugin/Interface_SpecificIndividualTestVerifier.h"
 #include "tests/BuildPaths.h"
 #include "tests/support/RecordingPrinter.h"
@@ -21,10 +19,7 @@ namespace {
 const char* const EXPANSION = "Expansion Time(ms): ";
 const char* const DURATION = "Cumulative\nTime";
 
-[[noreturn]] void Stop(const std::string& what) {
-  std::fprintf(stderr, "%s\n", what.c_str());
-  std::abort();
-}
+[[noreturn]] void Stop(const std::string& what) { throw std::runtime_error(what); }
 
 std::vector<std::string> Split(const std::string& text, char delimiter) {
   std::vector<std::string> pieces(1);
@@ -87,12 +82,21 @@ class TemporaryFolder {
   std::string m_path;
 };
 
-}  // namespace
+void VerifyBytesOn(Ombrelia::FakeJUnitPrinter& printer, const std::string& experiment,
+                   const std::string& bytes, const std::vector<Ombrelia::StimAreaData>& areas,
+                   const std::string& machine) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Path() + "/" + experiment + " 1.txt";
+  std::ofstream(path, std::ios::binary) << bytes;
+  const wxString file = wxString::FromUTF8(path.c_str());
+  auto& registry = Ombrelia::DataHookOutputTestingPlugin::PrivateImpl::m_static_verifiers();
+  const auto found = registry.find(Ombrelia::LookupKeyOfDatafile(file));
+  if (found == registry.end()) Stop("no verifier for " + experiment);
+  const HostNameIs here(machine);
+  found->second.verifier->VerifyDatafile(file, areas, &printer);
+}
 
-const char* const ORDINARY_MACHINE = "some-laptop";
-const char* const SERVER_MACHINE = "the-Om-Build-Server.local";
-const char* const TESTBOX_MACHINE = "OM-TESTBOX";
-const char* const BOTH_MACHINES = "om-testbox-of-om-build-server";
+}  // namespace
 
 std::string Fail(const std::string& name, const std::string& subject, const std::string& experiment,
                  int line, const std::string& message) {
@@ -244,24 +248,21 @@ std::string DataFile::Text() const {
 }
 
 Lines DataFile::Verify(const std::string& machine) const {
-  return VerifyBytes(m_experiment, Text(), m_areas, machine);
+  RecordingPrinter printer;
+  VerifyOn(printer, machine);
+  return printer.lines;
+}
+
+void DataFile::VerifyOn(Ombrelia::FakeJUnitPrinter& printer, const std::string& machine) const {
+  VerifyBytesOn(printer, m_experiment, Text(), m_areas, machine);
 }
 
 Lines DataFile::Failures(const std::string& machine) const { return FailuresOf(Verify(machine)); }
 
 Lines VerifyBytes(const std::string& experiment, const std::string& bytes,
                   const std::vector<Ombrelia::StimAreaData>& areas, const std::string& machine) {
-  const TemporaryFolder folder;
-  const std::string path = folder.Path() + "/" + experiment + " 1.txt";
-  std::ofstream(path, std::ios::binary) << bytes;
-  const wxString file = wxString::FromUTF8(path.c_str());
-  auto& registry = Ombrelia::DataHookOutputTestingPlugin::PrivateImpl::m_static_verifiers();
-  const auto found = registry.find(Ombrelia::LookupKeyOfDatafile(file));
-  if (found == registry.end()) Stop("no verifier for " + experiment);
-  Halvex::SetLocalHostNameForTests(wxString::FromUTF8(machine.c_str()));
   RecordingPrinter printer;
-  found->second.verifier->VerifyDatafile(file, areas, &printer);
-  Halvex::SetLocalHostNameForTests(wxString());
+  VerifyBytesOn(printer, experiment, bytes, areas, machine);
   return printer.lines;
 }
 

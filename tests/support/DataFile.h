@@ -6,6 +6,8 @@
 #include <vector>
 
 #include "framework/StimAreaData.h"
+#include "report/FakeJUnitPrinter.h"
+#include "tests/support/HostNameIs.h"
 
 namespace Tests {
 
@@ -20,16 +22,12 @@ std::string Fail(const std::string& name, const std::string& subject, const std:
 // The failing lines of a record.
 Lines FailuresOf(const Lines& lines);
 
-// The four kinds of machine that bounds tell apart.
-extern const char* const ORDINARY_MACHINE;
-extern const char* const SERVER_MACHINE;   // its name holds the large build server's
-extern const char* const TESTBOX_MACHINE;  // its name holds the small test machine's
-extern const char* const BOTH_MACHINES;    // its name holds both
-
+// A test that asks for what is not there, a sample, a column or a verifier, ends with an exception,
+// which fails it.
 class DataFile {
  public:
-  // The sample of this experiment, with its stimulus areas if it has any. A missing sample ends the
-  // test program with a message. The variable OMBRELIA_SAMPLES names another folder of samples.
+  // The sample of this experiment, with its stimulus areas if it has any. The variable
+  // OMBRELIA_SAMPLES names another folder of samples.
   static DataFile Sample(const std::string& experiment);
   // A new file of this experiment: column names, with a line feed between the two heading rows, and
   // rows of cells.
@@ -66,6 +64,9 @@ class DataFile {
   // Writes the file and has the registered verifier of its experiment check it, on a machine of this
   // name. Returns all that was recorded.
   Lines Verify(const std::string& machine = ORDINARY_MACHINE) const;
+  // The same, recorded on printer as it happens.
+  void VerifyOn(Ombrelia::FakeJUnitPrinter& printer,
+                const std::string& machine = ORDINARY_MACHINE) const;
   // The failing lines alone.
   Lines Failures(const std::string& machine = ORDINARY_MACHINE) const;
 
@@ -79,7 +80,8 @@ class DataFile {
   std::vector<Ombrelia::StimAreaData> m_areas;
 };
 
-// Has the verifier of this experiment check a file of these bytes.
+// Has the verifier of this experiment check a file of these bytes, on a machine of this name and on the
+// day that TodayIs says.
 Lines VerifyBytes(const std::string& experiment, const std::string& bytes,
                   const std::vector<Ombrelia::StimAreaData>& areas = {},
                   const std::string& machine = ORDINARY_MACHINE);

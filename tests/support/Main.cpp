@@ -1,14 +1,17 @@
 // Runs the tests of a program in a process that is set up as a console host would set it up.
 #include <gtest/gtest.h>
+#include <wx/debug.h>
 #include <wx/init.h>
-
-#include "tests/support/TodayIs.h"
 
 namespace {
 
-class EachTestOnAnOrdinaryDay : public testing::EmptyTestEventListener {
-  void OnTestStart(const testing::TestInfo&) override { Tests::SetOrdinaryDay(); }
-};
+// A failed assertion fails the test that it happens in, and the test goes on.
+void FailTheTest(const wxString& file, int line, const wxString& function,
+                 const wxString& condition, const wxString& message) {
+  ADD_FAILURE_AT(file.utf8_str().data(), line)
+      << "assertion \"" << condition.utf8_str().data() << "\" failed in "
+      << function.utf8_str().data() << "(): " << message.utf8_str().data();
+}
 
 }  // namespace
 
@@ -16,6 +19,6 @@ int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   const wxInitializer wx;
   if (!wx.IsOk()) return 1;
-  testing::UnitTest::GetInstance()->listeners().Append(new EachTestOnAnOrdinaryDay);
+  wxSetAssertHandler(&FailTheTest);
   return RUN_ALL_TESTS();
 }

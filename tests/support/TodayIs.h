@@ -1,25 +1,22 @@
-// The date of this program, which does not depend on the day on which the tests run.
+// The date that verifiers see in a test program.
 #ifndef OMBRELIA_TESTS_SUPPORT_TODAYIS_H
 #define OMBRELIA_TESTS_SUPPORT_TODAYIS_H
 
-#include "framework/LocalDay.h"
+#include <boost/date_time/gregorian/gregorian_types.hpp>
 
 namespace Tests {
 
-// Every test begins on this day. Nothing temporary holds on it.
-inline void SetOrdinaryDay() {
-  Ombrelia::SetTodaysLocalDateForTests(boost::gregorian::date(2020, 6, 15));
-}
-
-// Sets another date for the life of an object.
+// Sets the date for the life of the object; then the former one holds again. Without an object it is
+// 2020-06-15, whatever the clock says.
 class TodayIs {
  public:
-  TodayIs(unsigned short year, unsigned short month, unsigned short day) {
-    Ombrelia::SetTodaysLocalDateForTests(boost::gregorian::date(year, month, day));
-  }
-  ~TodayIs() { SetOrdinaryDay(); }
+  TodayIs(unsigned short year, unsigned short month, unsigned short day);
+  ~TodayIs();
   TodayIs(const TodayIs&) = delete;
   TodayIs& operator=(const TodayIs&) = delete;
+
+ private:
+  boost::gregorian::date m_former;
 };
 
 }  // namespace Tests

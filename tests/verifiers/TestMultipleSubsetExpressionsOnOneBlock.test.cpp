@@ -1,8 +1,9 @@
 #include <gtest/gtest.h>
-#include <signal.h>
 #include <stdlib.h>
+#include <sys/time.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <filesystem>
 
 #include "tests/support/DataFile.h"
@@ -190,21 +191,50 @@ TEST(TestMultipleSubsetExpressionsOnOneBlock, FailsWithoutEitherTag) {
   EXPECT_EQ(DataFile::Sample(EXPERIMENT).RemoveColumn(EVENT_TAG).Failures(), Lines{CODES_FAILED});
 }
 
-// In a process of its own, which the alarm stops while it still searches, beyond the last row.
+// Knows whether the result recorded last is the one before the search.
+class PrinterBeforeTheSearch : public Ombrelia::FakeJUnitPrinter {
+ public:
+  void NewTestSuite(const wxString&) override { isNext = 0; }
+  void AddPassingTestResult(const wxString& testName) override {
+    isNext = testName == wxT("Variety_of_Right_and_Left") ? 1 : 0;
+  }
+  void AddFailingTestResult(const wxString&, const wxString&, const wxString&,
+                            const wxString&) override {
+    isNext = 0;
+  }
+
+  static volatile std::sig_atomic_t isNext;
+};
+
+volatile std::sig_atomic_t PrinterBeforeTheSearch::isNext = 0;
+
+const int STILL_SEARCHING = 42;
+
+// Comes after each further 10 ms of work, however long they take on a busy machine.
+void EndAfterMuchSearching(int) {
+  static int times = 0;
+  times = PrinterBeforeTheSearch::isNext ? times + 1 : 0;
+  if (times == 20) _exit(STILL_SEARCHING);
+}
+
+void Search(const DataFile& file, const std::filesystem::path& folder) {
+  setenv("TMPDIR", folder.c_str(), 1);
+  std::signal(SIGVTALRM, &EndAfterMuchSearching);
+  const itimerval every10ms = {{0, 10000}, {0, 10000}};
+  setitimer(ITIMER_VIRTUAL, &every10ms, nullptr);
+  PrinterBeforeTheSearch printer;
+  file.VerifyOn(printer);
+  _exit(0);
+}
+
+// A process of its own comes to the search, works on without a further result, and is then ended.
 TEST(TestMultipleSubsetExpressionsOnOneBlockDeathTest, SearchesWithoutEndForAFlipThatIsNotThere) {
   DataFile file = DataFile::Sample(EXPERIMENT);
   for (const size_t row : FLIP_ROWS) file.Set(row, EVENT, "cue");
   // The process that is stopped cannot clear up its files.
   const std::filesystem::path folder = std::filesystem::current_path() / "endless-search";
   std::filesystem::create_directories(folder);
-  EXPECT_EXIT(
-      {
-        setenv("TMPDIR", folder.c_str(), 1);
-        alarm(1);
-        file.Verify();
-        _exit(0);
-      },
-      testing::KilledBySignal(SIGALRM), "");
+  EXPECT_EXIT(Search(file, folder), testing::ExitedWithCode(STILL_SEARCHING), "");
   std::filesystem::remove_all(folder);
 }
 

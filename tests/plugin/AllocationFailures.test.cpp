@@ -1,0 +1,188 @@
+// Memory that runs out at any allocation of an operation that the host calls. This program replaces the
+// operator new, so that it can fail.
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <new>
+
+#include "framework/StimAreaData.h"
+#include "plugin/DataHookOutputTestingPlugin.h"
+#include "tests/BuildPaths.h"
+#include "tests/support/Files.h"
+
+namespace {
+
+// The allocation that fails, counted from 0; none if negative.
+long failingAllocation = -1;
+bool allLaterOnesFail = false;
+bool failed = false;
+
+}  // namespace
+
+// What wx and the table held when an allocation failed may be lost, and is no matter here.
+extern "C" __attribute__((visibility("default"))) int __lsan_is_turned_off() { return 1; }
+
+void* operator new(std::size_t size) {
+  if (failingAllocation == 0) {
+    failed = true;
+    if (!allLaterOnesFail) failingAllocation = -1;
+    throw std::bad_alloc();
+  }
+  if (failingAllocation > 0) --failingAllocation;
+  void* const memory = std::malloc(size > 0 ? size : 1);
+  if (memory == nullptr) throw std::bad_alloc();
+  return memory;
+}
+
+void operator delete(void* memory) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+
+namespace {
+
+using Ombrelia::DataHookOutputTestingPlugin;
+
+// Calls operation with this allocation failing, alone or with all later ones. failed says whether the
+// operation came so far.
+template <class Operation>
+void FailAllocation(long number, bool allLater, Operation operation) {
+  failed = false;
+  allLaterOnesFail = allLater;
+  failingAllocation = number;
+  operation();
+  failingAllocation = -1;
+}
+
+// Calls operation again and again, each time with the next allocation failing, until one call needs no
+// allocation more. Returns how many calls there were before that one.
+template <class Operation>
+long FailEachAllocationOf(bool allLater, Operation operation) {
+  for (long number = 0;; ++number) {
+    FailAllocation(number, allLater, operation);
+    if (!failed) return number;
+  }
+}
+
+class AllocationFailuresTest : public testing::TestWithParam<bool> {
+ protected:
+  AllocationFailuresTest() : m_directory(m_folder.Path()) { m_folder.MakeReportFolder(); }
+
+  std::string FlushedReport(DataHookOutputTestingPlugin& plugin) {
+    plugin.FlushTestOutput();
+    return Tests::PidBlanked(
+        Tests::ReadFile(m_folder.ReportFolder() + "/" + Tests::ReportName(getpid())), getpid());
+  }
+
+  Tests::ScratchFolder m_folder;
+  Tests::WorkingDirectory m_directory;
+};
+
+long CountOf(const std::string& text, const std::string& part) {
+  long count = 0;
+  for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) {
+    ++count;
+  }
+  return count;
+}
+
+// Whole entries, numbered without a gap, in suites whose heads count them.
+void ExpectWholeReport(const std::string& report) {
+  const std::vector<std::string> cases = Tests::TestCasesOf(report);
+  long number = 0;
+  for (const std::string& one : cases) {
+    char start[32];
+    std::snprintf(start, sizeof start, "test%03ld", ++number);
+    ASSERT_NE(one.find(start), std::string::npos) << one;
+  }
+  const long failures = CountOf(report, "<failure ");
+  EXPECT_NE(report.find("<testsuites tests=\"" + std::to_string(cases.size()) + "\" failures=\"" +
+                        std::to_string(failures) + "\""),
+            std::string::npos)
+      << report.substr(0, 200);
+  EXPECT_EQ(CountOf(report, "</failure>\n</testcase>\n"), failures);
+  EXPECT_EQ(CountOf(report, "    <testsuite name="), CountOf(report, "    </testsuite>\n"));
+  EXPECT_EQ(report.substr(report.size() - 14), "</testsuites>\n");
+}
+
+const char* const RECORDED =
+    "        <failure message=\"an exception ended this operation, later checks did not run\" "
+    "type=\"\">\n\n"
+    " <![CDATA[Whichever/File/Focuses/On/Verifying/DataHookOutputTestingPlugin:210\n"
+    "the exception is: std::bad_alloc]]>\n\n</failure>\n</testcase>\n";
+
+TEST_P(AllocationFailuresTest, EndTheVerificationOfADataFileWithAFailingTest) {
+  const wxString file =
+      wxString::FromUTF8(OMBRELIA_SOURCE_DIR
+                         "/samples/datafiles/2012_3_9_tolmey_2668_macro_exit_experiment.om4 1.txt");
+  DataHookOutputTestingPlugin plugin;
+  const long calls =
+      FailEachAllocationOf(GetParam(), [&] { plugin.PerformPostProcessing(file, {}); });
+  EXPECT_GT(calls, 100);
+  const std::string report = FlushedReport(plugin);
+  ExpectWholeReport(report);
+  if (!GetParam()) {
+    // A call ends with the exception or with its last result: something may do with less memory.
+    const long exceptions = CountOf(report, "TestingPluginDH_Exception_in_PerformPostProcessing\"");
+    EXPECT_GT(exceptions, 100);
+    EXPECT_EQ(exceptions + CountOf(report, "__EXPANSION__TRACKING__"), calls + 1);
+    EXPECT_EQ(CountOf(report, RECORDED), exceptions);
+  }
+  // The last call needed no memory that was not there.
+  EXPECT_EQ(Tests::TestCasesOf(report).back().find("FAIL"), std::string::npos);
+}
+
+TEST_P(AllocationFailuresTest, EndAFileWithoutVerifierWithAFailingTest) {
+  DataHookOutputTestingPlugin plugin;
+  const wxString file = wxT("/a/nobody knows this one.txt");
+  const long calls =
+      FailEachAllocationOf(GetParam(), [&] { plugin.PerformPostProcessing(file, {}); });
+  EXPECT_GT(calls, 3);
+  ExpectWholeReport(FlushedReport(plugin));
+}
+
+TEST_P(AllocationFailuresTest, LoseAnAssertionFailureAtMost) {
+  DataHookOutputTestingPlugin plugin;
+  const wxString text(wxT('x'), 5000);
+  const long calls = FailEachAllocationOf(
+      GetParam(), [&] { EXPECT_TRUE(plugin.LogAssertionFailureAsTestFailure(text)); });
+  EXPECT_GT(calls, 3);
+  ExpectWholeReport(FlushedReport(plugin));
+}
+
+// wx ends the process when memory runs out inside its file functions. The allocations before those are
+// the plug-in's own, and they are these first ones.
+const long OWN_ALLOCATIONS = 3;
+
+const wxString ASSERTION = wxT("some assertion");
+
+TEST_P(AllocationFailuresTest, LoseTheReportAtMost) {
+  DataHookOutputTestingPlugin plugin;
+  const std::string path = m_folder.ReportFolder() + "/" + Tests::ReportName(getpid());
+  for (long number = 0; number < OWN_ALLOCATIONS; ++number) {
+    plugin.LogAssertionFailureAsTestFailure(ASSERTION);
+    FailAllocation(number, GetParam(), [&] { plugin.FlushTestOutput(); });
+    EXPECT_TRUE(failed) << number;
+    EXPECT_FALSE(Tests::Exists(path)) << number;
+  }
+  plugin.LogAssertionFailureAsTestFailure(ASSERTION);
+  ExpectWholeReport(FlushedReport(plugin));
+}
+
+TEST_P(AllocationFailuresTest, LeaveTheNextCallToMakeTheReportWriter) {
+  DataHookOutputTestingPlugin plugin;
+  plugin.FlushTestOutput();
+  for (long number = 0; number < OWN_ALLOCATIONS; ++number) {
+    FailAllocation(number, true, [&] { plugin.LogAssertionFailureAsTestFailure(ASSERTION); });
+    EXPECT_TRUE(failed) << number;
+  }
+  plugin.LogAssertionFailureAsTestFailure(ASSERTION);
+  const std::string report = FlushedReport(plugin);
+  ExpectWholeReport(report);
+  EXPECT_EQ(Tests::TestCasesOf(report).size(), 2U);
+}
+
+INSTANTIATE_TEST_SUITE_P(One, AllocationFailuresTest, testing::Values(false));
+INSTANTIATE_TEST_SUITE_P(All, AllocationFailuresTest, testing::Values(true));
+
+}  // namespace
