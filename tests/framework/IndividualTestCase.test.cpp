@@ -420,6 +420,44 @@ TEST(DurationBounds, DoNotTakeAHugeNumberForASmallOne) {
             1U);
 }
 
+// -4294965796 is 1500 in the low 32 bits, too.
+TEST(DurationBounds, PrintANumberBelowIntAsItIs) {
+  EXPECT_EQ(RecordOf(SomeFile().SetDuration("-4294965796"),
+                     [](FrameProbe& probe) { probe.PerformDurationBoundsTest(0, 9000, true); }),
+            Lines{Fail("Experiment_duration_Frame_Probe.om5", WEIRD, PROBE, 228,
+                       "Expected a duration between 0 and 9000. Instead, we got a duration of "
+                       "-4294965796.")});
+}
+
+TEST(ExpansionBounds, CompareAndPrintTheNearestInt) {
+  const auto check = [](const std::string& expansion) {
+    return RecordOf(SomeFile().SetExpansion(expansion), [](FrameProbe& probe) {
+      probe.PerformBoundsTest(0, 9000, wxT("Expansion Time(ms): "), true, true);
+    });
+  };
+  const auto failure = [](const std::string& found) {
+    return Lines{Fail(
+        "Expansion_duration_Frame_Probe.om5", WEIRD, PROBE, 228,
+        "Expected a duration between 0 and 9000. Instead, we got a duration of " + found + ".")};
+  };
+  EXPECT_EQ(check("4294967336"), failure("2147483647"));
+  EXPECT_EQ(check("-4294967256"), failure("-2147483648"));
+}
+
+TEST(Tracking, TellsADurationAsItStandsAndAnExpansionTimeAsTheNearestInt) {
+  const auto tracked = [](const std::string& duration, const std::string& expansion) {
+    Lines lines = SomeFile().SetDuration(duration).SetExpansion(expansion).Verify();
+    lines.erase(lines.begin(), lines.end() - 2);
+    return lines;
+  };
+  EXPECT_EQ(tracked("4294968796", "4294967336"),
+            (Lines{"pass __TIMING__TRACKING__Frame_Probe.om5__4294968796_ms",
+                   "pass __EXPANSION__TRACKING__Frame_Probe.om5__2147483647_ms"}));
+  EXPECT_EQ(tracked("-4294965796", "-4294967256"),
+            (Lines{"pass __TIMING__TRACKING__Frame_Probe.om5__-4294965796_ms",
+                   "pass __EXPANSION__TRACKING__Frame_Probe.om5__-2147483648_ms"}));
+}
+
 TEST(ExpansionBounds, UseTheSameWordsAsDuration) {
   const auto check = [](int min, int max) {
     return RecordOf(SomeFile(), [=](FrameProbe& probe) {

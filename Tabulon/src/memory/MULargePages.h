@@ -6,11 +6,12 @@
 
 constexpr std::size_t MU_LARGE_PAGE = std::size_t{2} << 20;
 
-// The first touch of a page is what costs most of new memory, and a large page holds 512 small ones.
-// bytes: a multiple of alignment, which is a power of two. wanted: false for small pages, where it matters
-// that no more memory is used than is touched. A system without large pages gives small ones. Throws
-// std::bad_alloc.
+// New memory, without values, at a multiple of alignment. Most of its cost is the first touch of each page, and a
+// large page holds as much as 512 small ones. bytes: a multiple of alignment, which is a power of two.
+// wanted: false for small pages, of which only those that are touched take memory. A system without large pages
+// gives small ones. The caller frees it. For any number of threads. Throws std::bad_alloc.
 void* MUAllocateLargePages(std::size_t bytes, std::size_t alignment, bool wanted);
+// Gives the memory back to the system; null is nothing.
 void MUFreeLargePages(void* memory) noexcept;
 
 #endif

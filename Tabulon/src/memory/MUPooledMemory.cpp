@@ -4,16 +4,8 @@
 #include <cstdint>
 #include <mutex>
 
+#include "Tabulon/src/machine/MUMachine.h"
 #include "Tabulon/src/memory/MULargePages.h"
-
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define MU_EVERY_PIECE_BY_ITSELF
-#endif
-#endif
-#if defined(__SANITIZE_ADDRESS__)
-#define MU_EVERY_PIECE_BY_ITSELF
-#endif
 
 namespace {
 
@@ -22,7 +14,7 @@ constexpr std::size_t MOST_BYTES = static_cast<std::size_t>(PTRDIFF_MAX) - 2 * C
 
 }  // namespace
 
-#if defined(MU_EVERY_PIECE_BY_ITSELF)
+#if MU_HAS_ADDRESS_SANITIZER
 
 // So that the sanitizer sees what is read beyond a piece or after its end.
 void* MUAllocatePooled(std::size_t bytes) {
@@ -38,7 +30,7 @@ namespace {
 constexpr std::size_t ALIGNMENT = alignof(std::max_align_t);
 // The first chunks stay with small pages, of which no more are used than are needed.
 constexpr int CHUNKS_OF_SMALL_PAGES = 2;
-// A text of a file rather than a row: worth looking whether its place can be used again.
+// A text of a file rather than a row. Only then it is worth while to look whether its place can be used again.
 constexpr std::size_t LONG_PIECE = std::size_t{16} * 1024;
 
 // Stands at the beginning of a chunk. Chunks begin at multiples of their size, so a piece finds its own.
@@ -53,7 +45,7 @@ constexpr std::size_t RoundedUp(std::size_t bytes, std::size_t unit) {
 }
 constexpr std::size_t HEAD = RoundedUp(sizeof(Chunk), 64);
 
-// Guards all that follows, and the pieces of a chunk from becoming none or some.
+// Guards the variables below and every change of a chunk's piece count from or to zero.
 std::mutex guard;
 Chunk* current = nullptr;  // the one that pieces come from
 Chunk* spare = nullptr;    // an empty one for the next time
@@ -115,7 +107,7 @@ void* MUAllocatePooled(std::size_t bytes) {
 void MUFreePooled(void* memory, std::size_t bytes) noexcept {
   const auto address = reinterpret_cast<std::uintptr_t>(memory);
   auto* const chunk = reinterpret_cast<Chunk*>(static_cast<char*>(memory) - address % CHUNK_SIZE);
-  // Nearly always there are other pieces, and no need to be alone.
+  // While other pieces remain, the chunk stays, and no lock is needed.
   std::size_t pieces = chunk->pieces.load(std::memory_order_relaxed);
   while (pieces > 1 && bytes < LONG_PIECE) {
     if (chunk->pieces.compare_exchange_weak(pieces, pieces - 1, std::memory_order_acq_rel)) return;

@@ -7,28 +7,31 @@
 #include <utility>
 #include <vector>
 
-// Hands out pieces side by side from a few large chunks. Rows that follow each other lie side by side, and a
-// table of many files has its memory in the system's large pages, where the first touch of each byte is far
-// cheaper. A chunk goes when its last piece is freed: pieces shall live and die together, as a file's do.
-// Any thread may free what another one got. Throws std::bad_alloc.
+// A piece of memory, without values, aligned for every type. Pieces lie side by side in a few large chunks, in the
+// order in which they are asked for; from the third chunk on they are in the system's large pages. Takes a lock and
+// some nanoseconds, and a system call for every chunk. A piece lives until it is freed, and a chunk as long as one
+// of its pieces, so pieces should be freed together, as those of a file are. For any number of threads; each may
+// free what another one got. Throws std::bad_alloc.
 void* MUAllocatePooled(std::size_t bytes);
-// bytes: as they were asked for.
+// Frees a piece. bytes: as many as were asked for.
 void MUFreePooled(void* memory, std::size_t bytes) noexcept;
 
-// For containers. Items without an initial value are left as they are.
-template <typename T>
+// Lets a container live in pooled memory. Items that are made without a value are left without one.
+template <typename ITEM>
 struct MUPoolAllocator {
-  using value_type = T;
+  using value_type = ITEM;
 
   MUPoolAllocator() = default;
   template <typename OTHER>
   MUPoolAllocator(const MUPoolAllocator<OTHER>&) {}
 
-  T* allocate(std::size_t count) {
-    if (count > static_cast<std::size_t>(-1) / sizeof(T)) throw std::bad_alloc();
-    return static_cast<T*>(MUAllocatePooled(count * sizeof(T)));
+  ITEM* allocate(std::size_t count) {
+    if (count > static_cast<std::size_t>(-1) / sizeof(ITEM)) throw std::bad_alloc();
+    return static_cast<ITEM*>(MUAllocatePooled(count * sizeof(ITEM)));
   }
-  void deallocate(T* items, std::size_t count) noexcept { MUFreePooled(items, count * sizeof(T)); }
+  void deallocate(ITEM* items, std::size_t count) noexcept {
+    MUFreePooled(items, count * sizeof(ITEM));
+  }
 
   template <typename OTHER>
   void construct(OTHER* place) {
@@ -43,7 +46,7 @@ struct MUPoolAllocator {
   friend bool operator!=(const MUPoolAllocator&, const MUPoolAllocator&) { return false; }
 };
 
-template <typename T>
-using MUPoolVector = std::vector<T, MUPoolAllocator<T>>;
+template <typename ITEM>
+using MUPoolVector = std::vector<ITEM, MUPoolAllocator<ITEM>>;
 
 #endif

@@ -7,53 +7,59 @@
 #include <type_traits>
 #include <vector>
 
-// Many bytes come in large pages, few from the heap. Throws std::bad_alloc. Both sides must name the same
-// number of bytes.
+// New memory, without values: from half a mebibyte on in large pages of its own, else from the heap. The caller
+// frees it. For any number of threads. Throws std::bad_alloc.
 void* MUAllocateLarge(std::size_t bytes);
+// Gives the memory back. bytes: as many as were asked for.
 void MUFreeLarge(void* memory, std::size_t bytes) noexcept;
 
-// For containers.
-template <typename T>
+// Lets a container live in such memory.
+template <typename ITEM>
 struct MULargeAllocator {
-  using value_type = T;
+  using value_type = ITEM;
 
   MULargeAllocator() = default;
   template <typename OTHER>
   MULargeAllocator(const MULargeAllocator<OTHER>&) {}
 
-  T* allocate(std::size_t count) { return static_cast<T*>(MUAllocateLarge(count * sizeof(T))); }
-  void deallocate(T* items, std::size_t count) noexcept { MUFreeLarge(items, count * sizeof(T)); }
+  ITEM* allocate(std::size_t count) {
+    return static_cast<ITEM*>(MUAllocateLarge(count * sizeof(ITEM)));
+  }
+  void deallocate(ITEM* items, std::size_t count) noexcept {
+    MUFreeLarge(items, count * sizeof(ITEM));
+  }
 
   friend bool operator==(const MULargeAllocator&, const MULargeAllocator&) { return true; }
   friend bool operator!=(const MULargeAllocator&, const MULargeAllocator&) { return false; }
 };
 
-template <typename T>
-using MULargeVector = std::vector<T, MULargeAllocator<T>>;
+template <typename ITEM>
+using MULargeVector = std::vector<ITEM, MULargeAllocator<ITEM>>;
 
-// An array of a fixed size whose items have no values yet.
-template <typename T>
+// An array of a fixed size whose items have no values at first. It costs no pass over them. Owns its memory. An
+// index must be below size(). For one thread at a time. The constructor throws std::bad_alloc.
+template <typename ITEM>
 class MUScratchArray {
-  static_assert(std::is_trivially_copyable_v<T> && std::is_trivially_destructible_v<T>);
+  static_assert(std::is_trivially_copyable_v<ITEM> && std::is_trivially_destructible_v<ITEM>);
 
  public:
   explicit MUScratchArray(std::size_t size)
-      : m_items(static_cast<T*>(MUAllocateLarge(size * sizeof(T))), Free{size}) {}
+      : m_items(static_cast<ITEM*>(MUAllocateLarge(size * sizeof(ITEM))), Free{size}) {}
 
   std::size_t size() const { return m_items.get_deleter().size; }
-  T* begin() { return m_items.get(); }
-  T* end() { return begin() + size(); }
-  const T* begin() const { return m_items.get(); }
-  const T* end() const { return begin() + size(); }
-  T& operator[](std::size_t index) { return m_items[index]; }
-  const T& operator[](std::size_t index) const { return m_items[index]; }
+  ITEM* begin() { return m_items.get(); }
+  ITEM* end() { return begin() + size(); }
+  const ITEM* begin() const { return m_items.get(); }
+  const ITEM* end() const { return begin() + size(); }
+  ITEM& operator[](std::size_t index) { return m_items[index]; }
+  const ITEM& operator[](std::size_t index) const { return m_items[index]; }
 
  private:
   struct Free {
-    void operator()(T* items) const { MUFreeLarge(items, size * sizeof(T)); }
+    void operator()(ITEM* items) const { MUFreeLarge(items, size * sizeof(ITEM)); }
     std::size_t size;
   };
-  std::unique_ptr<T[], Free> m_items;
+  std::unique_ptr<ITEM[], Free> m_items;
 };
 
 #endif

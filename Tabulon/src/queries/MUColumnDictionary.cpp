@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "Tabulon/src/machine/MUMachine.h"
 #include "Tabulon/src/rows/MUColumnReader.h"
 #include "Tabulon/src/rows/MURowStore.h"
 
@@ -77,7 +78,7 @@ void MUColumnDictionary::Add(unsigned long key, const MUCellText& text) {
     Number(cell);
     return;
   }
-  __builtin_prefetch(&m_slots[cell.hash & (m_slots.size() - 1)]);
+  MUPrefetch(&m_slots[cell.hash & (m_slots.size() - 1)]);
   m_waiting[m_waitingCount] = cell;
   if (++m_waitingCount == m_waiting.size()) NumberWaiting();
 }
@@ -88,7 +89,7 @@ void MUColumnDictionary::NumberWaiting() {
   for (std::size_t i = 0; i < m_waitingCount; ++i) {
     const Slot& slot = m_slots[m_waiting[i].hash & (m_slots.size() - 1)];
     candidates[i] = slot.hash == m_waiting[i].hash ? slot.number : NONE;
-    if (candidates[i] != NONE) __builtin_prefetch(&m_texts[candidates[i]]);
+    if (candidates[i] != NONE) MUPrefetch(&m_texts[candidates[i]]);
   }
   for (std::size_t i = 0; i < m_waitingCount; ++i) {
     if (candidates[i] != NONE) m_texts[candidates[i]].Prefetch();

@@ -2,7 +2,6 @@
 
 #include <wx/convauto.h>
 #include <wx/debug.h>
-#include <wx/filefn.h>
 #include <wx/intl.h>
 
 #include <vector>
@@ -23,7 +22,7 @@ const unsigned int LINE_OF_DATE = 2;
 const unsigned int LINE_OF_FIRST_HEADINGS = 4;
 const unsigned int LINE_OF_SECOND_HEADINGS = 5;
 
-const wxULongLong_t LARGEST_FILE = 1048576;
+const std::uint64_t LARGEST_FILE = 1048576;
 
 const std::uint32_t TYPE_NUMBER = 1;
 const std::uint32_t TYPE_TEXT = 2;
@@ -101,122 +100,117 @@ const std::uint32_t MUConcreteExperimentDataFileTxt::PARALLEL_ARRAY_OF_COL_TYPES
 
 MUConcreteExperimentDataFileTxt::MUConcreteExperimentDataFileTxt(
     const wxFileName& file, bool expectHeader, MUInterfaceDataFileInputErrorHandler* handler)
-    : hasHeader(expectHeader),
-      currentRow(0),
-      dataRowCount(0),
-      textFile(new MUDataTextFile(expectHeader ? NUMBER_OF_HEADER_LINES : 0)),
-      columns(new Columns),
-      columnsHandedOver(false),
-      fileName(file),
-      errorHandler(handler),
-      reactionTimeHeading(GetStandardizedDataFileStringValue(RTIME_COLUMN_HEADING)),
-      reactionTimePosition(MUDataFileBlock::NOT_FOUND),
-      errorPresent(false) {
+    : m_hasHeader(expectHeader),
+      m_currentRow(0),
+      m_dataRowCount(0),
+      m_textFile(new MUDataTextFile(expectHeader ? NUMBER_OF_HEADER_LINES : 0, LARGEST_FILE)),
+      m_columns(new Columns),
+      m_columnsHandedOver(false),
+      m_fileName(file),
+      m_errorHandler(handler),
+      m_reactionTimeHeading(GetStandardizedDataFileStringValue(RTIME_COLUMN_HEADING)),
+      m_reactionTimePosition(MUDataFileBlock::NOT_FOUND),
+      m_errorPresent(false) {
   OpenSimpleTextFile(file);
-  if (errorPresent) return;
+  if (m_errorPresent) return;
   ExtractHeaderInformation();
-  if (errorPresent) return;
-  DoColumnHeadings(*columns);
-  if (errorPresent) return;
+  if (m_errorPresent) return;
+  DoColumnHeadings(*m_columns);
+  if (m_errorPresent) return;
   PrepareForRows();
-  if (errorPresent) return;
+  if (m_errorPresent) return;
   SendSuccessMessage();
 }
 
 MUConcreteExperimentDataFileTxt::~MUConcreteExperimentDataFileTxt() {
-  if (!columnsHandedOver) {
-    for (MUColumnNamePlusProperties* column : *columns) delete column;
-    delete columns;
+  if (!m_columnsHandedOver) {
+    for (MUColumnNamePlusProperties* column : *m_columns) delete column;
+    delete m_columns;
   }
-  textFile->Close();
-  delete textFile;
+  m_textFile->Close();
+  delete m_textFile;
 }
 
 void MUConcreteExperimentDataFileTxt::OpenSimpleTextFile(const wxFileName& file) {
-  fullPath = file.GetFullPath();
-  wxStructStat status;
-  // A file of unknown size is left to the attempt to open it.
-  const bool sizeIsKnown = wxStat(fullPath, &status) == 0;
-  const auto size = sizeIsKnown ? static_cast<wxULongLong_t>(status.st_size) : 0;
-  if (size > LARGEST_FILE) {
-    SendOneErrorMessageToCallbackObject(
-        MU_INPUT_FILE_TOO_LARGE,
-        wxString::Format(USERFRIENDLY_ERROR_TEXT_FILE_TOO_LARGE,
-                         static_cast<unsigned int>(size & 0xFFFFFFFFu)),
-        fullPath);
-    return;
-  }
-  if (textFile->IsOpened()) textFile->Close();
+  m_fullPath = file.GetFullPath();
+  if (m_textFile->IsOpened()) m_textFile->Close();
   MUEasyRedirectMinimalErrorLog log;
   {
     // No message box may come up from a file that does not open.
     const MUActiveLogTarget redirection(&log);
-    textFile->Open(fullPath, wxConvAuto());
+    m_textFile->Open(m_fullPath, wxConvAuto());
   }
-  if (!textFile->IsOpened()) {
-    SendGeneralizedMessagesThatOriginatedInWxWidgetsCode(log.CollectMessages(), fullPath);
+  if (m_textFile->IsTooLarge()) {
+    SendOneErrorMessageToCallbackObject(
+        MU_INPUT_FILE_TOO_LARGE,
+        wxString::Format(USERFRIENDLY_ERROR_TEXT_FILE_TOO_LARGE,
+                         static_cast<unsigned int>(m_textFile->Size() & 0xFFFFFFFFu)),
+        m_fullPath);
+  } else if (!m_textFile->IsOpened()) {
+    SendGeneralizedMessagesThatOriginatedInWxWidgetsCode(log.CollectMessages(), m_fullPath);
   }
 }
 
 void MUConcreteExperimentDataFileTxt::ExtractHeaderInformation() {
-  fullPath = textFile->GetName();
-  shortName = MUShortNameOf(fileName);
-  const std::size_t lineCount = textFile->Lines().Count();
-  if (hasHeader) {
+  m_fullPath = m_textFile->GetName();
+  m_shortName = MUShortNameOf(m_fileName);
+  const std::size_t lineCount = m_textFile->Lines().Count();
+  if (m_hasHeader) {
     const auto reportMissing = [this](const wxString& text, unsigned int line) {
       SendOneErrorMessageToCallbackObject(
           MU_INPUT_BAD_FORMAT,
           wxString::Format(text, MUUtilitarianFunctions::GetWrittenOrdinalTextForInteger(line)),
-          fullPath);
+          m_fullPath);
     };
-    const std::vector<wxString>& header = textFile->Lines().header;
+    const std::vector<wxString>& header = m_textFile->Lines().header;
     if (lineCount <= LINE_OF_TITLE) {
-      experimentTitle.clear();
+      m_experimentTitle.clear();
       reportMissing(USERFRIENDLY_ERROR_TEXT_NO_EXPERIMENT_NAME, LINE_OF_TITLE);
       return;
     }
-    experimentTitle = Trimmed(header[LINE_OF_TITLE]);
+    m_experimentTitle = Trimmed(header[LINE_OF_TITLE]);
     if (lineCount <= LINE_OF_PARTICIPANT) {
       reportMissing(USERFRIENDLY_ERROR_TEXT_NO_PERSONNAME_NAME, LINE_OF_PARTICIPANT);
       return;
     }
-    participantName = Trimmed(header[LINE_OF_PARTICIPANT]);
+    m_participantName = Trimmed(header[LINE_OF_PARTICIPANT]);
     if (lineCount <= LINE_OF_DATE) {
-      experimentDateTime.clear();
+      m_experimentDateTime.clear();
       reportMissing(USERFRIENDLY_ERROR_TEXT_NO_OM_TIMESTAMP, LINE_OF_DATE);
       return;
     }
-    experimentDateTime = header[LINE_OF_DATE];
+    m_experimentDateTime = header[LINE_OF_DATE];
   }
-  textFile->Lines().block->SetHiddenCells(
-      {{STRING_FOR_PERSONNAME_SECRET_COL, participantName},
-       {STRING_FOR_FILENAME_SECRET_COL, fullPath},
-       {STRING_FOR_SHORTNAME_SECRET_COL, shortName},
-       {STRING_FOR_EXPERIMENT_SECRET_COL, experimentTitle},
-       {STRING_FOR_EXP_DATETIME_SECRET_COL, experimentDateTime}});
-  dataRowCount = static_cast<std::uint32_t>(textFile->Lines().block->RowCount());
+  m_textFile->Lines().block->SetHiddenCells(
+      {{STRING_FOR_PERSONNAME_SECRET_COL, m_participantName},
+       {STRING_FOR_FILENAME_SECRET_COL, m_fullPath},
+       {STRING_FOR_SHORTNAME_SECRET_COL, m_shortName},
+       {STRING_FOR_EXPERIMENT_SECRET_COL, m_experimentTitle},
+       {STRING_FOR_EXP_DATETIME_SECRET_COL, m_experimentDateTime}});
+  m_dataRowCount = static_cast<std::uint32_t>(m_textFile->Lines().block->RowCount());
 }
 
 void MUConcreteExperimentDataFileTxt::DoColumnHeadings(Columns& all) {
-  if (!hasHeader) {
+  if (!m_hasHeader) {
     DoHardCodedColumnHeadings();
     return;
   }
-  if (textFile->Lines().Count() <= NUMBER_OF_HEADER_LINES) {
+  if (m_textFile->Lines().Count() <= NUMBER_OF_HEADER_LINES) {
     SendOneErrorMessageToCallbackObject(
         MU_INPUT_BAD_FORMAT,
-        wxString::Format(USERFRIENDLY_ERROR_TEXT_FILE_TOO_SHORT, NUMBER_OF_HEADER_LINES), fullPath);
+        wxString::Format(USERFRIENDLY_ERROR_TEXT_FILE_TOO_SHORT, NUMBER_OF_HEADER_LINES),
+        m_fullPath);
     return;
   }
-  const wxString wordsOfAssertion = MUWordsForNonEmptyColumns(fileName.GetFullPath());
+  const wxString wordsOfAssertion = MUWordsForNonEmptyColumns(m_fileName.GetFullPath());
   wxUnusedVar(wordsOfAssertion);
 
   const auto make = [this](const wxString& name) {
     MUColumnNamePlusProperties* made = nullptr;
-    MakeOneNewColumn(&made, name, fullPath, 0);
+    MakeOneNewColumn(&made, name, m_fullPath, 0);
     return made;
   };
-  const std::vector<wxString>& header = textFile->Lines().header;
+  const std::vector<wxString>& header = m_textFile->Lines().header;
   MUAddFirstHeadingRow(MUSplitAtTabs(header[LINE_OF_FIRST_HEADINGS]), make, all);
   MUAddSecondHeadingRow(MUSplitAtTabs(header[LINE_OF_SECOND_HEADINGS]), make, all);
   if (all.empty()) {
@@ -224,7 +218,7 @@ void MUConcreteExperimentDataFileTxt::DoColumnHeadings(Columns& all) {
         MU_INPUT_BAD_FORMAT,
         wxString::Format(USERFRIENDLY_ERROR_TEXT_ZERO_COLUMN_NAMES, LINE_OF_FIRST_HEADINGS,
                          LINE_OF_SECOND_HEADINGS),
-        fullPath);
+        m_fullPath);
     return;
   }
   // Flags and types go by the raw names, which still tell a column without a first heading.
@@ -237,12 +231,12 @@ void MUConcreteExperimentDataFileTxt::DoHardCodedColumnHeadings() {
   for (std::size_t i = 0;
        PARALLEL_ARRAY_OF_COL_PATTERNS_FOR_TYPES[i] != CODE_VALUE_FOR_END_OF_ARRAY; ++i) {
     MUColumnNamePlusProperties* column = nullptr;
-    MakeOneNewColumn(&column, PARALLEL_ARRAY_OF_COL_PATTERNS_FOR_TYPES[i], fullPath, 0);
+    MakeOneNewColumn(&column, PARALLEL_ARRAY_OF_COL_PATTERNS_FOR_TYPES[i], m_fullPath, 0);
     column->m_dataType = static_cast<std::int32_t>(PARALLEL_ARRAY_OF_COL_TYPES[i]);
-    columns->push_back(column);
-    namesInUse.Add(column->m_columnName);
+    m_columns->push_back(column);
+    m_namesInUse.Add(column->m_columnName);
   }
-  MarkColumnsWithFlags(*columns);
+  MarkColumnsWithFlags(*m_columns);
 }
 
 void MUConcreteExperimentDataFileTxt::MarkColumnsWithFlags(Columns& all) {
@@ -272,9 +266,9 @@ void MUConcreteExperimentDataFileTxt::MarkColumnsWithDataType(Columns& all) {
 }
 
 void MUConcreteExperimentDataFileTxt::EliminateDuplicatesAndCleanUpColumnNames(Columns& all) {
-  if (!MUTrimNamesAndMakeThemUnique(all, &namesInUse)) {
+  if (!MUTrimNamesAndMakeThemUnique(all, &m_namesInUse)) {
     SendOneErrorMessageToCallbackObject(MU_INPUT_FILE_TOO_LARGE,
-                                        USERFRIENDLY_ERROR_TEXT_TOO_MANY_COLUMNS, fullPath);
+                                        USERFRIENDLY_ERROR_TEXT_TOO_MANY_COLUMNS, m_fullPath);
     return;
   }
   if (all.empty()) {
@@ -282,20 +276,20 @@ void MUConcreteExperimentDataFileTxt::EliminateDuplicatesAndCleanUpColumnNames(C
         MU_INPUT_BAD_FORMAT,
         wxString::Format(USERFRIENDLY_ERROR_TEXT_ZERO_COLUMN_NAMES, LINE_OF_FIRST_HEADINGS,
                          LINE_OF_SECOND_HEADINGS),
-        fullPath);
+        m_fullPath);
   }
 }
 
 // Tells the block what its rows need to know of the columns.
 void MUConcreteExperimentDataFileTxt::PrepareForRows() {
-  MUDataFileBlock& block = *textFile->Lines().block;
-  if (MUHasTooManyCellsBeyondColumns(block, columns->size())) {
+  MUDataFileBlock& block = *m_textFile->Lines().block;
+  if (MUHasTooManyCellsBeyondColumns(block, m_columns->size())) {
     SendOneErrorMessageToCallbackObject(MU_INPUT_FILE_TOO_LARGE,
-                                        USERFRIENDLY_ERROR_TEXT_TOO_MANY_COLUMNS, fullPath);
+                                        USERFRIENDLY_ERROR_TEXT_TOO_MANY_COLUMNS, m_fullPath);
     return;
   }
-  MUNameColumnsOfBlock(*columns, &block);
-  reactionTimePosition = block.PositionOf(reactionTimeHeading);
+  MUNameColumnsOfBlock(*m_columns, &block);
+  m_reactionTimePosition = block.PositionOf(m_reactionTimeHeading);
 }
 
 void MUConcreteExperimentDataFileTxt::MakeOneNewColumn(MUColumnNamePlusProperties** made,
@@ -312,39 +306,39 @@ double MUConcreteExperimentDataFileTxt::CalculateSortableNumericHashFromString(
 
 void MUConcreteExperimentDataFileTxt::SendOneErrorMessageToCallbackObject(
     INPUT_ERROR code, const wxString& message, const wxString& filePath) {
-  errorPresent = true;
-  MUSendReport(errorHandler, code, message, filePath);
+  m_errorPresent = true;
+  MUSendReport(m_errorHandler, code, message, filePath);
 }
 
 void MUConcreteExperimentDataFileTxt::SendGeneralizedMessagesThatOriginatedInWxWidgetsCode(
     const std::list<wxString>& messages, const wxString& filePath) {
-  errorPresent = true;
-  MUSendLibraryMessages(errorHandler, messages, filePath);
+  m_errorPresent = true;
+  MUSendLibraryMessages(m_errorHandler, messages, filePath);
 }
 
 void MUConcreteExperimentDataFileTxt::SendSuccessMessage() {
-  MUSendSuccess(errorHandler, fullPath);
+  MUSendSuccess(m_errorHandler, m_fullPath);
 }
 
 std::deque<MUColumnNamePlusProperties*>*
 MUConcreteExperimentDataFileTxt::CreateAndReturnPositionallyOrderedColumnObjects() {
-  columnsHandedOver = true;
-  return columns;
+  m_columnsHandedOver = true;
+  return m_columns;
 }
 
 MUSingleRowDataPlusRowProperties* MUConcreteExperimentDataFileTxt::CreateAndReturnCurrentRowObject(
     bool advance) {
   // A negative cursor is above every count as well.
-  if (currentRow >= dataRowCount || errorPresent) return nullptr;
-  const MUDataFileBlockPtr& block = textFile->Lines().block;
+  if (m_currentRow >= m_dataRowCount || m_errorPresent) return nullptr;
+  const MUDataFileBlockPtr& block = m_textFile->Lines().block;
   const auto make = [this](const wxString& name) {
     MUColumnNamePlusProperties* made = nullptr;
-    MakeOneNewColumn(&made, name, fullPath, 0);
+    MakeOneNewColumn(&made, name, m_fullPath, 0);
     return made;
   };
-  MUAppendColumnsForCellsBeyondHeadings(block.get(), currentRow, &namesInUse, make,
-                                        columnsHandedOver ? nullptr : columns);
-  MUSingleRowDataPlusRowProperties* row = MUNewRow(block, currentRow, reactionTimePosition);
-  if (advance) ++currentRow;
+  MUAppendColumnsForCellsBeyondHeadings(block.get(), m_currentRow, &m_namesInUse, make,
+                                        m_columnsHandedOver ? nullptr : m_columns);
+  MUSingleRowDataPlusRowProperties* row = MUNewRow(block, m_currentRow, m_reactionTimePosition);
+  if (advance) ++m_currentRow;
   return row;
 }

@@ -16,24 +16,24 @@
 #include "Tabulon/src/rows/MUDataFileBlock.h"
 #include "Tabulon/src/text/MUUniqueNameIndex.h"
 
-// Six header lines: participant, title, date and time, one line that is never read, and two heading
-// rows, whose cells are joined to column names by a line feed. Then one data row per line, of which a
-// file has at least one. Cells are separated by tabs; there is no quoting. At most 1 MiB.
-// Every row carries the five hidden cells.
+// The file has six header lines: participant, title, date and time, one line that is never read, and two heading
+// rows, whose cells are joined to column names by a line feed. One data row per line follows, at least one. Cells are
+// separated by tabs; there is no quoting. The file has at most 1 MiB. Every row carries the five hidden cells.
 class MUConcreteExperimentDataFileTxt : public MUInterfaceExperimentDataFileInputReader {
  public:
-  // Does all the loading and stops at the first error. hasHeader false: all lines are data rows, of
-  // the fifteen known columns. handler is borrowed while the reader lives, and may be null.
+  // Does all the loading and stops at the first error, which it reports; it throws nothing for a bad file. With
+  // hasHeader false all lines are data rows, of the fifteen known columns. handler is borrowed as long as the reader
+  // lives, and may be null.
   MUConcreteExperimentDataFileTxt(const wxFileName& file, bool hasHeader,
                                   MUInterfaceDataFileInputErrorHandler* handler);
   MUConcreteExperimentDataFileTxt(const MUConcreteExperimentDataFileTxt&) = delete;
   MUConcreteExperimentDataFileTxt& operator=(const MUConcreteExperimentDataFileTxt&) = delete;
 
-  wxString GetExperimentTitle() const override { return experimentTitle; }
-  wxString GetExperimentDateTimeString() const override { return experimentDateTime; }
-  std::uint32_t GetDataRowCount() const override { return dataRowCount; }
-  void GoToDataRow(int row) override { currentRow = static_cast<std::uint32_t>(row); }
-  bool ErrorStatusIsPresent() const override { return errorPresent; }
+  wxString GetExperimentTitle() const override { return m_experimentTitle; }
+  wxString GetExperimentDateTimeString() const override { return m_experimentDateTime; }
+  std::uint32_t GetDataRowCount() const override { return m_dataRowCount; }
+  void GoToDataRow(int row) override { m_currentRow = static_cast<std::uint32_t>(row); }
+  bool ErrorStatusIsPresent() const override { return m_errorPresent; }
   std::deque<MUColumnNamePlusProperties*>* CreateAndReturnPositionallyOrderedColumnObjects()
       override;
   MUSingleRowDataPlusRowProperties* CreateAndReturnCurrentRowObject(bool advance) override;
@@ -81,23 +81,23 @@ class MUConcreteExperimentDataFileTxt : public MUInterfaceExperimentDataFileInpu
                                                             const wxString& filePath);
   void SendSuccessMessage();
 
-  bool hasHeader;
-  wxString experimentTitle;
-  wxString experimentDateTime;
-  wxString fullPath;
-  wxString shortName;  // name, dot and extension, no folder; the dot also without an extension
-  wxString participantName;
-  std::uint32_t currentRow;
-  std::uint32_t dataRowCount;
-  MUDataTextFile* textFile;  // owned
-  Columns* columns;          // owned until handed over
-  bool columnsHandedOver;
-  wxFileName fileName;
-  MUInterfaceDataFileInputErrorHandler* errorHandler;  // not owned, may be null
-  wxString reactionTimeHeading;
-  std::size_t reactionTimePosition;
-  MUUniqueNameIndex namesInUse;  // the names of all columns
-  bool errorPresent;
+  bool m_hasHeader;
+  wxString m_experimentTitle;
+  wxString m_experimentDateTime;
+  wxString m_fullPath;
+  wxString m_shortName;  // name, dot and extension, no folder; the dot also without an extension
+  wxString m_participantName;
+  std::uint32_t m_currentRow;
+  std::uint32_t m_dataRowCount;
+  MUDataTextFile* m_textFile;  // owned
+  Columns* m_columns;          // owned until handed over
+  bool m_columnsHandedOver;
+  wxFileName m_fileName;
+  MUInterfaceDataFileInputErrorHandler* m_errorHandler;  // not owned, may be null
+  wxString m_reactionTimeHeading;
+  std::size_t m_reactionTimePosition;
+  MUUniqueNameIndex m_namesInUse;  // the names of all columns
+  bool m_errorPresent;
 };
 
 #endif

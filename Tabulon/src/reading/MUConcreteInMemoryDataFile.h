@@ -18,28 +18,33 @@ class wxFile;
 class wxFileName;
 
 // The format is that of MUConcreteExperimentDataFileTxt, but the two do not yield the same data:
-// - any size; always six header lines;
-// - lines end in LF, or, if a CR LF stands anywhere in the file, in CR: then lines that end in a bare
-//   LF, and a last line without an end, are lost; blank lines at the very end are none;
-// - a line keeps its terminator: the last cell of a row ends in "^J" or "^M", a tab at the end of a
-//   line gives one cell more, and the date text ends in the terminator;
-// - columns have flags 0 and type 0; rows have no hidden cells;
+// - there is no limit but memory and 4 GiB, and there are always six header lines;
+// - lines end in LF. If a CR LF stands anywhere in the file, they end in CR: then lines that end in a bare LF, and
+//   a last line without an end, are lost. Blank lines at the very end are none;
+// - a line keeps its terminator: the last cell of a row ends in "^J" or "^M", a tab at the end of a line gives one
+//   cell more, and the date text ends in the terminator;
+// - columns have flags 0 and type 0, and rows have no hidden cells;
 // - reports are short fixed words.
+//
+// Failure: "Seek failed" and "Failed to slurp into string." are logged as fatal errors where the file cannot be
+// put at its start, or its bytes cannot be read: a folder, a file of 4 GiB or more, too little memory for what
+// arrives. wxWidgets ends the program then. Should it return, the file counts as empty, which is an error. A file
+// that was read but whose lines cannot be held is reported as MU_INPUT_FILE_TOO_LARGE, "file too large".
 class MUConcreteInMemoryDataFile : public MUInterfaceExperimentDataFileInputReader {
  public:
-  // Reads all of file, whatever its position, and puts the position back; file is not used after that.
-  // name gives nothing but the names of the file. The third argument is ignored. handler is borrowed
-  // while the reader is made, and may be null.
+  // Reads all of file, whatever its position, in pieces, and puts the position back. file is borrowed for that,
+  // handler as long as the reader lives; handler may be null. name gives nothing but the names of the file. The
+  // third argument is ignored. Throws nothing of its own.
   MUConcreteInMemoryDataFile(wxFile* file, const wxFileName& name, bool hasHeader,
                              MUInterfaceDataFileInputErrorHandler* handler);
   MUConcreteInMemoryDataFile(const MUConcreteInMemoryDataFile&) = delete;
   MUConcreteInMemoryDataFile& operator=(const MUConcreteInMemoryDataFile&) = delete;
 
-  wxString GetExperimentTitle() const override { return experimentTitle; }
-  wxString GetExperimentDateTimeString() const override { return experimentDateTime; }
-  std::uint32_t GetDataRowCount() const override { return dataRowCount; }
-  void GoToDataRow(int row) override { currentRow = static_cast<std::uint32_t>(row); }
-  bool ErrorStatusIsPresent() const override { return errorPresent; }
+  wxString GetExperimentTitle() const override { return m_experimentTitle; }
+  wxString GetExperimentDateTimeString() const override { return m_experimentDateTime; }
+  std::uint32_t GetDataRowCount() const override { return m_dataRowCount; }
+  void GoToDataRow(int row) override { m_currentRow = static_cast<std::uint32_t>(row); }
+  bool ErrorStatusIsPresent() const override { return m_errorPresent; }
   std::deque<MUColumnNamePlusProperties*>* CreateAndReturnPositionallyOrderedColumnObjects()
       override;
   MUSingleRowDataPlusRowProperties* CreateAndReturnCurrentRowObject(bool advance) override;
@@ -51,7 +56,9 @@ class MUConcreteInMemoryDataFile : public MUInterfaceExperimentDataFileInputRead
  private:
   using Columns = std::deque<MUColumnNamePlusProperties*>;
 
+  void Load(wxFile* file);
   void PopulateLinesCollection(wxFile* file);
+  void ReportTooLarge();
   void ExtractHeaderInformation();
   void DoColumnHeadings(Columns& all);
   void EliminateDuplicatesAndCleanUpColumnNames(Columns& all);
@@ -64,21 +71,21 @@ class MUConcreteInMemoryDataFile : public MUInterfaceExperimentDataFileInputRead
                                                             const wxString& filePath);
   void SendSuccessMessage();
 
-  MUDataFileLines lines;  // each with its terminator
-  wxString experimentTitle;
-  wxString experimentDateTime;
-  wxString fullPath;
-  wxString shortName;
-  wxString participantName;
-  std::uint32_t currentRow;
-  std::uint32_t dataRowCount;
-  Columns* columns;  // owned until handed over
-  bool columnsHandedOver;
-  MUInterfaceDataFileInputErrorHandler* errorHandler;  // not owned, may be null
-  wxString reactionTimeHeading;
-  std::size_t reactionTimePosition;
-  MUUniqueNameIndex namesInUse;  // the names of all columns
-  bool errorPresent;
+  MUDataFileLines m_lines;  // each with its terminator
+  wxString m_experimentTitle;
+  wxString m_experimentDateTime;
+  wxString m_fullPath;
+  wxString m_shortName;
+  wxString m_participantName;
+  std::uint32_t m_currentRow;
+  std::uint32_t m_dataRowCount;
+  Columns* m_columns;  // owned until handed over
+  bool m_columnsHandedOver;
+  MUInterfaceDataFileInputErrorHandler* m_errorHandler;  // not owned, may be null
+  wxString m_reactionTimeHeading;
+  std::size_t m_reactionTimePosition;
+  MUUniqueNameIndex m_namesInUse;  // the names of all columns
+  bool m_errorPresent;
 };
 
 #endif

@@ -18,9 +18,9 @@ enum MU_DATAFILE_INPUTFILE_TYPE : int {
 
 class MUDataFileInputReaderFactory {
  public:
-  // A new reader, owned by the caller; never null. A bad file gives a reader whose
-  // ErrorStatusIsPresent is true. handler may be null; openFile is used for MU_INPUTFILE_IN_MEMORY
-  // only and must then be an open file, which is read in this call and keeps its position.
+  // A new reader, which has read the file; never null. The caller deletes it. A bad file gives a reader whose
+  // ErrorStatusIsPresent is true. handler is borrowed as long as the reader lives, and may be null. openFile is used
+  // for MU_INPUTFILE_IN_MEMORY only. It must then be an open file; it is read in this call and keeps its position.
   static MUInterfaceExperimentDataFileInputReader* GetExperimentDataFileInputReader(
       const wxFileName& file, MU_DATAFILE_INPUTFILE_TYPE type,
       MUInterfaceDataFileInputErrorHandler* handler, wxFile* openFile);

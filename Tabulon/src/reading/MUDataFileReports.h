@@ -14,7 +14,8 @@ class MUInterfaceDataFileInputErrorHandler;
 // The file's name and extension without folder, with a dot between them also if there is no extension.
 wxString MUShortNameOf(const wxFileName& file);
 
-// Each sends one list of reports; a null handler means that nothing is sent.
+// Each sends one list of reports to the handler, or nothing if that is null: one report, one for each message in
+// their order, or the report of a good file.
 void MUSendReport(MUInterfaceDataFileInputErrorHandler* handler,
                   MUInterfaceExperimentDataFileInputReader::INPUT_ERROR code,
                   const wxString& message, const wxString& filePath);

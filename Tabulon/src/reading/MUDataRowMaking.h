@@ -10,20 +10,20 @@
 
 struct MUSingleRowDataPlusRowProperties;
 
-// Sees to it that every cell of the row has a column: those beyond the block's last column get new ones
-// named after a missing heading. namesInUse holds all names of the block, before and after. The new
-// columns are appended to columns as well, unless that is null.
+// Gives the cells of the row that lie beyond the block's last column new columns, named after a missing heading.
+// namesInUse holds all names of the block, before and after. The new columns are appended to columns as well, to
+// which they then belong, unless that is null.
 void MUAppendColumnsForCellsBeyondHeadings(MUDataFileBlock* block, std::size_t row,
                                            MUUniqueNameIndex* namesInUse, const MUColumnMaker& make,
                                            MUColumns* columns);
 
-// A new row, the caller's, over all columns that the block has now. Its reaction time is that of the
-// cell at reactionTimePosition, which may be MUDataFileBlock::NOT_FOUND.
+// A new row over all columns that the block has now; the caller deletes it. It shares the block. Its reaction time
+// is that of the cell at reactionTimePosition, which may be MUDataFileBlock::NOT_FOUND.
 MUSingleRowDataPlusRowProperties* MUNewRow(const MUDataFileBlockPtr& block, std::size_t row,
                                            std::size_t reactionTimePosition);
 
-// The cell as a number of milliseconds, as wxString's own conversion reads it in the current locale;
-// MUSingleRowDataPlusRowProperties::NO_REACTION_TIME if any of it is no number.
+// The cell as a number of milliseconds, as wxString's own conversion reads it in the current locale. A cell that is
+// not a number as a whole gives MUSingleRowDataPlusRowProperties::NO_REACTION_TIME.
 double MUReactionTimeOf(const MUCellText& cell);
 
 #endif

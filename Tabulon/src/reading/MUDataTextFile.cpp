@@ -1,105 +1,125 @@
 #include "Tabulon/src/reading/MUDataTextFile.h"
 
-#include <wx/file.h>
+#include <sys/stat.h>
 #include <wx/filefn.h>
-#include <wx/filename.h>
 #include <wx/intl.h>
 #include <wx/log.h>
 
 #include <algorithm>
-#include <limits>
 
+#include "Tabulon/src/reading/MUFileBytes.h"
+#include "Tabulon/src/reading/MULineEnds.h"
 #include "Tabulon/src/rows/MUDataFileBlockBuilder.h"
+#include "Tabulon/src/text/MUCellSplitting.h"
+#include "Tabulon/src/text/MUCellText.h"
+#include "Tabulon/src/text/MUPlainTextScan.h"
 
 namespace {
 
-// All bytes of an ordinary file that is not empty. Anything else is left to the library, and so is
-// what it has to say about it.
-bool ReadOrdinaryFile(const wxString& path, MUPoolVector<char>* bytes) {
-  const wxLogNull silence;
-  wxFile file;
-  // Opening a pipe could wait for ever.
-  if (!wxFileName::FileExists(path) || !file.Open(path)) return false;
-  const wxFileOffset length = file.Length();
-  if (length <= 0 || length > std::numeric_limits<std::int32_t>::max()) return false;
-  bytes->resize(static_cast<std::size_t>(length));
-  for (std::size_t filled = 0; filled < bytes->size();) {
-    const ssize_t read = file.Read(bytes->data() + filled, bytes->size() - filled);
-    if (read <= 0) return false;
-    filled += static_cast<std::size_t>(read);
-  }
-  return true;
-}
+using Builder = MUDataFileBlockBuilder;
 
-const wchar_t* Begin(const wxString& line) { return line.wc_str(); }
+// Calls take(line, its end, next line) for each line of the text as long as that answers true. Lines end in a
+// carriage return, a line feed or both.
+template <typename CHAR, typename TAKE>
+void ForEachLine(const CHAR* begin, const CHAR* end, const TAKE& take) {
+  MULineEnds<CHAR> ends(begin, end);
+  while (begin != end) {
+    const CHAR* const lineEnd = ends.Next(begin);
+    const CHAR* next = lineEnd;
+    if (next != end && *next == CHAR('\r')) ++next;
+    if (next != end && *next == CHAR('\n')) ++next;
+    if (!take(begin, lineEnd, next)) return;
+    begin = next;
+  }
+}
 
 }  // namespace
 
-bool MUDataTextFile::OnRead(const wxMBConv& conv) {
+bool MUDataTextFile::OnOpen(const wxString& name, wxTextBufferOpenMode) {
   m_lines = MUDataFileLines();
-  if (TakeBytesOfPlainFile()) return true;
-  if (wxDirExists(GetName())) {
-    // It opens, but pretends to be as long as a file can be.
+  if (m_file.Open(name)) return true;
+  // A file that may not be read has a size, too.
+  wxStructStat status;
+  m_size = wxStat(name, &status) == 0 ? static_cast<std::uint64_t>(status.st_size) : 0;
+  return false;
+}
+
+bool MUDataTextFile::OnClose() { return m_file.Close(); }
+
+bool MUDataTextFile::OnRead(const wxMBConv& conversion) {
+  MUPoolVector<char> bytes;
+  if (!ReadBytes(&bytes)) return false;
+  if (Builder::TakePlainBytes(bytes, m_headerLines, &m_lines)) return true;
+  // A text that cannot be decoded has no lines, which is no failure of the opening.
+  MUDecodedText text = MUDecode(bytes, conversion);
+  if (TakeLines(text)) return true;
+  wxLogError(_("A line of the file \"%s\" is too long."), GetName());
+  return false;
+}
+
+bool MUDataTextFile::ReadBytes(MUPoolVector<char>* bytes) {
+  wxStructStat status;
+  const bool isKnown = fstat(m_file.fd(), &status) == 0;
+  m_size = isKnown ? static_cast<std::uint64_t>(status.st_size) : 0;
+  if (IsTooLarge()) return false;
+  if (isKnown && S_ISDIR(status.st_mode)) {
     wxLogError(_("\"%s\" is a directory."), GetName());
     return false;
   }
-  return wxTextFile::OnRead(conv) && TakeLinesOfBase();
+  const auto expected = static_cast<std::size_t>(m_size);
+  const auto most = static_cast<std::size_t>(m_largestSize) + 1;
+  if (!MUReadBytes(m_file, expected, most, most, bytes)) return false;
+  // A file that grows, or has no size of its own, as a device, shows only now how large it is.
+  m_size = std::max<std::uint64_t>(m_size, bytes->size());
+  return !IsTooLarge();
 }
 
-bool MUDataTextFile::TakeBytesOfPlainFile() {
-  MUPoolVector<char> bytes;
-  return ReadOrdinaryFile(GetName(), &bytes) &&
-         MUDataFileBlockBuilder::TakePlainBytes(bytes, m_headerLines, &m_lines);
-}
-
-bool MUDataTextFile::TakeLinesOfBase() {
-  const std::size_t lineCount = GetLineCount();
-  const std::size_t headerCount = std::min(lineCount, m_headerLines);
-  MUVisibleMeasure measure;
-  for (std::size_t i = 0; i < lineCount; ++i) {
-    const wxString& line = GetLine(i);
-    if (i < headerCount) {
-      m_lines.header.push_back(line);
-    } else {
-      measure.Add(Begin(line), Begin(line) + line.length());
-    }
+bool MUDataTextFile::TakeLines(MUDecodedText& text) {
+  if (!text.wide.empty()) {
+    const wchar_t* const end = text.wide.data() + text.wide.size();
+    return TakeRows(TakeHeader<wchar_t>(text.wide.data(), end), end);
   }
-  const std::size_t rowCount = lineCount - headerCount;
-  if (measure.isNarrow && !measure.hasControlCharacters &&
-      measure.characters < MUDataFileBlockBuilder::LARGEST_OFFSET - rowCount) {
-    m_lines.block = TakeNarrowLinesFrom(headerCount, measure);
-  } else if (!TakeOtherLinesFrom(headerCount, measure)) {
-    wxLogError(_("A line of the file \"%s\" is too long."), GetName());
-    return false;
-  }
-  Clear();
+  const char* const begin = text.narrow.data();
+  const char* const end = begin + text.narrow.size();
+  const char* const rows = TakeHeader(begin, end);
+  MUPlainTextMeasure measure;
+  const auto length = static_cast<std::size_t>(end - rows);
+  if (!MUMeasureVisibleText(rows, length, &measure)) return TakeRows(rows, end);
+  m_lines.block =
+      Builder::TakeNarrowLines(text.narrow, static_cast<std::size_t>(rows - begin),
+                               measure.lineFeeds + 1, measure.tabs + measure.lineFeeds + 1);
   return true;
 }
 
-MUDataFileBlockPtr MUDataTextFile::TakeNarrowLinesFrom(std::size_t first,
-                                                       const MUVisibleMeasure& measure) const {
-  const std::size_t rowCount = GetLineCount() - first;
-  MUPoolVector<char> bytes(measure.characters + rowCount);
-  char* to = bytes.data();
-  for (std::size_t i = first; i < GetLineCount(); ++i) {
-    const wxString& line = GetLine(i);
-    const wchar_t* const begin = Begin(line);
-    to = std::transform(begin, begin + line.length(), to,
-                        [](wchar_t character) { return static_cast<char>(character); });
-    *to++ = '\n';
-  }
-  return MUDataFileBlockBuilder::TakeNarrowLines(bytes, 0, rowCount, measure.tabs + rowCount);
+// Answers where the rows begin.
+template <typename CHAR>
+const CHAR* MUDataTextFile::TakeHeader(const CHAR* begin, const CHAR* end) {
+  if (m_headerLines == 0) return begin;
+  const CHAR* rows = begin;
+  ForEachLine(begin, end, [&](const CHAR* line, const CHAR* lineEnd, const CHAR* next) {
+    m_lines.header.push_back(MUCellText(line, static_cast<std::size_t>(lineEnd - line)).ToString());
+    rows = next;
+    return m_lines.header.size() < m_headerLines;
+  });
+  return rows;
 }
 
-bool MUDataTextFile::TakeOtherLinesFrom(std::size_t first, const MUVisibleMeasure& measure) {
-  using Builder = MUDataFileBlockBuilder;
-  const std::size_t rowCount = GetLineCount() - first;
+template <typename CHAR>
+bool MUDataTextFile::TakeRows(const CHAR* begin, const CHAR* end) {
+  MUVisibleMeasure measure;
+  std::size_t rowCount = 0;
+  ForEachLine(begin, end, [&](const CHAR* line, const CHAR* lineEnd, const CHAR*) {
+    measure.Add(line, lineEnd);
+    ++rowCount;
+    return true;
+  });
   Builder builder(measure.isNarrow ? Builder::Width::NARROW : Builder::Width::WIDE);
   builder.Reserve(measure.characters, rowCount, measure.tabs + rowCount);
-  for (std::size_t i = first; i < GetLineCount(); ++i) {
-    const wxString& line = GetLine(i);
-    if (!builder.AppendRow(Begin(line), Begin(line) + line.length())) return false;
-  }
+  bool allFit = true;
+  ForEachLine(begin, end, [&](const CHAR* line, const CHAR* lineEnd, const CHAR*) {
+    allFit = builder.AppendRow(line, lineEnd);
+    return allFit;
+  });
   m_lines.block = builder.Take();
-  return true;
+  return allFit;
 }

@@ -2,35 +2,53 @@
 #ifndef OMBRELIA_TABULON_SRC_READING_MUDATATEXTFILE_H
 #define OMBRELIA_TABULON_SRC_READING_MUDATATEXTFILE_H
 
+#include <wx/file.h>
 #include <wx/textfile.h>
 
 #include <cstddef>
-#include <vector>
+#include <cstdint>
 
+#include "Tabulon/src/reading/MUDecodedText.h"
 #include "Tabulon/src/rows/MUDataFileLines.h"
-#include "Tabulon/src/text/MUCellSplitting.h"
 
-// wxTextFile decides what can be opened, in which encoding, and where lines end. Only where that answer
-// is known beforehand, for plain ASCII, the bytes are taken as they are and no line becomes a text of
-// its own. After Open the lines stand in Lines() and no longer in the base class's lines.
+// A wxTextFile that keeps its lines in another form: Open reads the whole file, decodes it with the given
+// conversion, ends lines where wxTextFile ends them and logs what wxTextFile would log. After it the lines stand in
+// Lines() and not in the base class. The file is opened once, and its size and its bytes come from there; Open
+// closes it again.
+// Cost: one or two passes over the bytes of plain text, and a conversion more of any other.
+// Threads: none may share the object. Failure: Open answers false for a file that cannot be opened or read and,
+// without a message, for one that is too large. A file that cannot be decoded has no lines.
 class MUDataTextFile : public wxTextFile {
  public:
-  // headerLines: how many of the first lines are kept as texts.
-  explicit MUDataTextFile(std::size_t headerLines) : m_headerLines(headerLines) {}
+  // headerLines: how many of the first lines are kept as texts. largestSize: in bytes, of a file that Open reads.
+  MUDataTextFile(std::size_t headerLines, std::uint64_t largestSize)
+      : m_headerLines(headerLines), m_largestSize(largestSize) {}
 
-  // The lines of the last successful Open; none before.
+  // The lines of the last successful Open; none before. Borrowed until the next Open.
   const MUDataFileLines& Lines() const { return m_lines; }
 
+  // The size in bytes of the file that Open tried last, also if it was too large; 0 if there is no such file.
+  std::uint64_t Size() const { return m_size; }
+  bool IsTooLarge() const { return m_size > m_largestSize; }
+
  protected:
-  bool OnRead(const wxMBConv& conv) override;
+  bool OnOpen(const wxString& name, wxTextBufferOpenMode mode) override;
+  bool OnRead(const wxMBConv& conversion) override;
+  bool OnClose() override;
 
  private:
-  bool TakeBytesOfPlainFile();
-  bool TakeLinesOfBase();
-  MUDataFileBlockPtr TakeNarrowLinesFrom(std::size_t first, const MUVisibleMeasure& measure) const;
-  bool TakeOtherLinesFrom(std::size_t first, const MUVisibleMeasure& measure);
+  bool ReadBytes(MUPoolVector<char>* bytes);
+  // False if a line is too long for a block.
+  bool TakeLines(MUDecodedText& text);
+  template <typename CHAR>
+  const CHAR* TakeHeader(const CHAR* begin, const CHAR* end);
+  template <typename CHAR>
+  bool TakeRows(const CHAR* begin, const CHAR* end);
 
-  std::size_t m_headerLines;
+  const std::size_t m_headerLines;
+  const std::uint64_t m_largestSize;
+  wxFile m_file;
+  std::uint64_t m_size = 0;
   MUDataFileLines m_lines;
 };
 

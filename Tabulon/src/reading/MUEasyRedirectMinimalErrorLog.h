@@ -7,11 +7,14 @@
 
 #include <list>
 
+// Collects what is logged while it is the active target (see MUActiveLogTarget). Debug and trace messages are not
+// kept. For one thread.
 class MUEasyRedirectMinimalErrorLog : public wxLog {
  public:
   MUEasyRedirectMinimalErrorLog() : m_wasCollected(false) {}
 
-  // The messages logged since the last collection, in order, without time or level.
+  // The messages logged since the collection before this one, in their order, without time or level. Borrowed until
+  // the next message.
   const std::list<wxString>& CollectMessages();
 
  protected:
@@ -28,7 +31,8 @@ class MUEasyRedirectMinimalErrorLog : public wxLog {
   bool m_wasCollected;  // the next message begins a new list
 };
 
-// Makes a log the active target of this thread as long as it lives, and then puts the former one back.
+// Makes a log the active target as long as it lives, and then puts the former one back. On the main thread that is
+// the target of the whole process, on another one that thread's own. Borrows the log.
 class MUActiveLogTarget {
  public:
   explicit MUActiveLogTarget(wxLog* target);

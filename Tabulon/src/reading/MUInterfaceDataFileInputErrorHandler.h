@@ -6,8 +6,8 @@
 
 #include "Tabulon/src/reading/MUInterfaceExperimentDataFileInputReader.h"
 
-// Readers and the table are handed a handler that they do not own; it may be null everywhere, and then
-// what went wrong is visible only through ErrorStatusIsPresent. It must outlive the reader.
+// Readers and the table borrow a handler, which must outlive them. It may be null everywhere: what went wrong then
+// shows only in ErrorStatusIsPresent.
 class MUInterfaceDataFileInputErrorHandler {
  public:
   // Called while the reader is being constructed: once for a bad file, with one report or, when the

@@ -10,16 +10,16 @@
 struct MUColumnNamePlusProperties;
 struct MUSingleRowDataPlusRowProperties;
 
-// Abstract reader of a single data file. All opening and checking happens in the constructor of the
-// concrete reader (MUDataFileInputReaderFactory makes one), which never throws for a bad file. The
-// order that readers rely on:
+// Reads a single data file. All opening and checking happens in the constructor of the concrete reader
+// (MUDataFileInputReaderFactory makes one), which throws nothing for a bad file. Rows share the file's text with the
+// reader and may outlive it. A reader and its rows belong to one thread. The caller's order:
 //   1. ErrorStatusIsPresent; if true, delete the reader and do nothing else;
 //   2. GetDataRowCount, GoToDataRow(0), and CreateAndReturnCurrentRowObject(true) that many times;
 //   3. only then CreateAndReturnPositionallyOrderedColumnObjects: reading a row may append columns;
 //   4. delete the reader.
 class MUInterfaceExperimentDataFileInputReader {
  public:
-  // The kind of a report. The numbers 1 to 5 belong to other kinds of input and are in use by none.
+  // The kind of a report. The numbers 1 to 5 are not in use.
   enum INPUT_ERROR : int {
     MU_INPUT_SUCCESS = 0,         // the one report of a good file
     MU_INPUT_BAD_FORMAT = 6,      // the file is not shaped like a data file
@@ -50,12 +50,12 @@ class MUInterfaceExperimentDataFileInputReader {
   virtual void GoToDataRow(int row) = 0;
   // True once any error was seen; stays true.
   virtual bool ErrorStatusIsPresent() const = 0;
-  // Hands over the columns, left to right. From this call on the deque and the objects in it are the
-  // caller's to delete; before it they are the reader's. A row read later adds no object to it.
+  // Hands over the columns, left to right. From this call on the caller deletes the deque and the objects in it;
+  // before it the reader does. A row that is read later adds no object to it.
   virtual std::deque<MUColumnNamePlusProperties*>*
   CreateAndReturnPositionallyOrderedColumnObjects() = 0;
-  // A new row, the caller's, made from the line under the cursor; null if the cursor stands on no data
-  // row. advance moves the cursor on, unless null is returned.
+  // A new row, made from the line under the cursor, which the caller deletes; null if the cursor stands on no data
+  // row. advance moves the cursor on, unless the answer is null. May append columns.
   virtual MUSingleRowDataPlusRowProperties* CreateAndReturnCurrentRowObject(bool advance) = 0;
   virtual ~MUInterfaceExperimentDataFileInputReader();
 
@@ -64,8 +64,8 @@ class MUInterfaceExperimentDataFileInputReader {
 
   // Base name of a column made for a cell that stands beyond the last heading.
   static const wxString COL_HEAD_STRING_VALUE_WHEN_COLNAME_IS_MISSING;
-  // Keys in a row's cell map that no column object stands for. With them a row, once merged with the
-  // rows of other files, still knows where it came from. No data file holds such a heading.
+  // Keys in a row's cell map that no column object stands for. They tell where a row came from once it is among the
+  // rows of other files. No data file holds such a heading.
   static const wxString STRING_FOR_PERSONNAME_SECRET_COL;    // participant name
   static const wxString STRING_FOR_FILENAME_SECRET_COL;      // full path of the file
   static const wxString STRING_FOR_SHORTNAME_SECRET_COL;     // file name with extension, no folder

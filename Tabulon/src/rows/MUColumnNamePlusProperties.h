@@ -9,7 +9,7 @@
 
 #include "Tabulon/src/rows/MUPropertyFlags.h"
 
-// One file's share of a column.
+// The share that one file has in a column: which file, and whether its share is suppressed.
 struct FileStatusStruct {
   FileStatusStruct() : m_suppressed(0) {}
   FileStatusStruct(const wxString& fullFileName, std::int16_t suppressed)
@@ -25,6 +25,7 @@ struct FileStatusStruct {
   std::int16_t m_suppressed;  // 0 the file's share of the column is live, 1 suppressed
 };
 
+// A column's record, written by the reader and then by the table. Plain data: whoever has it may read and write it.
 struct MUColumnNamePlusProperties {
   MUColumnNamePlusProperties() : m_columnPropertyFlags(0), m_dataType(0) {}
 

@@ -11,21 +11,23 @@
 #include "Tabulon/src/rows/MUSingleRowDataPlusRowProperties.h"
 #include "Tabulon/src/text/MUCellText.h"
 
-// Looks the column up once per file instead of once per row. A hidden cell is read like any other. For the
-// time of one walk over rows: none of them may be deleted while the reader is in use.
+// Reads the cells of one column in any rows, hidden cells like any other. The column is looked up once for each
+// file that the rows come from, and a cell is then found in constant time; a row with entries of its own is
+// searched for its cell. What it answers is borrowed from the row: valid until the cell is written or the row
+// deleted. No row may be deleted while the reader is in use. For one thread. Throws std::bad_alloc.
 class MUColumnReader {
  public:
   explicit MUColumnReader(const wxString& name) : m_name(name) {}
 
-  // Empty if the row has no such cell. Borrowed: valid until the cell is written or the row deleted.
+  // The text of the row's cell; empty if the row has no such cell.
   MUCellText TextOf(const MUSingleRowDataPlusRowProperties& row) {
     if (row.Block() == nullptr || row.HasOverlay()) return TextOfRecord(row);
     if (row.Block() != m_block) LookUpIn(*row.Block());
     return m_hiddenText != nullptr ? ViewOf(*m_hiddenText) : row.CellAt(m_position);
   }
 
-  // The row's place of the cell in its file's block, if the row is nothing but a view of that block and
-  // the cell is not a hidden one; else false, and only the row's maps can tell.
+  // True, with the cell's position in the row's line, if the row is a mere view of its file's block and the cell is
+  // not a hidden one. Otherwise false, and only the row's maps know the cell.
   bool FindPosition(const MUSingleRowDataPlusRowProperties& row, std::size_t& position) {
     if (row.Block() == nullptr || row.HasOverlay()) return false;
     if (row.Block() != m_block) LookUpIn(*row.Block());
@@ -33,7 +35,7 @@ class MUColumnReader {
     return m_hiddenText == nullptr;
   }
 
-  // A view of a text, which must outlive it.
+  // A view of the text, valid as long as that is neither changed nor deleted.
   static MUCellText ViewOf(const wxString& text) { return {text.wc_str(), text.length()}; }
 
  private:
@@ -46,8 +48,8 @@ class MUColumnReader {
   };
 
   const wxString m_name;
-  std::unordered_map<const MUDataFileBlock*, Place> m_places;  // of the files that were read so far
-  // The last one of them.
+  std::unordered_map<const MUDataFileBlock*, Place> m_places;  // in the files that were met so far
+  // The file that was met last.
   const MUDataFileBlock* m_block = nullptr;
   std::size_t m_position = MUDataFileBlock::NOT_FOUND;
   const wxString* m_hiddenText = nullptr;

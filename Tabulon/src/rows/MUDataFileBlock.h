@@ -10,14 +10,19 @@
 #include <utility>
 #include <vector>
 
+#include "Tabulon/src/machine/MUMachine.h"
 #include "Tabulon/src/memory/MUPooledMemory.h"
 #include "Tabulon/src/text/MUCellText.h"
 
-// Holds the cells of all data rows of one file as one run of characters with an offset per cell, the
-// names of the columns by position, and the hidden cells, which are the same on every row.
+// Holds the cells of all data rows of one file as one run of characters with an offset for each cell, the names
+// of the columns by position, and the hidden cells, which are the same on every row. Rows and positions are
+// counted from 0, data rows only.
 //
-// Rows and the reader share it by reference count; it goes with the last of them. The count is not
-// atomic: a block and its rows belong to one thread. Rows and positions count from 0, data rows only.
+// Cost: a cell is found in constant time and never copied; a column's name in the logarithm of their number.
+// Lifetime: rows and the reader share the block by reference count, and it is deleted with the last of them. The
+// views that Cell gives are valid as long as the block.
+// Threads: the count is not atomic, so a block and all that share it belong to one thread.
+// Failure: std::bad_alloc where names or hidden cells are stored; a place that does not exist has no cell.
 class MUDataFileBlock {
  public:
   using HiddenCell = std::pair<wxString, wxString>;
@@ -28,7 +33,7 @@ class MUDataFileBlock {
   MUDataFileBlock& operator=(const MUDataFileBlock&) = delete;
 
   std::size_t RowCount() const { return m_rows.size() - 1; }
-  // Number of cells that the row's line holds; 0 for an unknown row.
+  // Number of cells in the row's line; 0 for an unknown row.
   std::size_t CellCount(std::size_t row) const {
     return row < RowCount() ? m_rows[row + 1].firstCell - m_rows[row].firstCell : 0;
   }
@@ -43,19 +48,19 @@ class MUDataFileBlock {
     return m_isWide ? MUCellText(m_wideText.data() + offset, length)
                     : MUCellText(m_narrowText.data() + offset, length);
   }
-  // What Cell reads, called up into the cache in two steps: the second one finds what the first one brought.
-  // The row must be one of the block's.
-  void PrefetchRow(std::size_t row) const { __builtin_prefetch(&m_rows[row]); }
+  // Call up into the cache what Cell reads. PrefetchCell reads what PrefetchRow called, so it comes some time
+  // later. The row must be one of the block's.
+  void PrefetchRow(std::size_t row) const { MUPrefetch(&m_rows[row]); }
   void PrefetchCell(std::size_t row, std::size_t position) const {
     if (position >= CellCount(row)) return;
     const std::size_t cell = m_rows[row].firstCell + position;
     if (m_longCellEnds.empty()) {
-      __builtin_prefetch(&m_shortCellEnds[cell]);
+      MUPrefetch(&m_shortCellEnds[cell]);
     } else {
-      __builtin_prefetch(&m_longCellEnds[cell]);
+      MUPrefetch(&m_longCellEnds[cell]);
     }
   }
-  // Cells of the longest line.
+  // The number of cells in the row that has most; looks at all rows.
   std::size_t LargestCellCount() const;
 
   std::size_t ColumnCount() const { return m_columnNames.size(); }
@@ -63,14 +68,16 @@ class MUDataFileBlock {
   const wxString& ColumnName(std::size_t position) const { return m_columnNames[position]; }
   // Position of the first column of exactly that name, or NOT_FOUND. Positions never change.
   std::size_t PositionOf(const wxString& name) const;
-  // Reading rows may append columns, for cells beyond the last heading.
+  // Append columns on the right. References from ColumnName end here; positions stay. One name costs the time
+  // to move the others aside, many at once are sorted once.
   void AppendColumnName(const wxString& name);
   void AppendColumnNames(const std::vector<wxString>& names);
 
-  // The cells that every row has and no column stands for; in the order of insertion.
+  // The cells, name and text, that every row has and no column stands for, in the order in which they were set.
+  // Borrowed, as what FindHiddenCell answers, until the next SetHiddenCells.
   const std::vector<HiddenCell>& HiddenCells() const { return m_hiddenCells; }
   void SetHiddenCells(std::vector<HiddenCell> cells) { m_hiddenCells = std::move(cells); }
-  // The text of the hidden cell of that name, borrowed from the block, or null.
+  // The text of the first hidden cell of that name, or null.
   const wxString* FindHiddenCell(const wxString& name) const;
 
   // Changes whenever a row of the block gets its first own entry or becomes another row; compare it to
@@ -91,8 +98,7 @@ class MUDataFileBlock {
     return m_longCellEnds.empty() ? m_shortCellEnds[cell] : m_longCellEnds[cell];
   }
 
-  // Where a row's text begins and which cell is its first; its last one is the one
-  // before the next row's first.
+  // Where a row's text begins, and which cell is its first. Its last cell stands before the next row's first.
   struct Row {
     std::uint32_t textStart;
     std::uint32_t firstCell;
@@ -103,9 +109,9 @@ class MUDataFileBlock {
   bool m_isWide;
   MUPoolVector<char> m_narrowText;
   MUPoolVector<wchar_t> m_wideText;
-  MUPoolVector<Row> m_rows;  // and one more at the end, where a next one would begin
-  // Where each cell ends, from its row's start; one separator stands between cells. They are short unless
-  // a row is longer than they can tell.
+  MUPoolVector<Row> m_rows;  // and a last one, where a further row would begin
+  // Where each cell ends, counted from its row's start; one separator stands between cells. The ends are short
+  // unless a row is too long for that, and only one of the two is filled.
   MUPoolVector<std::uint16_t> m_shortCellEnds;
   MUPoolVector<std::uint32_t> m_longCellEnds;
   std::vector<wxString> m_columnNames;

@@ -11,7 +11,7 @@
 
 namespace {
 
-// "0x1B 0x5b" for two characters is the longest visible form there is, per character.
+// No text becomes longer than this many times its length: "0x80" stands for one character, "0x1B 0x5b" for two.
 constexpr std::size_t LONGEST_VISIBLE_FORM = 5;
 
 // Splits off up to count lines and answers where the next one begins.
@@ -29,35 +29,26 @@ std::size_t TakeHeaderLines(const MUPoolVector<char>& bytes, std::size_t count,
   return start;
 }
 
-template <typename Out, typename Char>
-void AppendAs(MUPoolVector<Out>& text, const Char* begin, const Char* end) {
+template <typename OUT, typename CHAR>
+void AppendAs(MUPoolVector<OUT>& text, const CHAR* begin, const CHAR* end) {
   const std::size_t size = text.size();
   text.resize(size + static_cast<std::size_t>(end - begin));
   std::transform(begin, end, text.data() + size,
-                 [](Char character) { return static_cast<Out>(character); });
+                 [](CHAR character) { return static_cast<OUT>(character); });
 }
 
 // Calls take(at) for every control character, tabs included.
-template <typename Take>
-void ForEachControlCharacter(const wchar_t* begin, const wchar_t* end, const Take& take) {
+template <typename TAKE>
+void ForEachControlCharacter(const wchar_t* begin, const wchar_t* end, const TAKE& take) {
   for (; begin != end; ++begin) {
     if (MUIsControlCharacter(*begin)) take(begin);
   }
 }
 
-template <typename Take>
-void ForEachControlCharacter(const char* begin, const char* end, const Take& take) {
-  while (begin != end) {
-    const std::size_t count = std::min(static_cast<std::size_t>(end - begin), MU_SCAN_WIDTH);
-    const MUByteMasks masks =
-        count == MU_SCAN_WIDTH ? MUExamineBytes(begin) : MUExamineBytesOneByOne(begin, count);
-    std::uint32_t found = masks.tabs | masks.lineFeeds | masks.carriageReturns | masks.notPlain;
-    for (; found != 0; found &= found - 1) {
-      const char* at = begin + __builtin_ctz(found);
-      if (MUIsControlCharacter(*at)) take(at);  // not a zero byte, which stays
-    }
-    begin += count;
-  }
+template <typename TAKE>
+void ForEachControlCharacter(const char* begin, const char* end, const TAKE& take) {
+  MUForEachMarked(begin, 0, static_cast<std::size_t>(end - begin), MUMarkControlCharacters,
+                  [&](std::size_t position) { take(begin + position); });
 }
 
 }  // namespace
@@ -79,13 +70,13 @@ bool MUDataFileBlockBuilder::TakePlainBytes(MUPoolVector<char>& bytes, std::size
   return true;
 }
 
-MUDataFileBlockPtr MUDataFileBlockBuilder::TakeNarrowLines(MUPoolVector<char>& bytes,
+MUDataFileBlockPtr MUDataFileBlockBuilder::TakeNarrowLines(MUPoolVector<char>& text,
                                                            std::size_t first, std::size_t lineCount,
                                                            std::size_t mostCells) {
   MUDataFileBlockBuilder builder(Width::NARROW);
   MUDataFileBlock& block = *builder.m_block;
   block.m_rows.reserve(lineCount + 1);
-  block.m_narrowText = std::move(bytes);
+  block.m_narrowText = std::move(text);
   if (!builder.AppendPlainRows(first, mostCells, block.m_shortCellEnds)) {
     MUPoolVector<std::uint16_t>().swap(block.m_shortCellEnds);
     block.m_rows.resize(1);
@@ -146,20 +137,23 @@ bool MUDataFileBlockBuilder::AppendRow(const wchar_t* begin, const wchar_t* end)
 
 MUDataFileBlockPtr MUDataFileBlockBuilder::Take() { return std::move(m_block); }
 
-template <typename Out, typename Char>
-bool MUDataFileBlockBuilder::AppendRowTo(MUPoolVector<Out>& text, const Char* begin,
-                                         const Char* end) {
+template <typename OUT, typename CHAR>
+bool MUDataFileBlockBuilder::AppendRowTo(MUPoolVector<OUT>& text, const CHAR* begin,
+                                         const CHAR* end) {
   const std::size_t textStart = text.size();
-  if (static_cast<std::size_t>(end - begin) > (LARGEST_OFFSET - textStart) / LONGEST_VISIBLE_FORM) {
-    return false;
+  const std::size_t room = LARGEST_OFFSET - textStart;
+  if (static_cast<std::size_t>(end - begin) > room / LONGEST_VISIBLE_FORM) {
+    MUVisibleMeasure measure;
+    measure.Add(begin, end);
+    if (measure.characters > room) return false;
   }
   m_rowEnds.clear();
   if (begin != end) {
     // As MUForEachCell splits, but with the text copied in as long pieces as can be.
-    while (end != begin && end[-1] == Char('\t')) --end;
-    const Char* piece = begin;
-    ForEachControlCharacter(begin, end, [&](const Char* at) {
-      if (*at == Char('\t')) {
+    while (end != begin && end[-1] == CHAR('\t')) --end;
+    const CHAR* piece = begin;
+    ForEachControlCharacter(begin, end, [&](const CHAR* at) {
+      if (*at == CHAR('\t')) {
         const std::size_t length = text.size() - textStart + static_cast<std::size_t>(at - piece);
         m_rowEnds.push_back(static_cast<std::uint32_t>(length));
       } else {

@@ -10,42 +10,45 @@
 #include "Tabulon/src/rows/MUDataFileBlock.h"
 #include "Tabulon/src/rows/MUDataFileLines.h"
 
+// Makes one block, either of a text as a whole or row by row. A text is taken in one or two passes.
+// For one thread. Throws std::bad_alloc and std::length_error for want of memory.
 class MUDataFileBlockBuilder {
  public:
-  // NARROW keeps one byte per character and takes characters below 256 only.
+  // Block offsets reach this far.
+  static constexpr std::size_t LARGEST_OFFSET = std::numeric_limits<std::uint32_t>::max();
+
+  // A narrow block keeps one byte per character and takes characters below 256 only.
   enum class Width { NARROW, WIDE };
   explicit MUDataFileBlockBuilder(Width width);
 
-  // Takes the bytes of a whole file and makes them the block's text, without another copy, if they are
-  // plain text (see MUMeasurePlainText). Otherwise, or if they are too many for the block's offsets,
-  // answers false and leaves bytes and lines as they are. headerLines: how many of the first lines go
-  // to lines->header, without their terminators.
+  // Takes the bytes of a whole file and makes them the block's text, without another copy, if they are plain
+  // text (see MUMeasurePlainText). Otherwise, or if they are too many for the block's offsets, answers false and
+  // leaves bytes and lines as they are. headerLines: how many of the first lines become texts in lines->header,
+  // without their ends.
   static bool TakePlainBytes(MUPoolVector<char>& bytes, std::size_t headerLines,
                              MUDataFileLines* lines);
 
-  // The same for lines that were taken apart already, from the one at first on: one byte per character, none
-  // a control character but the tabs between cells, a line feed behind every line. mostCells: no more cells
-  // than these. The bytes must not be too many for the block's offsets.
-  static MUDataFileBlockPtr TakeNarrowLines(MUPoolVector<char>& bytes, std::size_t first,
+  // The same for text of one byte per character with no control character in it but tabs and line ends (see
+  // MUMeasureVisibleText), beginning at first. lineCount and mostCells: there are no more lines and cells than
+  // these. The text must not be too long for the block's offsets.
+  static MUDataFileBlockPtr TakeNarrowLines(MUPoolVector<char>& text, std::size_t first,
                                             std::size_t lineCount, std::size_t mostCells);
-  static constexpr std::size_t LARGEST_OFFSET = std::numeric_limits<std::uint32_t>::max();
 
-  // Room for so much text, rows and cells; more will fit too.
+  // Takes memory for this much text and this many rows and cells at once. More will fit, too.
   void Reserve(std::size_t characters, std::size_t rows, std::size_t cells);
 
-  // Appends the line [begin, end) as a row: split at tabs, control characters in visible form. A line of
-  // bytes is for a narrow builder and must be plain. False, and nothing is appended, for a line for
-  // which the block's offsets are too short.
+  // Appends the line [begin, end) as a row: split at tabs, control characters in visible form. A narrow line is
+  // for a narrow builder. False, and nothing is appended, if the block's offsets are too short for the row.
   bool AppendRow(const char* begin, const char* end);
   bool AppendRow(const wchar_t* begin, const wchar_t* end);
 
-  // The block; the builder is spent.
+  // Hands the block over. The builder must not be used any more.
   MUDataFileBlockPtr Take();
 
  private:
-  template <typename Out, typename Char>
-  bool AppendRowTo(MUPoolVector<Out>& text, const Char* begin, const Char* end);
-  // Splits the block's text from start on. False, with the block of no use, if a row is too long for END.
+  template <typename OUT, typename CHAR>
+  bool AppendRowTo(MUPoolVector<OUT>& text, const CHAR* begin, const CHAR* end);
+  // Splits the block's text from start on. False if a row is too long for END; the rows are of no use then.
   template <typename END>
   bool AppendPlainRows(std::size_t start, std::size_t mostCells, MUPoolVector<END>& ends);
   void AppendRowEnds();
@@ -53,7 +56,7 @@ class MUDataFileBlockBuilder {
   void EndRow(std::size_t textStart, std::size_t cellCount);
 
   MUDataFileBlockPtr m_block;
-  std::vector<std::uint32_t> m_rowEnds;  // of the row that is being made
+  std::vector<std::uint32_t> m_rowEnds;  // the cell ends of the row that is being made
 };
 
 #endif

@@ -9,7 +9,9 @@
 
 #include "Tabulon/src/rows/MUDataFileBlock.h"
 
+// What a reader has of a file once it is opened. Copies share the block.
 struct MUDataFileLines {
+  // Lines of both kinds.
   std::size_t Count() const { return header.size() + (block ? block->RowCount() : 0); }
 
   std::vector<wxString> header;  // the first lines of the file, as many as its kind has

@@ -1,4 +1,4 @@
-// The three tests that searches by property flags make.
+// The three tests that searches by property flags make. A mask of no bits asks for nothing.
 #ifndef OMBRELIA_TABULON_SRC_ROWS_MUFLAGTESTS_H
 #define OMBRELIA_TABULON_SRC_ROWS_MUFLAGTESTS_H
 

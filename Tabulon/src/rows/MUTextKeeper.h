@@ -13,10 +13,11 @@
 
 struct MUSingleRowDataPlusRowProperties;
 
-// Texts of a file's block are kept by keeping the block; a text that stands in the row itself is copied.
+// Keeps a file's block for the texts that stand in it, and copies the texts that stand in a row itself. A kept block
+// costs all memory of its file. For one thread. Throws std::bad_alloc.
 class MUTextKeeper {
  public:
-  // text: of a cell of the row. The answer is the same text and valid as long as the keeper.
+  // text: of a cell of the row. Answers the same text, valid as long as the keeper.
   MUCellText Keep(const MUSingleRowDataPlusRowProperties& row, const MUCellText& text);
   // Keeps all texts of the block.
   void KeepAll(const MUDataFileBlock& block);

@@ -4,6 +4,8 @@
 #include <numeric>
 #include <utility>
 
+#include "Tabulon/src/machine/MUMachine.h"
+
 namespace {
 
 constexpr std::size_t WORD_LENGTH = MUCellText::WORD_LENGTH;
@@ -114,7 +116,7 @@ void MUTextSort::SortByWords(MUPlace* begin, MUPlace* end, bool descending) cons
   sort.WriteSorted(begin, [&](MUPlace* first, MUPlace* last) {
     if (end - last > PLACES_AHEAD) {
       for (const MUPlace* place = first; place != last; ++place) {
-        __builtin_prefetch(&m_words[place[PLACES_AHEAD]]);
+        MUPrefetch(&m_words[place[PLACES_AHEAD]]);
       }
     }
     if (!packing.IsComplete()) {

@@ -1,6 +1,7 @@
 // The lists of row keys and plain access by row and column.
 #include <algorithm>
 #include <cstdint>
+#include <limits>
 #include <typeinfo>
 
 #include "Tabulon/src/rows/MUColumnNamePlusProperties.h"
@@ -11,6 +12,12 @@ namespace {
 
 // A negative index wraps to a number that is past every end.
 std::size_t Place(int index) { return static_cast<std::size_t>(index); }
+
+// The count, or the greatest int if it lies beyond that.
+int NearestInt(unsigned long count) {
+  constexpr unsigned long greatest = std::numeric_limits<int>::max();
+  return static_cast<int>(std::min(count, greatest));
+}
 
 }  // namespace
 
@@ -49,11 +56,11 @@ bool MUExperimentTextReaderMultiFile::SortColumnHasAnActiveFile() const {
 }
 
 int MUExperimentTextReaderMultiFile::GetNumberOfDataRows() const {
-  return static_cast<int>(m_shownRowCount);
+  return NearestInt(m_shownRowCount);
 }
 
 int MUExperimentTextReaderMultiFile::GetNumberOfDataColumns() const {
-  return static_cast<int>(m_shownColumnCount);
+  return NearestInt(m_shownColumnCount);
 }
 
 wxString MUExperimentTextReaderMultiFile::GetDataCellValue(int row, int column) const {

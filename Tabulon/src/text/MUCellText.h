@@ -9,8 +9,13 @@
 #include <cstring>
 #include <string>
 
-// A light, copyable view. It owns nothing: valid as long as the MUDataFileBlock it came from, that is
-// as long as one row of that file lives. A narrow cell holds one byte per character, as Latin-1 does.
+#include "Tabulon/src/machine/MUMachine.h"
+
+// A view of a text that somebody else owns, cheap to copy. A narrow text has one byte per character, as
+// Latin-1 does; a wide one has the characters themselves. All operations give the same answers for the same
+// characters, however wide they are stored. A view is valid as long as its characters are: those of a cell of
+// a row as long as a row of that file lives. Any number of threads may read the same text. Nothing fails but
+// ToString, for want of memory.
 class MUCellText {
  public:
   // A column's sort keys cover SORT_PIECES pieces of SORT_PIECE_LENGTH characters each.
@@ -26,7 +31,7 @@ class MUCellText {
   bool IsEmpty() const { return Length() == 0; }
 
   // Calls the text's beginning up into the cache.
-  void Prefetch() const { __builtin_prefetch(m_text); }
+  void Prefetch() const { MUPrefetch(m_text); }
 
   // Null unless the text is stored in that width; not terminated.
   const char* Narrow() const { return IsWide() ? nullptr : static_cast<const char*>(m_text); }
@@ -40,8 +45,8 @@ class MUCellText {
     // NOLINTEND(clang-analyzer-core.NullDereference)
   }
 
-  // The low eight bits of up to eight characters as one number, first character most significant; below
-  // them 0 where the text has ended. first: index of the first one, may be beyond the end.
+  // The low eight bits of up to eight characters as one number, the first character as its most significant
+  // byte; zeros stand where the text has ended. first: index of the first character, may be beyond the end.
   std::uint64_t Word(std::size_t first) const {
     const std::size_t length = Length() > first ? Length() - first : 0;
     const std::size_t count = length < WORD_LENGTH ? length : WORD_LENGTH;
@@ -51,11 +56,14 @@ class MUCellText {
       const auto* const narrow = static_cast<const unsigned char*>(m_text);
       // A whole word that ends where the wanted characters do, or two overlapping halves.
       if (Length() >= WORD_LENGTH) {
-        return LoadWord(narrow + first + count - WORD_LENGTH) << unused;
+        return MULoadFirstByteHighest<std::uint64_t>(narrow + first + count - WORD_LENGTH)
+               << unused;
       }
       if (count >= HALF_WORD) {
-        return LoadHalfWord(narrow + first) << 32 | LoadHalfWord(narrow + first + count - HALF_WORD)
-                                                        << unused;
+        const std::uint64_t high = MULoadFirstByteHighest<std::uint32_t>(narrow + first);
+        const std::uint64_t low =
+            MULoadFirstByteHighest<std::uint32_t>(narrow + first + count - HALF_WORD);
+        return high << 32 | low << unused;
       }
     }
     std::uint64_t word = 0;
@@ -65,7 +73,7 @@ class MUCellText {
     return word << unused;
   }
 
-  // A text of its own.
+  // A copy of the characters.
   wxString ToString() const;
 
   bool operator==(const MUCellText& other) const {
@@ -78,7 +86,7 @@ class MUCellText {
 
   // Below, at or above 0, as wxString::compare orders the two texts.
   int Compare(const MUCellText& other) const;
-  // The same number for the same characters, however wide they are stored.
+  // Covers the length and the low eight bits of all characters; not the same from one version to the next.
   std::size_t Hash() const {
     constexpr std::uint64_t ODD = 0x9E3779B97F4A7C15u;
     std::uint64_t hash = Length();
@@ -104,7 +112,6 @@ class MUCellText {
  private:
   static constexpr std::size_t WIDE = 1;
   static constexpr std::size_t HALF_WORD = 4;
-  static constexpr bool LOWEST_BYTE_IS_FIRST = __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__;
   template <typename WORD>
   static bool EqualWords(const char* a, const char* b) {
     return std::memcmp(a, b, sizeof(WORD)) == 0;  // which compilers turn into one comparison
@@ -126,32 +133,21 @@ class MUCellText {
     }
     return true;
   }
-  // The first byte is the most significant one.
-  static std::uint64_t LoadWord(const unsigned char* bytes) {
-    std::uint64_t word = 0;
-    std::memcpy(&word, bytes, sizeof word);
-    return LOWEST_BYTE_IS_FIRST ? __builtin_bswap64(word) : word;
-  }
-  static std::uint64_t LoadHalfWord(const unsigned char* bytes) {
-    std::uint32_t word = 0;
-    std::memcpy(&word, bytes, sizeof word);
-    return LOWEST_BYTE_IS_FIRST ? __builtin_bswap32(word) : word;
-  }
   bool IsWide() const { return (m_size & WIDE) != 0; }
 
   const void* m_text;
   std::size_t m_size;  // twice the length, and one more if the text is wide
 };
 
-// A text to compare many cells with.
+// A text to compare many cells with, brought into the width that cells have where it can be.
 class MUWantedText {
  public:
-  // The text must outlive this.
+  // Borrows the text, which must neither change nor go while this lives. One pass over it.
   explicit MUWantedText(const wxString& text);
   MUWantedText(const MUWantedText&) = delete;
   MUWantedText& operator=(const MUWantedText&) = delete;
 
-  // As narrow as it can be.
+  // Narrow if every character is below 256. Valid as long as this.
   const MUCellText& View() const { return m_view; }
   bool Equals(const MUCellText& cell) const {
     return cell.Length() == m_view.Length() && cell == m_view;

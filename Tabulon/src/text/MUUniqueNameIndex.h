@@ -9,11 +9,15 @@
 #include <utility>
 #include <vector>
 
-// The same answers as MUUtilitarianFunctions::GetUniqueNameToInsertForGivenListContents for the list of
-// the names added so far, in that order, without walking the list.
+// Gives the same answers as MUUtilitarianFunctions::GetUniqueNameToInsertForGivenListContents for the list of
+// the names added so far, in that order. Each operation takes time in the logarithm of the number of names,
+// where that function walks the list. Keeps copies of the names. For one thread at a time; the constant
+// operation writes nothing. Throws std::bad_alloc.
 class MUUniqueNameIndex {
  public:
+  // Forgets all names.
   void Clear();
+  // Adds a name, also one that is known already.
   void Add(const wxString& name);
   // The name, with number signs appended if it needs them. Does not add it.
   wxString UniqueForm(const wxString& name) const;

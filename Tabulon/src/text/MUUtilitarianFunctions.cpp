@@ -28,9 +28,9 @@ wxString GroupsOfBits(unsigned int value, int bits) {
   return text;
 }
 
-template <typename T>
-bool IsSorted(const std::list<T>& values) {
-  std::deque<T> sorted(values.begin(), values.end());
+template <typename NUMBER>
+bool IsSorted(const std::list<NUMBER>& values) {
+  std::deque<NUMBER> sorted(values.begin(), values.end());
   std::sort(sorted.begin(), sorted.end());
   return std::equal(values.begin(), values.end(), sorted.begin());
 }

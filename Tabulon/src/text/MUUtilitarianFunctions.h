@@ -1,4 +1,4 @@
-// Free functions that the readers and the table share.
+// Free functions that the readers and the table share. All but the timers may run on any number of threads.
 #ifndef OMBRELIA_TABULON_SRC_TEXT_MUUTILITARIANFUNCTIONS_H
 #define OMBRELIA_TABULON_SRC_TEXT_MUUTILITARIANFUNCTIONS_H
 
@@ -15,12 +15,12 @@ namespace MUUtilitarianFunctions {
 // "first" to "tenth", translated when the library loads.
 extern const wxString MUUTIL_WRITTEN_ORDINAL_NUMBER_TEXT[10];
 
-// The timers of TimeMeProductionRelease that run. Not locked.
+// The running timers of TimeMeProductionRelease by key. Not locked: for one thread at a time.
 extern std::map<wxString, wxDateTime> theMUUtilitarianFunctionsLookupMap;
 
-// The name, changed so that it can stand beside the existing ones: unchanged if none equals it without
-// regard to case, else with number signs appended, the first count that is free above the smallest
-// count in use. Linear in the list; for many names see MUUniqueNameIndex.
+// The name, changed so that it can stand beside the existing ones. If no existing name equals it without regard
+// to case, it stays as it is. Otherwise number signs are appended: the first count that is free above the
+// smallest count in use. Walks the whole list; for many names see MUUniqueNameIndex.
 wxString GetUniqueNameToInsertForGivenListContents(const wxString& name,
                                                    const std::list<wxString>& existing);
 
@@ -49,8 +49,9 @@ wxString GetBitString32Bits(unsigned int value);
 void DebugMessageWithMilliseconds(const wxString& message);
 void TimeMeDebug(bool start, wxString key, unsigned long* elapsed);
 
-// A stopwatch per key. start true: starts it, unless it runs. start false: ends it and gives the
-// elapsed milliseconds, all ones if it was not running. elapsed is not touched by a start.
+// A stopwatch for each key. With start true it starts, unless it runs already, and elapsed may be null. With
+// start false it ends, and *elapsed becomes the milliseconds since its start, or all ones if it did not run.
+// For one thread at a time.
 void TimeMeProductionRelease(bool start, wxString key, unsigned long* elapsed);
 
 // True if the list is in ascending order.

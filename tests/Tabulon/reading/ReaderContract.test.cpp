@@ -208,6 +208,19 @@ TEST_P(BothReaders, RefuseFilesWhoseColumnNamesWouldOutgrowMemory) {
   }
 }
 
+TEST_P(BothReaders, GiveAColumnWithoutHeadingTheShareOfTheFile) {
+  const auto reader = GetParam()(Header("A", "x\tcode") + "1\t2\t3\t4\n", nullptr);
+  AllRows(*reader);
+  const OwnedColumns columns = TakeColumns(*reader);
+  ASSERT_EQ(4u, columns->size());
+  for (const MUColumnNamePlusProperties* column : *columns) {
+    SCOPED_TRACE(column->m_columnName);
+    ASSERT_EQ(1u, column->m_fileStatuses.size());
+    EXPECT_EQ(wxGetCwd() + wxT("/reader bench.txt"), column->m_fileStatuses.front().m_fullFileName);
+    EXPECT_EQ(0, column->m_fileStatuses.front().m_suppressed);
+  }
+}
+
 TEST_P(BothReaders, TakeAThousandCellsBeyondTheHeadings) {
   std::string line;
   for (int i = 0; i < 1000; ++i) line += "c\t";

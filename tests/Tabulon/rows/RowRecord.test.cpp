@@ -1,12 +1,9 @@
 // Rows as records: their maps against real maps, copies, and rows made by hand.
 #include <gtest/gtest.h>
-#include <wx/tokenzr.h>
 
 #include <map>
 #include <random>
 
-#include "Tabulon/src/text/MUCellSplitting.h"
-#include "Tabulon/src/text/MUPlainTextScan.h"
 #include "tests/Tabulon/reading/ReaderBench.h"
 
 using namespace ReaderBench;
@@ -179,76 +176,6 @@ TEST(RowMaps, BehaveAsMapsUnderAnyOperations) {
         ASSERT_TRUE(row->m_cells.empty());
         cells[wxT("x")] = row->m_cells[wxT("x")];
       }
-    }
-  }
-}
-
-TEST(CellSplitting, IsThatOfTheTokenizer) {
-  for (unsigned int seed = 1; seed <= 3000; ++seed) {
-    std::mt19937 random(seed);
-    std::wstring line;
-    for (auto length = random() % 9; length > 0; --length) line += L"\t\tab"[random() % 4];
-    std::vector<wxString> expected;
-    wxStringTokenizer tokens(line, wxT("\t"), wxTOKEN_RET_EMPTY);
-    while (tokens.HasMoreTokens()) expected.push_back(tokens.GetNextToken());
-    std::vector<wxString> actual;
-    MUForEachCell(line.data(), line.data() + line.size(),
-                  [&](const wchar_t* begin, const wchar_t* end) {
-                    actual.emplace_back(begin, static_cast<std::size_t>(end - begin));
-                  });
-    ASSERT_EQ(expected, actual) << "seed " << seed;
-  }
-}
-
-TEST(PlainTextScan, FindsDelimitersAndCountsThemAtAnyPlace) {
-  for (unsigned int seed = 1; seed <= 2000; ++seed) {
-    std::mt19937 random(seed);
-    std::string text;
-    for (auto length = random() % 70; length > 0; --length) {
-      const auto kind = random() % 12;
-      text += kind == 0 ? "\t" : kind == 1 ? "\n" : kind == 2 ? "\r\n" : "z";
-    }
-    std::vector<std::size_t> expected;
-    MUPlainTextMeasure counted = {0, 0};
-    for (std::size_t i = 0; i < text.size(); ++i) {
-      if (text[i] == '\t') ++counted.tabs;
-      if (text[i] == '\n') ++counted.lineFeeds;
-      if (text[i] == '\t' || text[i] == '\n') expected.push_back(i);
-    }
-    MUPlainTextMeasure measure = {9999, 9999};
-    ASSERT_TRUE(MUMeasurePlainText(text.data(), text.size(), &measure)) << "seed " << seed;
-    ASSERT_EQ(counted.tabs, measure.tabs);
-    ASSERT_EQ(counted.lineFeeds, measure.lineFeeds);
-    std::vector<std::size_t> found;
-    MUForEachDelimiter(text.data(), 0, text.size(), [&](std::size_t at) { found.push_back(at); });
-    ASSERT_EQ(expected, found) << "seed " << seed;
-    if (text.empty()) continue;
-    // One byte that is not plain, anywhere, and the text is not.
-    const char odd[] = {'\0', '\x01', '\x1f', '\x7f', '\x80', '\xff', '\r'};
-    std::string spoiled = text;
-    const std::size_t at = random() % text.size();
-    spoiled[at] = odd[random() % sizeof odd];
-    const bool stillPlain = spoiled[at] == '\r' && at + 1 < text.size() && text[at + 1] == '\n';
-    ASSERT_EQ(stillPlain && !(at > 0 && spoiled[at - 1] == '\r'),
-              MUMeasurePlainText(spoiled.data(), spoiled.size(), &measure))
-        << "seed " << seed;
-  }
-}
-
-TEST(PlainTextScan, SeesTheSameInSixteenBytesAsOneByOne) {
-  for (int byte = 0; byte < 256; ++byte) {
-    for (std::size_t place = 0; place < MU_SCAN_WIDTH; ++place) {
-      char bytes[MU_SCAN_WIDTH];
-      std::fill(std::begin(bytes), std::end(bytes), 'x');
-      bytes[place] = static_cast<char>(byte);
-      const MUByteMasks fast = MUExamineBytes(bytes);
-      const MUByteMasks slow = MUExamineBytesOneByOne(bytes, MU_SCAN_WIDTH);
-      ASSERT_EQ(slow.tabs, fast.tabs);
-      ASSERT_EQ(slow.lineFeeds, fast.lineFeeds);
-      ASSERT_EQ(slow.carriageReturns, fast.carriageReturns);
-      ASSERT_EQ(slow.notPlain, fast.notPlain);
-      const bool plain = byte == 9 || byte == 10 || byte == 13 || (byte >= 32 && byte <= 126);
-      ASSERT_EQ(plain ? 0u : 1u << place, fast.notPlain);
     }
   }
 }
