@@ -4,7 +4,7 @@
 
 namespace {
 
-// Three characters and no terminator: the length goes with it wherever it is used.
+// Three characters and no terminator: wherever the array is used, its length must be given.
 const wxChar RARE_CHARS[3] = {wxT('\x07'), wxT('\x07'), wxT('\x07')};
 
 }  // namespace

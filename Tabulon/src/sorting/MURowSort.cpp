@@ -23,7 +23,7 @@ Places PlacesInTheirOrder(std::size_t count) {
   return places;
 }
 
-// For rows with keys that their texts do not have, as whoever holds a row's record may have written them.
+// For rows with keys that their texts do not have: the holder of a row's record may have written them.
 class RecordSort {
  public:
   RecordSort(const Row* const* rows, std::size_t count, const wxString& column) {
@@ -150,7 +150,7 @@ std::optional<MUScratchArray<MUPlace>> SortedPlaces(const MUColumnDictionary& di
   const auto textCount = static_cast<std::uint32_t>(dictionary.TextCount());
   MUTextSort texts(textCount);
   for (std::uint32_t number = 0; number < textCount; ++number) texts.Add(dictionary.Text(number));
-  // Of wide texts it may be the full texts alone that decide, and that depends on which rows are sorted.
+  // Where texts are wide, the full texts alone may decide, which depends on the rows that are sorted.
   if (!texts.AllAreNarrow()) return std::nullopt;
 
   const Places order = texts.Sorted(false);

@@ -80,8 +80,7 @@ void MUExperimentTextReaderMultiFile::MergeNewHeadingsWithOldHeadings(
 
 void MUExperimentTextReaderMultiFile::UnsuppressColumnsBasedOnMultipleFileNames(
     const std::deque<wxString>& fullNames) {
-  const MUFileNames names(fullNames.begin(), fullNames.end());
-  for (MUColumnNamePlusProperties* column : m_columns) UnsuppressColumnForFiles(*column, names);
+  UnsuppressColumnsForFiles(m_columns, MUFileNames(fullNames.begin(), fullNames.end()));
 }
 
 void MUExperimentTextReaderMultiFile::MaintainRunningListOfExperimentFiles(const wxString& fullName,

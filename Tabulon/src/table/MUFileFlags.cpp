@@ -1,6 +1,8 @@
 #include "Tabulon/src/table/MUFileFlags.h"
 
 #include <algorithm>
+#include <list>
+#include <vector>
 
 #include "Tabulon/src/rows/MUColumnNamePlusProperties.h"
 #include "Tabulon/src/rows/MUPropertyFlags.h"
@@ -14,15 +16,36 @@ bool AllSharesSuppressed(const MUColumnNamePlusProperties& column) {
 
 }  // namespace
 
-void UnsuppressColumnForFiles(MUColumnNamePlusProperties& column, const MUFileNames& fullNames) {
-  if (column.m_fileStatuses.empty()) return;
-  for (FileStatusStruct& status : column.m_fileStatuses) {
-    // The state first: a column may have a share of each of thousands of files, nearly all of them live.
-    if (status.m_suppressed != 0 && fullNames.count(status.m_fullFileName) != 0) {
-      status.m_suppressed = 0;
+void UnsuppressColumnsForFiles(const std::deque<MUColumnNamePlusProperties*>& columns,
+                               const MUFileNames& fullNames) {
+  struct Walk {
+    std::list<FileStatusStruct>::iterator place;
+    std::list<FileStatusStruct>::iterator end;
+  };
+  std::vector<Walk> walks;
+  walks.reserve(columns.size());
+  for (MUColumnNamePlusProperties* column : columns) {
+    walks.push_back({column->m_fileStatuses.begin(), column->m_fileStatuses.end()});
+  }
+  // Side by side, because a file's shares of all columns lie together in memory. The state is looked at
+  // first: of thousands of shares nearly all are live.
+  for (bool someAreLeft = true; someAreLeft;) {
+    someAreLeft = false;
+    for (Walk& walk : walks) {
+      if (walk.place == walk.end) continue;
+      someAreLeft = true;
+      FileStatusStruct& status = *walk.place;
+      if (status.m_suppressed != 0 && fullNames.count(status.m_fullFileName) != 0) {
+        status.m_suppressed = 0;
+      }
+      ++walk.place;
     }
   }
-  if (!AllSharesSuppressed(column)) column.m_columnPropertyFlags &= ~MU_COL_FLAG_SUPPRESSED_BY_FILE;
+  for (MUColumnNamePlusProperties* column : columns) {
+    if (!column->m_fileStatuses.empty() && !AllSharesSuppressed(*column)) {
+      column->m_columnPropertyFlags &= ~MU_COL_FLAG_SUPPRESSED_BY_FILE;
+    }
+  }
 }
 
 void SuppressColumnForFiles(MUColumnNamePlusProperties& column, const MUFileNames& fullNames) {

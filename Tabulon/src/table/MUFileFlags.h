@@ -21,10 +21,12 @@ struct MUColumnNamePlusProperties;
 using MUFileNames = std::unordered_set<wxString, wxStringHash>;
 using MUFileDecisions = std::unordered_map<wxString, bool, wxStringHash>;
 
-// The column's share of the named files is live again. A column that then has a live share is no longer
+// Makes the columns' shares of the named files live again. A column that then has a live share is no longer
 // suppressed; one without any file is left alone.
-void UnsuppressColumnForFiles(MUColumnNamePlusProperties& column, const MUFileNames& fullNames);
-// The opposite; a column without any file counts as suppressed.
+void UnsuppressColumnsForFiles(const std::deque<MUColumnNamePlusProperties*>& columns,
+                               const MUFileNames& fullNames);
+// Suppresses one column's shares of the named files. A column without a live share, or without any file, is
+// then suppressed.
 void SuppressColumnForFiles(MUColumnNamePlusProperties& column, const MUFileNames& fullNames);
 
 // What each named file is wanted to be: the last of two requests for one file decides.

@@ -14,14 +14,19 @@ class KeyWriter {
     keys.resize(count + room);
     m_keys = keys.data();
   }
-  // Writes the key's place, too; memory that has the right number already is left alone, which costs less.
+  // Writes the key's place, too.
   void Append(unsigned long key, unsigned long& place) {
-    if (place != m_count) place = m_count;
-    m_keys[m_count++] = key;
+    Write(place, m_count);
+    Write(m_keys[m_count++], key);
   }
   std::size_t Count() const { return m_count; }
 
  private:
+  // Most often the number stands there already; what need not be written back costs half.
+  static void Write(unsigned long& memory, unsigned long number) {
+    if (memory != number) memory = number;
+  }
+
   unsigned long* m_keys;
   std::size_t m_count;
 };

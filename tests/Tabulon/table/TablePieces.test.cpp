@@ -237,9 +237,9 @@ TEST(FileFlags, AColumnIsSuppressedWhenAllItsFilesAre) {
   EXPECT_EQ(column.m_columnPropertyFlags, 33u);
   SuppressColumnForFiles(column, {wxT("/x"), wxT("/b")});
   EXPECT_EQ(column.m_columnPropertyFlags, 41u);
-  UnsuppressColumnForFiles(column, {wxT("/x")});
+  UnsuppressColumnsForFiles({&column}, {wxT("/x")});
   EXPECT_EQ(column.m_columnPropertyFlags, 41u);
-  UnsuppressColumnForFiles(column, {wxT("/b")});
+  UnsuppressColumnsForFiles({&column}, {wxT("/b")});
   EXPECT_EQ(column.m_columnPropertyFlags, 33u);
   EXPECT_EQ(column.m_fileStatuses.front().m_suppressed, 1);
   EXPECT_EQ(column.m_fileStatuses.back().m_suppressed, 0);
@@ -247,11 +247,11 @@ TEST(FileFlags, AColumnIsSuppressedWhenAllItsFilesAre) {
 
 TEST(FileFlags, AColumnWithoutAFileIsSuppressedAndStaysSo) {
   MUColumnNamePlusProperties column;
-  UnsuppressColumnForFiles(column, {wxT("/a")});
+  UnsuppressColumnsForFiles({&column}, {wxT("/a")});
   EXPECT_EQ(column.m_columnPropertyFlags, 0u);
   SuppressColumnForFiles(column, {});
   EXPECT_EQ(column.m_columnPropertyFlags, 8u);
-  UnsuppressColumnForFiles(column, {wxT("/a")});
+  UnsuppressColumnsForFiles({&column}, {wxT("/a")});
   EXPECT_EQ(column.m_columnPropertyFlags, 8u);
   HideOrShowBasedOnMultipleFileRequests(column, LastDecisions({Request(wxT("/a"), true)}));
   EXPECT_EQ(column.m_columnPropertyFlags, 8u);
