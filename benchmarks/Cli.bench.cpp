@@ -32,10 +32,11 @@ void RegisterCli(const std::string& work, const std::string& arguments) {
 void RegisterPeers(const std::string& work, const std::string& millerVerb) {
   const std::string folder = scratch.Path().string();
   if (const char* const miller = std::getenv("OMBRELIA_MILLER")) {
-    // The first five lines are skipped; the sixth names the columns.
-    RegisterShell("cli/" + work + "/miller", std::string(miller) +
-                                                 " --tsv --prepipe 'tail -n +6' " + millerVerb +
-                                                 " " + InShell(folder) + "/*.txt");
+    // One stream for all files: the line of names from the first one, and the rows of all.
+    const std::string files = InShell(folder) + "/*.txt";
+    RegisterShell("cli/" + work + "/miller", "(sed -n 6p " + InShell(folder) +
+                                                 "/data0000.txt; tail -q -n +7 " + files + ") | " +
+                                                 miller + " --tsv " + millerVerb);
   }
   if (DuckDb::Library() != nullptr)
     RegisterChild("cli/" + work + "/duckdb",

@@ -32,6 +32,10 @@ bool ParseRange(const std::string& text, RowRange& range) {
          (last.empty() || ParseNumber(last, range.last));
 }
 
+std::string FooterOf(const char* help) {
+  return std::string(help) + "\n" + HELP_ON_COLUMNS + "\n" + HELP_ON_EXIT_STATUSES;
+}
+
 const std::map<std::string, Format> FORMATS = {{"table", Format::Table}, {"tsv", Format::Tsv},
                                                {"csv", Format::Csv},     {"json", Format::Json},
                                                {"md", Format::Markdown}, {"line", Format::Line}};
@@ -44,7 +48,7 @@ class Parser {
         m_app("Answers questions about experiment data files.", "tabulon-cli") {
     m_app.set_version_flag("--version", std::string("tabulon-cli ") + OMBRELIA_VERSION);
     m_app.require_subcommand(1);
-    m_app.footer(HELP_OF_ALL);
+    m_app.footer(FooterOf(HELP_OF_ALL));
     AddShow();
     AddDistinct();
     AddCount();
@@ -69,7 +73,7 @@ class Parser {
  private:
   CLI::App* AddCommand(const char* name, Action action, const char* description, const char* help) {
     CLI::App* command = m_app.add_subcommand(name, description);
-    command->footer(std::string(help) + "\n" + HELP_OF_ALL);
+    command->footer(FooterOf(help));
     command->parse_complete_callback([this, action] { m_line.action = action; });
     return command;
   }

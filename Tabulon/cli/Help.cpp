@@ -2,13 +2,15 @@
 
 namespace TabulonCli {
 
-const char* const HELP_OF_ALL =
+const char* const HELP_ON_COLUMNS =
     R"(A column is named as it stands in the file, its two heading rows joined by a line feed, by the two
 characters \n or by a blank: "Event\nName" or "Event Name". The columns file, line, title, date and
 participant tell where a row comes from. Rows count from 0, in the order in which they are shown; lines
 count from 1, as an editor does.
+)";
 
-Examples, with the data files in the folder data:
+const char* const HELP_OF_ALL =
+    R"(Examples, with the data files in the folder data:
   tabulon-cli show data --format csv > all.csv             one file for R, Python or a spreadsheet
   tabulon-cli count file --where 'Event Name=go' data      which files hold an event, and how often
   tabulon-cli group --by 'Trial Name' --agg 'mean:Reaction Time,sd:Reaction Time,n' data
@@ -18,8 +20,10 @@ Examples, with the data files in the folder data:
   tabulon-cli diff before.txt after.txt                    what differs between two files
   tabulon-cli sql 'SELECT file, avg("Reaction Time") FROM rows GROUP BY file' data
   tabulon-cli info --short data                            one line per file
+)";
 
-Exit status: 0 fine; 1 some file is no data file, the others were shown; 2 wrong use, or a
+const char* const HELP_ON_EXIT_STATUSES =
+    R"(Exit status: 0 fine; 1 some file is no data file, the others were shown; 2 wrong use, or a
 file that is missing or cannot be read; 3 the output could not be written.
 Of diff: 0 no difference; 1 differences; 2 and 3 as above, and 2 if a file is no data file.)";
 

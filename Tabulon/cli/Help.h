@@ -4,6 +4,8 @@
 
 namespace TabulonCli {
 
+extern const char* const HELP_ON_COLUMNS;
+extern const char* const HELP_ON_EXIT_STATUSES;
 extern const char* const HELP_OF_ALL;
 extern const char* const HELP_OF_SHOW;
 extern const char* const HELP_OF_DISTINCT;
