@@ -154,12 +154,21 @@ std::string DescribeBound(const BoundCheck& bound, MachineKind machine) {
   return value + " is within the bounds" + bounds + kind;
 }
 
+// The texts come first, then the cells that could have them.
 void AddMissingTexts(Lines& lines, const std::vector<EvidenceCell>& cells) {
+  std::vector<EvidenceCell> candidates;
   for (const EvidenceCell& cell : cells) {
+    if (cell.row) {
+      candidates.push_back(cell);
+      continue;
+    }
     lines.push_back({"No row has this in column " + ColumnShown(cell.column) + ": " +
                          CellShown(cell.expected.value_or(std::string()), LONGEST_CELL),
                      false});
   }
+  if (candidates.empty()) return;
+  lines.push_back({"These rows have a text that is not looked for, or one too often:", false});
+  AddCells(lines, candidates, false);
 }
 
 std::string HeadlineOf(const TestOutcome& test) {

@@ -52,7 +52,10 @@ ExitStatus ExitStatusOf(const RunResults& results, bool tolerate) {
 }
 
 std::optional<long> LineOf(const TestOutcome& test) {
-  return test.evidence.cells.empty() ? std::nullopt : test.evidence.cells.front().line;
+  const std::vector<EvidenceCell>& cells = test.evidence.cells;
+  const auto placed = std::find_if(cells.begin(), cells.end(),
+                                   [](const EvidenceCell& cell) { return cell.line.has_value(); });
+  return placed == cells.end() ? std::nullopt : placed->line;
 }
 
 }  // namespace OmbreliaHost
