@@ -5,6 +5,8 @@
 #include <iostream>
 #include <variant>
 
+#include "host/commands/ExplainCommand.h"
+#include "host/commands/ListCommand.h"
 #include "host/commands/MergeCommand.h"
 #include "host/commands/RunCommand.h"
 #include "host/results/ExitStatus.h"
@@ -15,12 +17,8 @@ namespace OmbreliaHost {
 namespace {
 
 ExitStatus RunCommandOf(const RunArguments& arguments) { return RunRunCommand(arguments); }
-ExitStatus RunCommandOf(const ListArguments&) {
-  throw RunError(ExitStatus::WrongUse, "list is not there yet");
-}
-ExitStatus RunCommandOf(const ExplainArguments&) {
-  throw RunError(ExitStatus::WrongUse, "explain is not there yet");
-}
+ExitStatus RunCommandOf(const ListArguments& arguments) { return RunListCommand(arguments); }
+ExitStatus RunCommandOf(const ExplainArguments& arguments) { return RunExplainCommand(arguments); }
 ExitStatus RunCommandOf(const MergeArguments& arguments) { return RunMergeCommand(arguments); }
 
 ExitStatus RunProgram(int argc, char** argv) {

@@ -22,7 +22,6 @@ constexpr long LINE_OF_HEADINGS = 5;
 constexpr long LINE_OF_FIRST_ROW = 7;
 
 constexpr int ROWS_OF_CONTEXT = 2;
-constexpr std::size_t MOST_CELLS_LISTED = 1000;
 
 std::string Quoted(const wxString& text) {
   wxString shown = text;
@@ -57,7 +56,7 @@ EvidenceReduction::EvidenceReduction(const VerificationRecorder& recorder) : m_r
   }
 }
 
-Evidence EvidenceReduction::EvidenceOf(std::size_t index) const {
+Evidence EvidenceReduction::EvidenceOf(std::size_t index, std::size_t mostCells) const {
   const RecordedCheck& check = m_recorder.Checks()[index];
   if (m_recorder.Table() == nullptr) return {};
   if (!m_recorder.DatafileWasRead()) {
@@ -79,8 +78,8 @@ Evidence EvidenceReduction::EvidenceOf(std::size_t index) const {
     if (!missing.empty()) return MissingColumn(missing);
   }
   if (cells.empty() && !check.reads.lookups.empty()) return ExplainLookups(check.reads.lookups);
-  if (cells.empty() && check.reads.headings) return ExplainHeadings();
-  return LastReads(index);
+  if (cells.empty() && check.reads.headings) return ExplainHeadings(mostCells);
+  return LastReads(index, mostCells);
 }
 
 std::optional<Evidence> EvidenceReduction::ExplainComparison(const Comparison& comparison) const {
@@ -297,7 +296,7 @@ Evidence EvidenceReduction::ExplainLookups(const std::vector<ColumnLookup>& look
   return evidence;
 }
 
-Evidence EvidenceReduction::ExplainHeadings() const {
+Evidence EvidenceReduction::ExplainHeadings(std::size_t mostCells) const {
   Evidence evidence;
   evidence.kind = Evidence::Kind::LastReads;
   evidence.words.push_back("The check read the names of the columns and no cell.");
@@ -306,40 +305,42 @@ Evidence EvidenceReduction::ExplainHeadings() const {
     cell.column = heading;
     cell.line = LINE_OF_HEADINGS;
     cell.actual = heading;
-    evidence.cells.push_back(cell);
+    if (evidence.cells.size() < mostCells) evidence.cells.push_back(cell);
   }
   return evidence;
 }
 
-Evidence EvidenceReduction::LastReads(std::size_t index) const {
+Evidence EvidenceReduction::LastReads(std::size_t index, std::size_t mostCells) const {
+  const std::vector<RecordedCheck>& checks = m_recorder.Checks();
   Evidence evidence;
   evidence.kind = Evidence::Kind::LastReads;
-  std::vector<CellPlace> cells = m_recorder.Checks()[index].reads.cells;
-  // A failure on the way, as of a cell that is no number, is often why the whole check fails.
-  for (std::size_t before = index; before-- > 0;) {
-    const RecordedCheck& check = m_recorder.Checks()[before];
-    if (cells.empty() || !check.failed || !check.comparisons.empty()) break;
+  std::vector<CellPlace> cells = checks[index].reads.cells;
+  const auto addReadsOf = [&cells](const RecordedCheck& check) {
     cells.insert(cells.end(), check.reads.cells.begin(), check.reads.cells.end());
-  }
-  LeaveOutGoodCells(m_recorder.Checks()[index].comparisons, cells);
-  if (cells.empty()) {
-    // It goes by what was read for the checks before it, if these had nothing to compare that with.
-    for (std::size_t earlier = index; earlier-- > 0;) {
-      const RecordedCheck& check = m_recorder.Checks()[earlier];
-      if (check.comparisons.empty())
-        cells.insert(cells.end(), check.reads.cells.begin(), check.reads.cells.end());
-    }
-    evidence.words.push_back(cells.empty() ? "The check read no cell. The data file has " +
-                                                 Amount(RowCount(), "row") + "."
-                                           : "The check read no cell of its own. These were read "
-                                             "before it; the last one stands first.");
-  } else {
+  };
+  LeaveOutGoodCells(checks[index].comparisons, cells);
+  if (!cells.empty()) {
     evidence.words.push_back("The cell that was read last stands first.");
+    // A failure on the way, as of a cell that is no number, is often why the whole check fails.
+    for (std::size_t before = index; before-- > 0 && cells.size() <= mostCells;) {
+      if (!checks[before].failed || !checks[before].comparisons.empty()) break;
+      addReadsOf(checks[before]);
+    }
+  } else {
+    // It goes by what was read for the checks before it, if these had nothing to compare that with.
+    for (std::size_t before = index; before-- > 0 && cells.size() <= mostCells;) {
+      if (checks[before].comparisons.empty()) addReadsOf(checks[before]);
+    }
+    evidence.words.push_back(
+        cells.empty()
+            ? "The check read no cell. The data file has " + Amount(RowCount(), "row") + "."
+            : "The check read no cell of its own. These were read before it; the last one "
+              "stands first.");
   }
-  if (cells.size() > MOST_CELLS_LISTED) {
-    evidence.words.push_back("There are " + std::to_string(cells.size()) + " cells; " +
-                             std::to_string(MOST_CELLS_LISTED) + " are listed.");
-    cells.resize(MOST_CELLS_LISTED);
+  if (cells.size() > mostCells) {
+    evidence.words.push_back("More cells were read than the " + std::to_string(mostCells) +
+                             " that are listed.");
+    cells.resize(mostCells);
   }
   for (const CellPlace& cell : cells) {
     if (cell.column >= 0) evidence.cells.push_back(CellAt(cell.row, cell.column));

@@ -20,8 +20,9 @@ class EvidenceReduction {
   // Borrows the recorder.
   explicit EvidenceReduction(const VerificationRecorder& recorder);
 
-  // Why the check of this index failed. A single changed cell that made it fail is among the cells.
-  Evidence EvidenceOf(std::size_t index) const;
+  // Why the check of this index failed. A single changed cell that made it fail is among the cells. Where
+  // nothing but what was read is known, mostCells of it are listed.
+  Evidence EvidenceOf(std::size_t index, std::size_t mostCells) const;
 
  private:
   std::optional<Evidence> ExplainComparison(const Comparison& comparison) const;
@@ -36,8 +37,8 @@ class EvidenceReduction {
   std::optional<Evidence> ExplainCount(const ScanComparison& comparison) const;
   Evidence MissingColumn(const wxString& name) const;
   Evidence ExplainLookups(const std::vector<ColumnLookup>& lookups) const;
-  Evidence ExplainHeadings() const;
-  Evidence LastReads(std::size_t index) const;
+  Evidence ExplainHeadings(std::size_t mostCells) const;
+  Evidence LastReads(std::size_t index, std::size_t mostCells) const;
   void LeaveOutGoodCells(const std::vector<Comparison>& comparisons,
                          std::vector<CellPlace>& cells) const;
 

@@ -136,6 +136,10 @@ std::variant<CommandLine, ExitStatus> ParseCommandLine(int argc, char** argv) {
   CLI::App* const explainApp =
       app.add_subcommand("explain", "Show what the verifier of one experiment checks");
   explainApp->add_option("name", explain.name, "The experiment")->type_name("NAME")->required();
+  explainApp
+      ->add_option("--datafile", explain.datafile,
+                   "A good data file of it (default: the sample that was built with this program)")
+      ->type_name("FILE");
 
   MergeArguments merge;
   CLI::App* const mergeApp = app.add_subcommand("merge", "Join results that --json wrote");

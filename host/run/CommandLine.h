@@ -49,6 +49,7 @@ struct ListArguments {
 
 struct ExplainArguments {
   std::string name;
+  std::filesystem::path datafile;  // a good one; empty: the sample that was built with this program
 };
 
 struct MergeArguments {

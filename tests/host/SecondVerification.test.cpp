@@ -464,7 +464,21 @@ TEST(Evidence, ListsAThousandCellsAtMost) {
   const Evidence evidence = FailuresOf(Verify(experiment, file)).front().evidence;
   EXPECT_EQ(evidence.cells.size(), 1000u);
   EXPECT_EQ(evidence.words, (Words{"The cell that was read last stands first.",
-                                   "There are 1200 cells; 1000 are listed."}));
+                                   "More cells were read than the 1000 that are listed."}));
+}
+
+// As many cells for each of so many failing tests would fill the memory.
+TEST(Evidence, ListsFewCellsAfterAHundredFailures) {
+  const std::string experiment = "2014-06-16_sync_trials.om5";
+  DataFile file = DataFile::Sample(experiment);
+  while (file.RowCount() < 300) file.RepeatRow(0);
+  file.SetColumn(TIME, std::vector<std::string>(file.RowCount(), "soon"));
+  const std::vector<TestOutcome> failures = FailuresOf(Verify(experiment, file));
+  ASSERT_GT(failures.size(), 299u);
+  EXPECT_EQ(failures[299].name, "NON_NUMERIC_TIME_VALUE");
+  EXPECT_EQ(failures[299].evidence.cells.size(), 10u);
+  EXPECT_EQ(CellsOf(failures[299].evidence).front(), "Cumulative\nTime 299 306 {soon} -");
+  EXPECT_EQ(failures[99].evidence.cells.size(), 200u);
 }
 
 TEST(Evidence, OfStimulusAreasSaysWhichOneIsAnother) {
