@@ -203,6 +203,12 @@ void AddDecidingCells(Lines& lines, const Evidence& evidence) {
     AddMissingTexts(lines, cells);
   } else if (evidence.kind == Evidence::Kind::Count) {
     AddCounted(lines, cells);
+  } else if (evidence.kind == Evidence::Kind::Cell && !cells.empty() && !cells.front().row) {
+    // A heading, of a column that the data file lacks; the words say so.
+    if (cells.front().actual) {
+      lines.push_back(
+          {"The nearest to it is column " + ColumnShown(*cells.front().actual) + ".", false});
+    }
   } else if (!cells.empty() && !evidence.context.rows.empty()) {
     AddContext(lines, evidence.context, cells.front());
     AddCellsBelow(lines, "Further cells that differ:", {cells.begin() + 1, cells.end()});

@@ -196,6 +196,19 @@ TEST(TerminalPrinter, RowsThatCouldHaveAMissingTextFollowIt) {
             "    m\n");
 }
 
+TEST(TerminalPrinter, OfAMissingColumnTheNearestIsNamed) {
+  TestOutcome test = WithCells("Event\nNam", "Event\nName");
+  test.evidence.cells[0].column = "Event\nName";
+  test.evidence.cells[0].row.reset();
+  test.evidence.cells[0].line = 5;
+  test.evidence.words = {"The data file has no column \"Event Name\"."};
+  EXPECT_EQ(PrintedTest(test),
+            "  x.txt:5: Data_appears_completely_and_in_order\n"
+            "    Mismatch in the ordering of data cells in datafile.\n"
+            "    The data file has no column \"Event Name\".\n"
+            "    The nearest to it is column Event Nam.\n");
+}
+
 TEST(TerminalPrinter, CellsThatLookAlikeAreToldApart) {
   EXPECT_EQ(
       PrintedTest(WithCells("r\xD0\xB5"
