@@ -37,7 +37,6 @@ bool MUExperimentTextReaderMultiFile::PerformSetup(const wxFileName&) {
          this, wxID_ANY);
   Bind(refreshRequest, &MUExperimentTextReaderMultiFile::HandleQueuedEventAfterNotifications, this,
        wxID_ANY);
-  m_loadOrder.Forget();
   m_currentShownRowKeys = &m_shownRowKeysA;
   m_previousShownRowKeys = &m_shownRowKeysB;
   m_currentColumnNames = &m_columnNamesA;

@@ -119,10 +119,7 @@ void MUExperimentTextReaderMultiFile::IdleTimeProcessAllNotifications() {
   IterateThroughTheNotificationLoops();
 
   if (m_shownRowCount == 0 && m_shownColumnCount == 0) m_emptySearchFinished = true;
-  if (m_allRowKeys.empty()) {
-    m_nextRowKey = 0;
-    m_loadOrder.Forget();
-  }
+  if (m_allRowKeys.empty()) m_nextRowKey = 0;
   if (m_statusPrinter != nullptr) AddPendingEvent(wxCommandEvent(wxEVT_COMMAND_REFRESH_REQUEST));
 }
 
