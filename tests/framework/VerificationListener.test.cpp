@@ -119,9 +119,9 @@ TEST_F(VerificationListenerTest, HearsARule) {
 
 TEST_F(VerificationListenerTest, HearsBoundsOfBothTimes) {
   Ombrelia::RunTimes::CheckBounds(*m_table, &m_printer, wxT("x.om4"), 1, 8, wxT("Cumulative\nTime"),
-                                  false, false);
+                                  false);
   Ombrelia::RunTimes::CheckBounds(*m_table, &m_printer, wxT("x.om4"), 1, 20,
-                                  Ombrelia::EXPANSION_TIME_COLUMN_NAME, true, false);
+                                  Ombrelia::EXPANSION_TIME_COLUMN_NAME, true);
   EXPECT_EQ(m_listener.calls, (Calls{"bound 1 1 8 9", "bound 2 1 20 12"}));
 }
 
