@@ -9,6 +9,7 @@ import io
 import json
 import pathlib
 import random
+import re
 import shutil
 import sys
 
@@ -89,6 +90,15 @@ def make_project(root):
     shutil.copy(ROOT / "scripts/make-verifier-table", root / "scripts")
 
 
+def write_compared_columns(folder, root):
+    """Experiment and column of each comparison, for the tests: as the sources say."""
+    with open(folder / "columns.tsv", "w", encoding="utf-8") as table:
+        for source in sorted((root / "verifiers").glob("*.cpp")):
+            text = source.read_text(encoding="utf-8")
+            for column in re.findall(r'VerifyVerbatimColumnContent\(\s*wxT\("((?:[^"\\\\]|\\\\.)*)"', text):
+                table.write(f"{source.stem}.om5\t{column}\n")
+
+
 def main():
     folder = pathlib.Path(sys.argv[1])
     root = folder / "project"
@@ -100,8 +110,7 @@ def main():
             status = program.run([f"{name}.om5", "--class", name, "--root", str(root), *further, "--from", *files])
         if status != 0:
             sys.exit(f"{name}: {said.getvalue()}")
-    # A stamp alone would leave sources behind whose verifier is no more.
-    (folder / "made").write_text("")
+    write_compared_columns(folder, root)
 
 
 if __name__ == "__main__":
