@@ -28,7 +28,31 @@ bool Has(const std::string& text, const std::string& part) {
 TEST_F(ExplainTest, ShowsVerbatimColumnsAsRunsAndTheBoundsOfEachMachine) {
   EXPECT_EQ(Explain("two_sublists_tagging.om5"),
             R"(two_sublists_tagging.om5
-  Two sublists are presented one after the other, and each item sets its own tag values.
+  Tags of sublist items show in columns of their own.
+  Verified by TwoSublistsTagging, explained by two_sublists_tagging.om5 1.txt.
+
+Checks in order; rows count from 0:
+  Data_appears_completely_and_in_order
+    color holds these texts, in a table of 9 rows:
+      0-2  blue
+      3-4  red
+      5-8  blue
+  Data_appears_completely_and_in_order
+    direction holds these texts, in a table of 9 rows:
+      0-4  down
+        5  up
+      6-8  down
+  __TIMING__TRACKING__two_sublists_tagging.om5__927_ms
+    reads Cumulative Time, row 8
+  __EXPANSION__TRACKING__two_sublists_tagging.om5__58_ms
+
+Bounds in milliseconds, both ends included:
+                                                machine   from     to
+  Experiment_duration_two_sublists_tagging.om5  ordinary   900   5200
+  Experiment_duration_two_sublists_tagging.om5  small      900  11600
+  Experiment_duration_two_sublists_tagging.om5  large      900   1100
+  Expansion_duration_two_sublists_tagging.om5   ordinary     0    400
+  Expansion_duration_two_sublists_tagging.om5   large      150    250
 )");
 }
 

@@ -17,7 +17,7 @@ TEST(ProgramSymbols, ShowNothingOfTheRoomsToThePlugin) {
   std::istringstream lines(nm.out);
   for (std::string line; std::getline(lines, line);) {
     const std::string name = line.substr(0, line.find(' '));
-    for (const std::string& part :
+    for (const char* const part :
          {"Ombrelia", "Halvex", "MU", "OMSdkGetObjectPtr", "wxEVT_FLAGGED_ROW_COUNT_CHANGED",
           "wxEVT_COMMAND_REFRESH_REQUEST"}) {
       EXPECT_EQ(name.find(part), std::string::npos) << name;
