@@ -1,4 +1,5 @@
 // Both readers give what the naive readers of the tests give, for any bytes.
+#include <wx/convauto.h>
 #include <wx/file.h>
 #include <wx/filename.h>
 
@@ -8,6 +9,7 @@
 #include <memory>
 
 #include "Tabulon/src/reading/MUDataFileInputReaderFactory.h"
+#include "Tabulon/src/reading/MUDecodedText.h"
 #include "Tabulon/src/reading/MUInterfaceExperimentDataFileInputReader.h"
 #include "Tabulon/src/rows/MUColumnNamePlusProperties.h"
 #include "Tabulon/src/rows/MUSingleRowDataPlusRowProperties.h"
@@ -57,6 +59,22 @@ void RequireSame(MUInterfaceExperimentDataFileInputReader& reader,
   Require(same, "column names");
 }
 
+// Whether the decoding is the library's, for the bytes alone, which reach more of it than those of a good data file.
+void RequireSameText(const std::uint8_t* data, std::size_t size) {
+  MUPoolVector<char> bytes(data, data + size);
+  const wxString expected(reinterpret_cast<const char*>(data), wxConvAuto(), size);
+  const MUDecodedText text = MUDecode(bytes);
+  Require(text.narrow.size() + text.wide.size() == expected.length(), "length of the text");
+  std::size_t i = 0;
+  for (const char character : text.narrow) {
+    Require(expected[i++].GetValue() == static_cast<unsigned char>(character),
+            "a narrow character");
+  }
+  for (const wchar_t character : text.wide) {
+    Require(static_cast<wchar_t>(expected[i++]) == character, "a wide character");
+  }
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
@@ -65,6 +83,7 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  RequireSameText(data, size);
   const Fuzz::ScratchFile file("reader", data, size);
   const wxFileName name(file.Path());
   const auto read = [&](MU_DATAFILE_INPUTFILE_TYPE type, wxFile* openFile) {

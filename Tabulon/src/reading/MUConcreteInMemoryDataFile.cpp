@@ -1,6 +1,5 @@
 #include "Tabulon/src/reading/MUConcreteInMemoryDataFile.h"
 
-#include <wx/convauto.h>
 #include <wx/debug.h>
 #include <wx/file.h>
 #include <wx/filename.h>
@@ -130,7 +129,7 @@ bool TakeLinesOfBytes(MUPoolVector<char>& bytes, MUDataFileLines* lines) {
     builder.Reserve(bytes.size() + lineCount, lineCount, plain.tabs + lineCount);
     return TakeLines(bytes, &builder, lines);
   }
-  const MUDecodedText text = MUDecode(bytes, wxConvAuto());
+  const MUDecodedText text = MUDecode(bytes);
   MUPoolVector<char>().swap(bytes);
   return text.wide.empty() ? TakeMeasuredLines(text.narrow, lines)
                            : TakeMeasuredLines(text.wide, lines);

@@ -46,12 +46,12 @@ bool MUDataTextFile::OnOpen(const wxString& name, wxTextBufferOpenMode) {
 
 bool MUDataTextFile::OnClose() { return m_file.Close(); }
 
-bool MUDataTextFile::OnRead(const wxMBConv& conversion) {
+bool MUDataTextFile::OnRead(const wxMBConv&) {
   MUPoolVector<char> bytes;
   if (!ReadBytes(&bytes)) return false;
   if (Builder::TakePlainBytes(bytes, m_headerLines, &m_lines)) return true;
   // A text that cannot be decoded has no lines, which is no failure of the opening.
-  MUDecodedText text = MUDecode(bytes, conversion);
+  MUDecodedText text = MUDecode(bytes);
   if (TakeLines(text)) return true;
   wxLogError(_("A line of the file \"%s\" is too long."), GetName());
   return false;

@@ -4,8 +4,6 @@
 
 #include "Tabulon/src/memory/MUPooledMemory.h"
 
-class wxMBConv;
-
 // One byte per character, as Latin-1 has it, where every character is below 256; else the characters themselves.
 // Only one of the two is filled.
 struct MUDecodedText {
@@ -15,9 +13,10 @@ struct MUDecodedText {
   MUPoolVector<wchar_t> wide;
 };
 
-// Decodes the bytes exactly as a wxString made of them with that conversion would have them; a text that cannot
-// be decoded is empty. The bytes are left in place or taken over. A conversion that adapts itself, as wxConvAuto
-// does, serves one text. Throws std::bad_alloc or std::length_error.
-MUDecodedText MUDecode(MUPoolVector<char>& bytes, const wxMBConv& conversion);
+// Decodes the bytes exactly as a wxString made of them with a wxConvAuto would have them; a text that cannot be
+// decoded is empty. UTF-8 that is valid beyond doubt, bytes that cannot be UTF-8 and count as Latin-1, and UTF-16
+// of single units are decoded here, in two passes or less; everything else is left to the library. The bytes are left
+// in place or used up. Throws std::bad_alloc or std::length_error.
+MUDecodedText MUDecode(MUPoolVector<char>& bytes);
 
 #endif
