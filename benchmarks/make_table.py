@@ -93,6 +93,8 @@ GOALS = [
      ratio("load-notified-viewer", "load-batch"), 4),
     ("68 samples through the plug-in, process start included / the same comparisons as pytest with `--junitxml`",
      ratio("samples/plugin", "samples/pytest"), 1 / 12),
+    ("68 samples, the plug-in in a process of its own / the program before that, with the plug-in in its own process",
+     ratio("samples/plugin", "samples/former"), 1.15),
     ("growth of the load's time per row, 10^4 to 10^7 rows: dearest / 10^4", growth(load_cost), 1.5),
     ("growth of a sort by few values, time per n log n: dearest / 10^4",
      growth(sort_cost("sort_few_seconds")), 1.5),
@@ -129,6 +131,8 @@ BOUNDS = [
      ratio("query/sorted/where", "query/duckdb/where"), None),
     ("read a column after a sort that leaves neighbours far apart / DuckDB",
      ratio("query/sorted/read_column", "query/duckdb/read_column"), None),
+    ("10,000 data files, two processes of the plug-in side by side / one",
+     ratio("many-samples/jobs-2", "many-samples/jobs-1"), None),
     ("load 200 x 256 KiB, one batch, fresh process / pandas", ratio("load-batch", "load-pandas"), None),
 ]
 

@@ -1,19 +1,24 @@
 #include "host/commands/RunCommand.h"
 
-#include <algorithm>
+#include <wx/datetime.h>
+#include <wx/debug.h>
+
 #include <iostream>
 #include <system_error>
+#include <utility>
 #include <vector>
 
-#include "host/print/SummaryPrinter.h"
-#include "host/results/ReportReader.h"
+#include "host/commands/ResultsOutput.h"
+#include "host/results/Digest.h"
+#include "host/results/SecondVerification.h"
 #include "host/results/WideText.h"
-#include "host/run/AssertionForwarder.h"
 #include "host/run/DatafileList.h"
 #include "host/run/PluginLibrary.h"
 #include "host/run/Progress.h"
-#include "host/run/ReportFile.h"
+#include "host/run/Shards.h"
+#include "host/run/SignalWatch.h"
 #include "host/run/StimulusAreaFile.h"
+#include "host/run/Supervisor.h"
 
 namespace fs = std::filesystem;
 
@@ -31,41 +36,87 @@ void EnterWorkingDirectory(const fs::path& directory) {
   }
 }
 
+std::string UtcNow() { return Utf8OfText(wxDateTime::Now().ToUTC().FormatISOCombined()) + "Z"; }
+
+// In a child process.
+DatafileResult VerifyAgain(const Datafile& datafile, std::optional<MachineKind> machine) {
+  // A failed assertion is the plug-in's to tell.
+  wxDisableAsserts();
+  OwnVerdict verdict =
+      VerifyInThisProcess(datafile.path, datafile.areas, machine.value_or(ThisMachine()));
+  DatafileResult result;
+  result.tests = std::move(verdict.tests);
+  return result;
+}
+
+class VerdictsOnTheScreen : public VerdictListener {
+ public:
+  explicit VerdictsOnTheScreen(TerminalPrinter& printer) : m_printer(printer) {}
+  void OnBeforeFirst(const std::vector<TestOutcome>& tests) override {
+    m_printer.PrintBeforeFirst(tests);
+  }
+  void OnVerdict(const DatafileResult& datafile) override { m_printer.PrintDatafile(datafile); }
+
+ private:
+  TerminalPrinter& m_printer;
+};
+
+Supervisor::Plan PlanOf(const RunArguments& arguments, const std::optional<Shard>& shard) {
+  Supervisor::Plan plan;
+  plan.library = arguments.plugin.empty() ? DefaultPluginLibrary() : fs::absolute(arguments.plugin);
+  plan.datafiles = ListDatafiles(arguments.inputs, arguments.only, shard);
+  for (Datafile& datafile : plan.datafiles) datafile.areas = ReadStimulusAreas(datafile.path);
+  plan.timeout = arguments.timeout.count();
+  plan.jobs = static_cast<std::size_t>(arguments.jobs);
+  plan.machine = arguments.machine;
+  plan.verifyAgain = &VerifyAgain;
+  return plan;
+}
+
+// digests: does anybody ask for them? They take a look at every byte.
+RunResults ResultsOf(const Supervisor::Plan& plan, const std::optional<Shard>& shard,
+                     bool digests) {
+  RunResults results;
+  results.machine = ThisMachine();
+  results.started = UtcNow();
+  results.shard = shard;
+  for (const Datafile& datafile : plan.datafiles) {
+    results.datafiles.emplace_back();
+    results.datafiles.back().path = datafile.given;
+    results.datafiles.back().position = datafile.position;
+    if (digests) results.datafiles.back().digest = DigestOf(datafile.path);
+  }
+  return results;
+}
+
 }  // namespace
 
 ExitStatus RunRunCommand(const RunArguments& arguments) {
   // Everything that names a file is looked up before the working directory changes, and every input is
   // read before anything runs.
-  const fs::path plugin =
-      arguments.plugin.empty() ? DefaultPluginLibrary() : fs::absolute(arguments.plugin);
-  const std::vector<fs::path> datafiles = ListDatafiles(arguments.inputs);
-  std::vector<std::vector<Ombrelia::StimAreaData>> areas;
-  areas.reserve(datafiles.size());
-  for (const fs::path& datafile : datafiles) areas.push_back(ReadStimulusAreas(datafile));
+  const std::optional<Shard> shard =
+      arguments.partition ? arguments.partition : ShardOfEnvironment();
+  const Supervisor::Plan plan = PlanOf(arguments, shard);
+  RunResults results = ResultsOf(plan, shard, !arguments.output.json.empty());
+  ResultsOutput output(arguments.output, results.machine);
+  ConfirmShards();
   EnterWorkingDirectory(arguments.workDir);
 
-  ReportFile report;
-  {
-    AssertionForwarder assertions;
-    const PluginLibrary library(plugin);
-    assertions.ForwardTo(&library.Plugin());
-    Progress progress(arguments.progress, datafiles.size());
-    for (std::size_t i = 0; i < datafiles.size(); ++i) {
-      progress.Next(datafiles[i]);
-      library.Plugin().PerformPostProcessing(TextOfPath(datafiles[i]), areas[i]);
-    }
-    // A result after the flush would start a report that replaces this one.
-    assertions.ForwardTo(nullptr);
-    report.RememberStateBeforeWriting();
-    library.Plugin().FlushTestOutput();
-    report.RequireWritten();
-  }
+  const double start = ChildProcess::Now();
+  Progress progress(arguments.progress, plan.datafiles.size());
+  VerdictsOnTheScreen screen(output.Terminal());
+  Supervisor supervisor(plan, progress, screen, results);
+  const int signal = supervisor.Run();
+  results.seconds = ChildProcess::Now() - start;
 
-  const std::vector<TestResult> results = ReadReport(report.Path(), datafiles);
-  SummaryPrinter(std::cout).Print(results, datafiles, report.Path());
-  const bool anyFailed = std::any_of(results.begin(), results.end(),
-                                     [](const TestResult& result) { return result.failed; });
-  return anyFailed ? ExitStatus::SomeFailingTest : ExitStatus::NoFailingTest;
+  const ExitStatus status = output.Finish(results);
+  for (const std::string& text : supervisor.BadUnloads()) {
+    std::cerr << "verify-datafiles: " << text << std::endl;
+  }
+  if (signal != 0) SignalWatch::EndBy(signal);
+  const bool onlyTheUnloadWasBad =
+      status == ExitStatus::NoFailingTest && !supervisor.BadUnloads().empty();
+  return onlyTheUnloadWasBad ? ExitStatus::SomeFailingTest : status;
 }
 
 }  // namespace OmbreliaHost

@@ -43,6 +43,7 @@ void AssertionForwarder::Forward(const wxString& text) {
     return;
   }
   m_forwarding = true;
+  ++m_forwarded;
   m_plugin->LogAssertionFailureAsTestFailure(text);
   m_forwarding = false;
 }

@@ -5,6 +5,7 @@
 #include <wx/debug.h>
 #include <wx/string.h>
 
+#include <cstddef>
 #include <vector>
 
 #include "plugin/Interface_DataHookPlugin.h"
@@ -23,6 +24,9 @@ class AssertionForwarder {
   // plugin: borrowed; null from the moment on at which it takes no more results.
   void ForwardTo(Ombrelia::Interface_DataHookPlugin* plugin);
 
+  // How many the plug-in was told so far.
+  std::size_t Forwarded() const { return m_forwarded; }
+
  private:
   static void OnAssertion(const wxString& file, int line, const wxString& function,
                           const wxString& condition, const wxString& message);
@@ -32,6 +36,7 @@ class AssertionForwarder {
   Ombrelia::Interface_DataHookPlugin* m_plugin;
   std::vector<wxString> m_waiting;
   bool m_forwarding;
+  std::size_t m_forwarded = 0;
 };
 
 }  // namespace OmbreliaHost

@@ -1,5 +1,7 @@
 #include "host/run/DatafileList.h"
 
+#include <fnmatch.h>
+
 #include <algorithm>
 #include <fstream>
 #include <system_error>
@@ -37,6 +39,22 @@ std::vector<fs::path> DatafilesOfFolder(const fs::path& folder) {
   return files;
 }
 
+bool MatchesOneOf(const std::vector<std::string>& globs, const fs::path& path) {
+  const std::string name = path.filename().string();
+  const std::string experiment = name.substr(0, name.find(' '));
+  return std::any_of(globs.begin(), globs.end(), [&](const std::string& glob) {
+    return fnmatch(glob.c_str(), name.c_str(), 0) == 0 ||
+           fnmatch(glob.c_str(), experiment.c_str(), 0) == 0;
+  });
+}
+
+template <typename Condition>
+void KeepOnly(std::vector<Datafile>& files, const Condition& condition) {
+  files.erase(std::remove_if(files.begin(), files.end(),
+                             [&](const Datafile& file) { return !condition(file); }),
+              files.end());
+}
+
 }  // namespace
 
 void RequireReadableFile(const fs::path& path) {
@@ -49,21 +67,36 @@ void RequireReadableFile(const fs::path& path) {
   if (!std::ifstream(path)) Reject(path, "the file cannot be read");
 }
 
-std::vector<fs::path> ListDatafiles(const std::vector<fs::path>& inputs) {
-  std::vector<fs::path> files;
+std::vector<Datafile> ListDatafiles(const std::vector<fs::path>& inputs,
+                                    const std::vector<std::string>& globs,
+                                    const std::optional<Shard>& shard) {
+  std::vector<Datafile> files;
+  const auto add = [&files](const fs::path& given, const fs::path& path) {
+    files.push_back({given, path, 0, {}});
+  };
   for (const fs::path& input : inputs) {
     std::error_code error;
     const fs::path path = fs::absolute(input, error);
     if (error) Reject(input, error.message());
     std::error_code ignored;
-    if (fs::is_directory(path, ignored)) {
-      const std::vector<fs::path> ofFolder = DatafilesOfFolder(path);
-      files.insert(files.end(), ofFolder.begin(), ofFolder.end());
-    } else {
-      files.push_back(path);
+    if (!fs::is_directory(path, ignored)) {
+      add(input, path);
+      continue;
     }
+    for (const fs::path& file : DatafilesOfFolder(path)) add(input / file.filename(), file);
   }
-  for (const fs::path& file : files) RequireReadableFile(file);
+  for (const Datafile& file : files) RequireReadableFile(file.path);
+
+  if (!globs.empty()) {
+    KeepOnly(files, [&globs](const Datafile& file) { return MatchesOneOf(globs, file.path); });
+    if (files.empty()) throw RunError(ExitStatus::WrongUse, "no data file matches --only");
+  }
+  for (std::size_t i = 0; i < files.size(); ++i) files[i].position = i + 1;
+  if (shard) {
+    KeepOnly(files, [&shard](const Datafile& file) {
+      return (file.position - 1) % shard->count == shard->index - 1;
+    });
+  }
   return files;
 }
 

@@ -27,8 +27,8 @@ bool SameContentOnDisk(const struct stat& a, const struct stat& b) {
 
 }  // namespace
 
-ReportFile::ReportFile() : m_before{} {
-  const fs::path directory = fs::current_path() / "scons-out/opt/tests/auto_experiment_tests";
+ReportFile::ReportFile() : m_path(PathOf(getpid())), m_before{} {
+  const fs::path directory = m_path.parent_path();
   std::error_code error;
   fs::create_directories(directory, error);
   if (error) {
@@ -36,8 +36,11 @@ ReportFile::ReportFile() : m_before{} {
         ExitStatus::NoReport,
         directory.string() + ": the report's directory cannot be made: " + error.message());
   }
-  m_path =
-      directory / ("FakeUnitTestsDataHookExperimentRunning_" + std::to_string(getpid()) + ".xml");
+}
+
+fs::path ReportFile::PathOf(pid_t process) {
+  return fs::current_path() / "scons-out/opt/tests/auto_experiment_tests" /
+         ("FakeUnitTestsDataHookExperimentRunning_" + std::to_string(process) + ".xml");
 }
 
 ReportFile::State ReportFile::CurrentState() const {
@@ -48,13 +51,9 @@ ReportFile::State ReportFile::CurrentState() const {
 
 void ReportFile::RememberStateBeforeWriting() { m_before = CurrentState(); }
 
-void ReportFile::RequireWritten() const {
+bool ReportFile::IsWritten() const {
   const State now = CurrentState();
-  const bool written =
-      now.exists && !(m_before.exists && SameContentOnDisk(m_before.status, now.status));
-  if (!written) {
-    throw RunError(ExitStatus::NoReport, m_path.string() + ": the report could not be written");
-  }
+  return now.exists && !(m_before.exists && SameContentOnDisk(m_before.status, now.status));
 }
 
 }  // namespace OmbreliaHost

@@ -3,6 +3,7 @@
 #define OMBRELIA_HOST_RUN_REPORTFILE_H
 
 #include <sys/stat.h>
+#include <sys/types.h>
 
 #include <filesystem>
 
@@ -16,10 +17,11 @@ class ReportFile {
 
   // Call right before the flush: an older report may stand under the same name.
   void RememberStateBeforeWriting();
-  // Ends the run (NoReport) unless a file was written since.
-  void RequireWritten() const;
+  // Was a file written since?
+  bool IsWritten() const;
 
-  const std::filesystem::path& Path() const { return m_path; }  // absolute
+  // Where a process with this working directory writes its report; absolute.
+  static std::filesystem::path PathOf(pid_t process);
 
  private:
   struct State {

@@ -107,9 +107,10 @@ TEST_F(CommandLineTest, TheReportGoesBelowTheWorkDirAndInputsStayRelativeToTheCa
   const Finished finished = Verify({"--work-dir", work.Path(), "a.txt"});
   EXPECT_EQ(finished.status, 1) << finished.err;
   EXPECT_FALSE(AnythingRan());
-  const std::string report = work.ReportFolder() + "/" + ReportName(finished.pid);
-  EXPECT_NE(finished.out.find("\nReport: " + report + "\n"), std::string::npos) << finished.out;
-  EXPECT_EQ(TestCasesOf(ReadFile(report)),
+  EXPECT_NE(finished.out.find("\nReport: " + ReportPath(work) + "\n"), std::string::npos)
+      << finished.out;
+  ASSERT_EQ(Reports(work).size(), 1u);
+  EXPECT_EQ(TestCasesOf(Reports(work)[0]),
             (std::vector<std::string>{
                 "test001SingleDummyPassingTest",
                 "test002DataHookOutputTestingPlugin_PerformPostProcessing_was_called",
@@ -126,8 +127,9 @@ TEST_F(CommandLineTest, RelativeWorkDirAndPluginWork) {
              {"FAKE_CALLS=" + (m_folder / "calls"), "FAKE_REPORT=" + (m_folder / "report")});
   EXPECT_EQ(finished.status, 0) << finished.err;
   EXPECT_EQ(Calls(), "process " + (m_folder / "a.txt") + "\nflush\n");
-  EXPECT_TRUE(Exists(m_folder / "work/scons-out/opt/tests/auto_experiment_tests/" +
-                     ReportName(finished.pid)));
+  EXPECT_NE(finished.out.find("\nReport: " + m_folder.Path() + "/work/scons-out/"),
+            std::string::npos)
+      << finished.out;
 }
 
 TEST_F(CommandLineTest, AWorkDirThatIsNoneIsWrongUse) {

@@ -23,26 +23,35 @@ TEST_F(SummaryTest, GivesEachFileItsResultsAcrossSuites) {
   EXPECT_EQ(finished.out,
             "ok    (plug-in loaded): 1 passed, 0 failed\n"
             "FAIL  a.txt: 2 passed, 1 failed\n"
-            "        test003First\n"
-            "          subject:  short & clear\n"
-            "          location: the/location:7\n"
-            "          message:  one\n"
-            "                    two\n"
-            "                    \n"
-            "                    three\n"
+            "    The second verification, which gives the evidence, has other results (1 passed, 1 "
+            "failed); "
+            "the plug-in's count.\n"
+            "  a.txt: First\n"
+            "    short & clear\n"
+            "    one\n"
+            "    two\n"
+            "    \n"
+            "    three\n"
+            "    the/location:7\n"
             "FAIL  b.txt: 1 passed, 2 failed\n"
-            "        test006Second\n"
-            "          subject:  \n"
-            "          location: l\n"
-            "          message:  \n"
-            "        test007Third\n"
-            "          subject:  s\n"
-            "          location: l:1\n"
-            "          message:  \xC3\xA4\xE4\xB8\xAD\n"
+            "    The second verification, which gives the evidence, has other results (1 passed, 1 "
+            "failed); "
+            "the plug-in's count.\n"
+            "  b.txt: Second\n"
+            "    l\n"
+            "  b.txt: Third\n"
+            "    s\n"
+            "    \xC3\xA4\xE4\xB8\xAD\n"
+            "    l:1\n"
+            "\n"
+            "Not passed:\n"
+            "  a.txt: 1 failed\n"
+            "  b.txt: 2 failed\n"
             "\n"
             "Data files: 2; tests: 7, 4 passed, 3 failed\n"
+            "Machine: ordinary\n"
             "Report: " +
-                ReportPath(finished) + "\n");
+                ReportPath() + "\n");
 }
 
 TEST_F(SummaryTest, ResultsBeforeTheFirstFileAreThePluginsOwn) {
@@ -57,15 +66,19 @@ TEST_F(SummaryTest, ResultsBeforeTheFirstFileAreThePluginsOwn) {
   EXPECT_EQ(finished.status, 1);
   EXPECT_EQ(finished.out,
             "FAIL  (plug-in loaded): 1 passed, 1 failed\n"
-            "        test002TestingPluginDH_AssertionFailure_00001\n"
-            "          subject:  s\n"
-            "          location: l\n"
-            "          message:  m\n"
+            "  (plug-in loaded): TestingPluginDH_AssertionFailure_00001\n"
+            "    s\n"
+            "    m\n"
+            "    l\n"
             "ok    a.txt: 1 passed, 0 failed\n"
             "\n"
+            "Not passed:\n"
+            "  (plug-in loaded): 1 failed\n"
+            "\n"
             "Data files: 1; tests: 3, 2 passed, 1 failed\n"
+            "Machine: ordinary\n"
             "Report: " +
-                ReportPath(finished) + "\n");
+                ReportPath() + "\n");
 }
 
 // A failing test of that name does not begin a data file, nor does a longer name.
@@ -97,8 +110,9 @@ TEST_F(SummaryTest, ARealRunWithoutFailure) {
             "ok    2012_3_9_tolmey_2668_macro_exit_experiment.om4 1.txt: 7 passed, 0 failed\n"
             "\n"
             "Data files: 1; tests: 8, 8 passed, 0 failed\n"
+            "Machine: ordinary\n"
             "Report: " +
-                ReportPath(finished) + "\n");
+                ReportPath() + "\n");
 }
 
 TEST_F(SummaryTest, ABrokenDataFileIsAFailingTestAndNoErrorOfTheProgram) {
@@ -106,19 +120,24 @@ TEST_F(SummaryTest, ABrokenDataFileIsAFailingTestAndNoErrorOfTheProgram) {
   File(name, std::string("\0\xFF\xFE\x01garbage", 12));
   const Finished finished = Verify({name});
   EXPECT_EQ(finished.status, 1) << finished.err;
-  EXPECT_EQ(finished.out,
-            "ok    (plug-in loaded): 1 passed, 0 failed\n"
-            "FAIL  2012_3_9_tolmey_2668_macro_exit_experiment.om4 1.txt: 2 passed, 1 failed\n"
-            "        test004open_and_parse_2012_3_9_tolmey_2668_macro_exit_experiment.om4 1\n"
-            "          subject:  this datafile was not open-able/parse-able\n"
-            "          location: Whichever/File/Focuses/On/Verifying/CommonTestHelperLogic_"
-            "GetReaderOrElseLogAnError:49\n"
-            "          message:  unable to construct a MUExperimentTextReaderMultiFile for this "
-            "datafile\n"
-            "\n"
-            "Data files: 1; tests: 4, 3 passed, 1 failed\n"
-            "Report: " +
-                ReportPath(finished) + "\n");
+  EXPECT_EQ(
+      finished.out,
+      "ok    (plug-in loaded): 1 passed, 0 failed\n"
+      "FAIL  2012_3_9_tolmey_2668_macro_exit_experiment.om4 1.txt: 2 passed, 1 failed\n"
+      "  2012_3_9_tolmey_2668_macro_exit_experiment.om4 1.txt: "
+      "open_and_parse_2012_3_9_tolmey_2668_macro_exit_experiment.om4 1\n"
+      "    this datafile was not open-able/parse-able\n"
+      "    Input file is missing an experiment name.  The first line of the file should contain "
+      "the title of the experiment.\n"
+      "    unable to construct a MUExperimentTextReaderMultiFile for this datafile\n"
+      "\n"
+      "Not passed:\n"
+      "  2012_3_9_tolmey_2668_macro_exit_experiment.om4 1.txt: unreadable\n"
+      "\n"
+      "Data files: 1; tests: 4, 3 passed, 1 failed\n"
+      "Machine: ordinary\n"
+      "Report: " +
+          ReportPath() + "\n");
 }
 
 TEST_F(SummaryTest, NonAsciiNamesAreRightInEveryLocale) {
@@ -132,14 +151,16 @@ TEST_F(SummaryTest, NonAsciiNamesAreRightInEveryLocale) {
     EXPECT_EQ(finished.status, 1) << finished.err;
     EXPECT_NE(finished.out.find("FAIL  " + stem +
                                 ".om4 1.txt: 1 passed, 1 failed\n"
-                                "        test003locating_verifier_for_" +
-                                stem + ".om4 1\n"),
+                                "  " +
+                                stem + ".om4 1.txt: locating_verifier_for_" + stem + ".om4 1\n"),
               std::string::npos)
         << locale << "\n"
         << finished.out;
-    EXPECT_NE(
-        ReadFile(ReportPath(finished)).find("\"test003locating_verifier_for_" + stem + ".om4 1\""),
-        std::string::npos);
+  }
+  EXPECT_EQ(Reports().size(), 4u);
+  for (const std::string& report : Reports()) {
+    EXPECT_NE(report.find("\"test003locating_verifier_for_" + stem + ".om4 1\""),
+              std::string::npos);
   }
 }
 
@@ -180,22 +201,23 @@ TEST_F(SummaryTest, ANameThatIsNoUtf8MayFailLikeAnyOther) {
   const Finished finished = Verify({name}, {"LC_ALL=C"});
   EXPECT_EQ(finished.status, 1);
   EXPECT_EQ(finished.err, "");
-  EXPECT_EQ(
-      finished.out,
-      "ok    (plug-in loaded): 1 passed, 0 failed\n"
-      "FAIL  wrong \xE4 name.om4 1.txt: 1 passed, 1 failed\n"
-      "        test003locating_verifier_for_wrong \xF4\x80\x83\xA4 name.om4 1\n"
-      "          subject:  no logic was found to test this datafile. one cause could be DUPLICATE "
-      "NAMES of "
-      "datafiles\n"
-      "          location: Whichever/File/Focuses/On/Verifying/DataHookOutputTestingPlugin:162\n"
-      "          message:  we should have found something mapped by name. it should have "
-      "registered via "
-      "DataHookOutputTestingPlugin::RegisterOneSingleVerifier\n"
-      "\n"
-      "Data files: 1; tests: 3, 2 passed, 1 failed\n"
-      "Report: " +
-          ReportPath(finished) + "\n");
+  EXPECT_EQ(finished.out,
+            "ok    (plug-in loaded): 1 passed, 0 failed\n"
+            "FAIL  wrong \xE4 name.om4 1.txt: 1 passed, 1 failed\n"
+            "  wrong \xE4 name.om4 1.txt: locating_verifier_for_wrong \\u{1000E4} name.om4 1\n"
+            "    no logic was found to test this datafile. one cause could be DUPLICATE NAMES of "
+            "datafiles\n"
+            "    we should have found something mapped by name. it should have registered via "
+            "DataHookOutputTestingPlugin::RegisterOneSingleVerifier\n"
+            "    Whichever/File/Focuses/On/Verifying/DataHookOutputTestingPlugin:162\n"
+            "\n"
+            "Not passed:\n"
+            "  wrong \xE4 name.om4 1.txt: unknown\n"
+            "\n"
+            "Data files: 1; tests: 3, 2 passed, 1 failed\n"
+            "Machine: ordinary\n"
+            "Report: " +
+                ReportPath() + "\n");
 }
 
 TEST_F(SummaryTest, AssertionsReachThePluginOnce) {

@@ -1,29 +1,54 @@
 #include "tests/host/VerifyDatafiles.h"
 
-#include <algorithm>
+#include <iterator>
+#include <regex>
+#include <sstream>
 
 #include "tests/BuildPaths.h"
 
 namespace Tests {
 
-Finished VerifyDatafilesTest::Verify(const Arguments& arguments, const Arguments& environment) {
+namespace {
+
+std::string WithoutProcess(const std::string& text) {
+  return std::regex_replace(text, std::regex("(FakeUnitTestsDataHookExperimentRunning_)\\d+"),
+                            "$1PID");
+}
+
+}  // namespace
+
+VerifyDatafilesTest::Arguments VerifyDatafilesTest::Command(const Arguments& arguments) const {
   Arguments command = {std::string(OMBRELIA_BIN_DIR) + "/verify-datafiles"};
   command.insert(command.end(), arguments.begin(), arguments.end());
+  return command;
+}
+
+ProcessSetup VerifyDatafilesTest::Setup(const Arguments& environment) const {
   ProcessSetup setup;
   setup.workingDirectory = m_folder.Path();
-  setup.environment = environment;
-  // The program must never ask for a display.
-  setup.environment.push_back("DISPLAY");
-  setup.environment.push_back("WAYLAND_DISPLAY");
-  // Nor do these tests run in a job of GitHub Actions, whatever runs them.
-  for (const char* variable : {"GITHUB_ACTIONS", "GITHUB_STEP_SUMMARY"}) {
-    const std::string set = variable + std::string("=");
-    const bool chosen = std::any_of(environment.begin(), environment.end(), [&](const auto& one) {
-      return one.compare(0, set.size(), set) == 0;
-    });
-    if (!chosen) setup.environment.push_back(variable);
-  }
-  return RunProgram(command, setup);
+  // The program must never ask for a display. Whatever runs these tests, they are no share of a run and no
+  // job of GitHub Actions unless a test says so.
+  setup.environment = {"DISPLAY",
+                       "WAYLAND_DISPLAY",
+                       "TEST_TOTAL_SHARDS",
+                       "TEST_SHARD_INDEX",
+                       "GTEST_TOTAL_SHARDS",
+                       "GTEST_SHARD_INDEX",
+                       "TEST_SHARD_STATUS_FILE",
+                       "GITHUB_ACTIONS",
+                       "GITHUB_STEP_SUMMARY"};
+  setup.environment.insert(setup.environment.end(), environment.begin(), environment.end());
+  return setup;
+}
+
+Finished VerifyDatafilesTest::Verify(const Arguments& arguments, const Arguments& environment) {
+  return WithoutProcess(RunProgram(Command(arguments), Setup(environment)));
+}
+
+Finished VerifyDatafilesTest::WithoutProcess(Finished finished) {
+  finished.out = Tests::WithoutProcess(finished.out);
+  finished.err = Tests::WithoutProcess(finished.err);
+  return finished;
 }
 
 Finished VerifyDatafilesTest::VerifyWithFake(const Arguments& arguments,
@@ -41,9 +66,44 @@ Finished VerifyDatafilesTest::VerifyWithReport(const std::string& report,
   return VerifyWithFake(arguments, {"FAKE_REPORT=" + (m_folder / "report-to-write")});
 }
 
+Finished VerifyDatafilesTest::VerifyWithOwnReport(const Arguments& arguments,
+                                                  const Arguments& environment) {
+  Arguments variables = environment;
+  variables.push_back("FAKE_REPORT=own");
+  variables.push_back("FAKE_PIDS=" + (m_folder / "processes"));
+  return VerifyWithFake(arguments, variables);
+}
+
+std::unique_ptr<Process> VerifyDatafilesTest::StartWithOwnReport(const Arguments& arguments) {
+  Arguments all = {"--plugin", OMBRELIA_FAKE_PLUGIN};
+  all.insert(all.end(), arguments.begin(), arguments.end());
+  return std::make_unique<Process>(Command(all),
+                                   Setup({"FAKE_REPORT=own", "FAKE_CALLS=" + (m_folder / "calls"),
+                                          "FAKE_PIDS=" + (m_folder / "processes")}));
+}
+
+std::vector<pid_t> VerifyDatafilesTest::Processes() const {
+  if (!Exists(m_folder / "processes")) return {};
+  std::istringstream numbers(ReadFile(m_folder / "processes"));
+  return {std::istream_iterator<pid_t>(numbers), std::istream_iterator<pid_t>()};
+}
+
 std::string VerifyDatafilesTest::File(const std::string& name, const std::string& content) {
   WriteFile(m_folder / name, content);
   return name;
+}
+
+std::string VerifyDatafilesTest::ReportPath(const ScratchFolder& folder) {
+  return folder.ReportFolder() + "/FakeUnitTestsDataHookExperimentRunning_PID.xml";
+}
+
+std::vector<std::string> VerifyDatafilesTest::Reports(const ScratchFolder& folder) {
+  std::vector<std::string> reports;
+  for (const std::string& name : NamesIn(folder.ReportFolder())) {
+    if (Tests::WithoutProcess(name) != "FakeUnitTestsDataHookExperimentRunning_PID.xml") continue;
+    reports.push_back(ReadFile(folder.ReportFolder() + "/" + name));
+  }
+  return reports;
 }
 
 std::string ReportWith(int tests, int failures, const std::string& entries) {

@@ -83,6 +83,8 @@ Finished Process::Wait() {
   return finished;
 }
 
+std::string Process::OutSoFar() const { return ReadFile(m_outFile); }
+
 Finished RunProgram(const std::vector<std::string>& command, const ProcessSetup& setup) {
   return Process(command, setup).Wait();
 }

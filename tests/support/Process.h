@@ -35,6 +35,9 @@ class Process {
   Process& operator=(const Process&) = delete;
 
   Finished Wait();
+  pid_t Pid() const { return m_pid; }
+  // What it has written to standard output so far.
+  std::string OutSoFar() const;
 
  private:
   pid_t m_pid;

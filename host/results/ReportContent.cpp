@@ -1,0 +1,106 @@
+#include "host/results/ReportContent.h"
+
+#include <wx/filename.h>
+
+#include <algorithm>
+#include <charconv>
+#include <map>
+
+#include "host/results/Manifest.h"
+#include "host/results/WideText.h"
+
+namespace OmbreliaHost {
+
+namespace {
+
+bool StartsWith(const std::string& text, const std::string& start) {
+  return text.compare(0, start.size(), start) == 0;
+}
+
+// number: the result's place in the report, from 1, which the report gives with three digits or more.
+TestOutcome OutcomeOf(const TestResult& result, std::size_t number) {
+  const std::size_t digits = std::max<std::size_t>(3, std::to_string(number).size());
+  TestOutcome test;
+  test.number = static_cast<int>(number);
+  test.name = result.name.substr(std::string("test").size() + digits);
+  if (!result.failed) return test;
+  test.outcome = Outcome::Failed;
+  test.subject = result.subject;
+  test.location = result.location;
+  test.message = result.message;
+  return test;
+}
+
+// The registered names by the key that the plug-in looks for.
+const std::map<wxString, std::string>& ExperimentsByKey() {
+  static const std::map<wxString, std::string> experiments = [] {
+    std::map<wxString, std::string> all;
+    for (const VerifierEntry& entry : Verifiers()) {
+      const std::string& name = entry.experiment;
+      all.emplace(wxString::FromUTF8(name.data(), name.size()).Upper(), name);
+    }
+    return all;
+  }();
+  return experiments;
+}
+
+// The plug-in looks for the verifier of the file's name up to its first blank, whatever the case.
+std::string ExperimentOf(const std::filesystem::path& datafile) {
+  const wxString name = wxFileName(TextOfPath(datafile)).GetName().BeforeFirst(wxT(' '));
+  const auto found = ExperimentsByKey().find(name.Upper());
+  return found == ExperimentsByKey().end() ? Utf8OfText(name) : found->second;
+}
+
+// The number in "<start><experiment>__812_ms".
+std::optional<long> TrackedTime(const DatafileResult& datafile, const std::string& start) {
+  const std::string before = start + datafile.experiment + "__";
+  for (const TestOutcome& test : datafile.tests) {
+    if (test.outcome != Outcome::Passed || !StartsWith(test.name, before)) continue;
+    long time = 0;
+    const char* const end = test.name.data() + test.name.size();
+    const auto [stop, error] = std::from_chars(test.name.data() + before.size(), end, time);
+    if (error == std::errc() && std::string(stop, end) == "_ms") return time;
+  }
+  return std::nullopt;
+}
+
+Outcome OutcomeOf(const std::vector<TestOutcome>& tests) {
+  Outcome outcome = Outcome::Passed;
+  for (const TestOutcome& test : tests) {
+    if (test.outcome == Outcome::Passed) continue;
+    if (StartsWith(test.name, "locating_verifier_for_")) return Outcome::Unknown;
+    if (StartsWith(test.name, "open_and_parse_")) return Outcome::Unreadable;
+    if (test.outcome == Outcome::Failed) {
+      outcome = Outcome::Failed;
+    } else if (outcome == Outcome::Passed) {
+      outcome = Outcome::Tolerated;
+    }
+  }
+  return outcome;
+}
+
+}  // namespace
+
+ReportContent ContentOf(const std::vector<TestResult>& results) {
+  ReportContent content;
+  for (std::size_t i = 0; i < results.size(); ++i) {
+    if (StartsDatafile(results[i])) content.ofDatafiles.emplace_back();
+    (content.ofDatafiles.empty() ? content.beforeFirst : content.ofDatafiles.back())
+        .push_back(OutcomeOf(results[i], i + 1));
+  }
+  return content;
+}
+
+void ConcludeFromTests(DatafileResult& datafile) {
+  datafile.experiment = ExperimentOf(datafile.path);
+  for (TestOutcome& test : datafile.tests) {
+    if (test.outcome == Outcome::Failed && IsTolerated(datafile.experiment, test.name)) {
+      test.outcome = Outcome::Tolerated;
+    }
+  }
+  datafile.durationMs = TrackedTime(datafile, "__TIMING__TRACKING__");
+  datafile.expansionMs = TrackedTime(datafile, "__EXPANSION__TRACKING__");
+  datafile.outcome = OutcomeOf(datafile.tests);
+}
+
+}  // namespace OmbreliaHost
