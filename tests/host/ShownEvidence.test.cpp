@@ -123,7 +123,7 @@ TEST_F(ShownEvidenceTest, TheCellThatBrokeARealReportIsNamed) {
       Result(experiment, DataFile::Sample(experiment).Set(1, "Event\nName", "feed]]>back"));
   const Finished finished = Verify({result.path});
   EXPECT_EQ(finished.status, 3) << finished.err;
-  const RepairedReport repaired = RepairReport(ReadFile(ReportPath(finished)), {result});
+  const RepairedReport repaired = RepairReport(Reports().at(0), {result});
   ASSERT_EQ(repaired.faults.size(), 1u);
   EXPECT_EQ(DescribeFault(repaired.faults[0], {result}),
             "broken by ]]> in the message of test test004Use the fake input plugin to trigger "
