@@ -88,6 +88,8 @@ void Mark(const char* bytes, std::size_t count, MUByteMask* masks) {
   }
 }
 
+#if MU_HAS_SSE2
+
 // True if every carriage return among these bytes has a line feed behind it.
 bool LineFeedsFollow(const char* text, std::size_t from, std::size_t length,
                      MUByteMask carriageReturns) {
@@ -97,8 +99,6 @@ bool LineFeedsFollow(const char* text, std::size_t from, std::size_t length,
   }
   return true;
 }
-
-#if MU_HAS_SSE2
 
 std::size_t SumOfBytes(__m128i bytes) {
   const __m128i sums = _mm_sad_epu8(bytes, _mm_setzero_si128());

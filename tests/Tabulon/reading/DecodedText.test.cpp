@@ -1,6 +1,7 @@
 // The decoding held against the library's, on bytes that are good, spoilt and of no kind at all.
 #include <gtest/gtest.h>
 #include <wx/convauto.h>
+#include <wx/string.h>
 
 #include <random>
 #include <string>
