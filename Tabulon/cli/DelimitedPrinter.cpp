@@ -13,11 +13,10 @@ void DelimitedPrinter::Begin(const std::vector<ResultColumn>& columns) {
 }
 
 void DelimitedPrinter::Row(const ResultRow& row) {
-  const char* between = "";
-  for (const ResultCell& cell : row) {
-    m_out.Bytes() += between;
-    between = m_form == Form::Csv ? "," : "\t";
-    Append(cell.text);
+  const char separator = m_form == Form::Csv ? ',' : '\t';
+  for (std::size_t i = 0; i < row.size(); ++i) {
+    if (i > 0) m_out.Bytes() += separator;
+    Append(row[i].text);
   }
   // A line without any byte would read as no row at all.
   if (m_form == Form::Csv && row.size() == 1 && row.front().text.empty()) m_out.Bytes() += "\"\"";

@@ -40,17 +40,17 @@ ExitStatus OnTable(const CommandLine& commandLine, ACTION action) {
   return status;
 }
 
-// The column comes before the files. One who has it the other way round would only read that a column is no file.
-ExitStatus OnTableWithColumnFirst(const CommandLine& commandLine,
-                                  void (*action)(const CommandLine&, DrivenTable&)) {
+// A column or a query comes before the files. One who has it the other way round would only read that it is no file.
+ExitStatus OnTableWithFirst(const CommandLine& commandLine,
+                            void (*action)(const CommandLine&, DrivenTable&),
+                            const std::string& what, const std::string& first) {
   try {
     return OnTable(commandLine, action);
   } catch (const RunError& error) {
-    const std::string& column = commandLine.columns.front();
     std::error_code ignored;
-    if (!std::filesystem::exists(column, ignored)) throw;
-    throw RunError(error.Status(), std::string(error.what()) +
-                                       "\nThe column comes before the files, and \"" + column +
+    if (!std::filesystem::exists(first, ignored)) throw;
+    throw RunError(error.Status(), std::string(error.what()) + "\nThe " + what +
+                                       " comes before the files, and \"" + first +
                                        "\" was taken for it.");
   }
 }
@@ -60,9 +60,9 @@ ExitStatus Run(const CommandLine& commandLine) {
     case Action::Show:
       return OnTable(commandLine, Show);
     case Action::Distinct:
-      return OnTableWithColumnFirst(commandLine, Distinct);
+      return OnTableWithFirst(commandLine, Distinct, "column", commandLine.columns.front());
     case Action::Count:
-      return OnTableWithColumnFirst(commandLine, Count);
+      return OnTableWithFirst(commandLine, Count, "column", commandLine.columns.front());
     case Action::Group:
       return OnTable(commandLine, Group);
     case Action::Summary:
@@ -70,7 +70,7 @@ ExitStatus Run(const CommandLine& commandLine) {
     case Action::Diff:
       return Diff(commandLine);
     case Action::Sql:
-      return OnTable(commandLine, Sql);
+      return OnTableWithFirst(commandLine, Sql, "query", commandLine.query);
     case Action::Info:
       return Info(commandLine, Inputs(commandLine.inputs));
   }

@@ -42,6 +42,12 @@ void RowGroups::Split(const Column& column, const std::vector<DataRow*>& rows,
                       const Inputs& inputs) {
   ColumnCells cells(column, inputs);
   TextNumbers texts;
+  if (m_isOneGroup) {
+    // The texts' numbers are the groups.
+    for (std::size_t i = 0; i < rows.size(); ++i) m_groups[i] = texts.Of(cells.TextOf(*rows[i]));
+    m_isOneGroup = false;
+    return;
+  }
   std::unordered_map<std::uint64_t, std::uint32_t> groups;
   for (std::size_t i = 0; i < rows.size(); ++i) {
     const std::uint64_t pair = std::uint64_t{m_groups[i]} << 32 | texts.Of(cells.TextOf(*rows[i]));

@@ -29,6 +29,7 @@ class RowGroups {
   void Split(const Column& column, const std::vector<DataRow*>& rows, const Inputs& inputs);
   void CountRows();
 
+  bool m_isOneGroup = true;  // of all rows, before the first split
   std::vector<std::uint32_t> m_groups;
   std::vector<std::size_t> m_firstRows;
   std::vector<std::size_t> m_rowCounts;

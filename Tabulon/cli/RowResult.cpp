@@ -40,9 +40,29 @@ void RowResult::TellNumbers(const std::vector<DataRow*>& rows) {
     m_areNumbers[i] = HoldsOnlyNumbers(m_cells[i], rows, IsPlainNumber);
 }
 
+const std::vector<std::size_t>& RowResult::PlacesIn(const MUDataFileBlock& block) {
+  std::vector<std::size_t>& places = m_places[&block];
+  if (!places.empty()) return places;
+  for (const Column* column : m_columns) {
+    const bool isOfItsLines = column->kind == Column::Kind::Data &&
+                              block.FindHiddenCell(column->sources.front()) == nullptr;
+    places.push_back(isOfItsLines ? block.PositionOf(column->sources.front()) : ASK_THE_COLUMN);
+  }
+  return places;
+}
+
+MUCellText RowResult::TextOf(const DataRow& row, std::size_t column,
+                             const std::vector<std::size_t>* places) {
+  const std::size_t place = places == nullptr ? ASK_THE_COLUMN : (*places)[column];
+  return place == ASK_THE_COLUMN ? m_cells[column].TextOf(row) : row.CellAt(place);
+}
+
 void RowResult::AppendCells(const DataRow& row, ResultRow& cells) {
+  // One look-up per row, and not one per cell: in a sorted table neighbours are of different files.
+  const bool isLine = row.Block() != nullptr && !row.HasOverlay();
+  const std::vector<std::size_t>* const places = isLine ? &PlacesIn(*row.Block()) : nullptr;
   for (std::size_t i = 0; i < m_cells.size(); ++i) {
-    const MUCellText text = m_cells[i].TextOf(row);
+    const MUCellText text = TextOf(row, i, places);
     ResultCell cell;
     cell.text = Utf8View(text, m_room[i]);
     if (m_areNumbers[i])

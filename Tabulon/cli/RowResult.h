@@ -4,6 +4,7 @@
 
 #include <deque>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "Tabulon/cli/ColumnCells.h"
@@ -28,8 +29,15 @@ class RowResult {
   void AppendCells(const DataRow& row, ResultRow& cells);
 
  private:
+  static constexpr std::size_t ASK_THE_COLUMN = MUDataFileBlock::NOT_FOUND - 1;
+
+  // Where each column's cells stand in the file, or ASK_THE_COLUMN where they are no cells of its lines.
+  const std::vector<std::size_t>& PlacesIn(const MUDataFileBlock& block);
+  MUCellText TextOf(const DataRow& row, std::size_t column, const std::vector<std::size_t>* places);
+
   const std::vector<const Column*> m_columns;
   std::deque<ColumnCells> m_cells;
+  std::unordered_map<const MUDataFileBlock*, std::vector<std::size_t>> m_places;
   std::vector<bool> m_areNumbers;
   std::vector<std::string> m_room;  // of cells that are not stored as UTF-8
 };

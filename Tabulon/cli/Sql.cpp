@@ -50,10 +50,11 @@ void Sql(const CommandLine& commandLine, DrivenTable& driven) {
   const Columns columns = driven.MakeColumns(commandLine.mergedPrefixes);
   const SelectedRows selected(commandLine, driven, columns);
   FlagRows(driven, commandLine.flaggedRows, selected.rows);
-  SqlRows rows(driven, columns, selected.rows);
+  const bool asksForAll = commandLine.query == LIST_OF_TABLES || !commandLine.saveFile.empty();
+  SqlRows rows(driven, columns, selected.rows, asksForAll ? "" : commandLine.query);
   SqlFiles files(driven);
   SqlDatabase database;
-  const std::size_t leftOut = rows.Register(database.Handle(), commandLine.query);
+  const std::size_t leftOut = rows.Register(database.Handle());
   if (leftOut > 0) {
     std::cerr << "tabulon-cli: rows has more columns than SQLite takes; "
               << Counted(leftOut, "column") << " not named in the query left out\n";

@@ -101,10 +101,12 @@ const sqlite3_module SqlRows::MODULE = [] {
   return module;
 }();
 
-SqlRows::SqlRows(DrivenTable& driven, const Columns& columns, const std::vector<DataRow*>& rows)
+SqlRows::SqlRows(DrivenTable& driven, const Columns& columns, const std::vector<DataRow*>& rows,
+                 std::string query)
     : m_driven(driven),
       m_columns(columns),
       m_rows(rows),
+      m_query(std::move(query)),
       m_cells(columns.All().size()),
       m_questions(columns.All().size()) {
   AddSqlColumns();
@@ -132,8 +134,9 @@ void SqlRows::AddSqlColumns() {
       SqlColumn column;
       column.name = all[i].label;
       column.column = i;
-      column.isNumbers = all[i].kind == Column::Kind::Line ||
-                         (!origin && HoldsOnlyNumbers(Cells(i), m_rows, IsPlainNumber));
+      column.isNumbers =
+          all[i].kind == Column::Kind::Line ||
+          (!origin && MayBeAskedFor(all[i]) && HoldsOnlyNumbers(Cells(i), m_rows, IsPlainNumber));
       m_sqlColumns.push_back(column);
     }
   }
@@ -150,26 +153,42 @@ void SqlRows::AddSqlColumns() {
   }
 }
 
-std::size_t SqlRows::KeepWithinLimit(std::size_t limit, const std::string& query) {
+// The query is not parsed: a name may stand in it by chance, but not be missing where it is meant.
+bool SqlRows::MayBeNamed(const std::string& name) const {
+  std::string doubled;
+  for (const char byte : name) doubled.append(byte == '"' ? 2 : 1, byte);
+  return ContainsWithoutCase(m_query, name) || ContainsWithoutCase(m_query, doubled);
+}
+
+bool SqlRows::MayBeAskedFor(const Column& column) const {
+  if (m_query.empty()) return true;
+  for (std::size_t star = m_query.find('*'); star != std::string::npos;
+       star = m_query.find('*', star + 1)) {
+    // count(*) asks for no column.
+    if (star == 0 || m_query[star - 1] != '(') return true;
+  }
+  return MayBeNamed(column.label) || MayBeNamed(Typeable(column.name)) ||
+         MayBeNamed(Utf8(column.name));
+}
+
+std::size_t SqlRows::KeepWithinLimit(std::size_t limit) {
   if (m_sqlColumns.size() <= limit) return 0;
-  const auto isUnnamed = [&query](const SqlColumn& column) {
-    return !ContainsWithoutCase(query, column.name);
-  };
-  m_sqlColumns.erase(
-      std::remove_if(m_sqlColumns.begin(), m_sqlColumns.end(),
-                     [&](const SqlColumn& column) { return column.isAlias && isUnnamed(column); }),
-      m_sqlColumns.end());
+  m_sqlColumns.erase(std::remove_if(m_sqlColumns.begin(), m_sqlColumns.end(),
+                                    [this](const SqlColumn& column) {
+                                      return column.isAlias && !MayBeNamed(column.name);
+                                    }),
+                     m_sqlColumns.end());
   if (m_sqlColumns.size() <= limit) return 0;
   const std::size_t before = m_sqlColumns.size();
   std::stable_partition(m_sqlColumns.begin(), m_sqlColumns.end(),
-                        [&](const SqlColumn& column) { return !isUnnamed(column); });
+                        [this](const SqlColumn& column) { return MayBeNamed(column.name); });
   m_sqlColumns.resize(limit);
   return before - limit;
 }
 
-std::size_t SqlRows::Register(sqlite3* database, const std::string& query) {
+std::size_t SqlRows::Register(sqlite3* database) {
   const int limit = sqlite3_limit(database, SQLITE_LIMIT_COLUMN, -1);
-  const std::size_t leftOut = KeepWithinLimit(static_cast<std::size_t>(limit), query);
+  const std::size_t leftOut = KeepWithinLimit(static_cast<std::size_t>(limit));
   sqlite3_create_module(database, "rows", &MODULE, this);
   return leftOut;
 }

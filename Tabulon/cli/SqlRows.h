@@ -31,11 +31,13 @@ class SqlRows {
   };
 
   // The rows, in load order, are all that are shown in the table. All of these must outlive this and the database.
-  SqlRows(DrivenTable& driven, const Columns& columns, const std::vector<DataRow*>& rows);
+  // query: only columns that it may name are looked through for numbers; empty if all may be asked for.
+  SqlRows(DrivenTable& driven, const Columns& columns, const std::vector<DataRow*>& rows,
+          std::string query);
 
-  // Makes the table known to the database. query: if there are more columns than SQLite takes, the table has
-  // those that are named in it. Answers how many columns were left out.
-  std::size_t Register(sqlite3* database, const std::string& query);
+  // Makes the table known to the database. If there are more columns than SQLite takes, the table has those that
+  // the query names. Answers how many columns were left out.
+  std::size_t Register(sqlite3* database);
 
   const std::vector<SqlColumn>& SqlColumns() const { return m_sqlColumns; }
 
@@ -68,7 +70,9 @@ class SqlRows {
   static int RowidOf(sqlite3_vtab_cursor* cursor, sqlite3_int64* rowid);
 
   void AddSqlColumns();
-  std::size_t KeepWithinLimit(std::size_t limit, const std::string& query);
+  std::size_t KeepWithinLimit(std::size_t limit);
+  bool MayBeNamed(const std::string& name) const;
+  bool MayBeAskedFor(const Column& column) const;
   std::string Declaration() const;
   int PlanFor(sqlite3_index_info* info);
   bool CanOrderBy(const sqlite3_index_info& info) const;
@@ -89,6 +93,7 @@ class SqlRows {
   DrivenTable& m_driven;
   const Columns& m_columns;
   const std::vector<DataRow*>& m_rows;
+  const std::string m_query;
   std::vector<SqlColumn> m_sqlColumns;
   std::vector<std::unique_ptr<ColumnCells>> m_cells;  // made when first needed
   std::vector<unsigned> m_questions;                  // how often a column was searched

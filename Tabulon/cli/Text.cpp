@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <clocale>
+#include <cstdint>
+#include <cstring>
 #include <cwchar>
 
 #include "Tabulon/src/rows/MUColumnReader.h"
@@ -13,12 +15,39 @@ namespace TabulonCli {
 
 namespace {
 
-// Without an early end, so that the compiler can look at many bytes at once.
+constexpr std::uint64_t EACH_BYTE = 0x0101010101010101u;
+constexpr std::uint64_t HIGH_BITS = 0x80 * EACH_BYTE;
+
+// Whether no word of eight bytes has a high bit in what test makes of it. Bytes beyond the end are blanks.
+template <typename TEST>
+bool PassesEverywhere(std::string_view text, TEST test) {
+  std::uint64_t failures = 0;
+  std::uint64_t word = 0;
+  std::size_t i = 0;
+  for (; i + sizeof word <= text.size(); i += sizeof word) {
+    std::memcpy(&word, text.data() + i, sizeof word);
+    failures |= test(word);
+  }
+  if (i < text.size()) {
+    word = ' ' * EACH_BYTE;
+    std::memcpy(&word, text.data() + i, text.size() - i);
+    failures |= test(word);
+  }
+  return (failures & HIGH_BITS) == 0;
+}
+
 bool IsAscii(std::string_view text) {
-  unsigned char all = 0;
-  for (const char byte : text)
-    all = static_cast<unsigned char>(all | static_cast<unsigned char>(byte));
-  return all < 128;
+  return PassesEverywhere(text, [](std::uint64_t word) { return word; });
+}
+
+// ASCII without control characters.
+bool IsPlain(std::string_view text) {
+  return PassesEverywhere(text, [](std::uint64_t word) {
+    const std::uint64_t below32 = (word - ' ' * EACH_BYTE) & ~word;
+    const std::uint64_t differsFrom127 = word ^ (0x7F * EACH_BYTE);
+    const std::uint64_t is127 = (differsFrom127 - EACH_BYTE) & ~differsFrom127;
+    return word | below32 | is127;
+  });
 }
 
 }  // namespace
@@ -103,6 +132,10 @@ wxString Harmless(const wxString& text) {
 }
 
 void AppendHarmless(std::string& bytes, std::string_view utf8) {
+  if (IsPlain(utf8)) {
+    bytes.append(utf8);
+    return;
+  }
   // 0xC2 leads the characters 128 to 191, of which the lower half are control characters.
   bool plain = true;
   for (const char byte : utf8) {

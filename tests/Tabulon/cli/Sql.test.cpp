@@ -156,6 +156,26 @@ TEST_F(SqlOfTheCli, ErrorsAreSqlitesOwnAndShowThePlace) {
             "tabulon-cli: one query at a time\n  SELECT 1; SELECT 2\n           ^\n");
 }
 
+TEST_F(SqlOfTheCli, TheQueryComesFirst) {
+  EXPECT_EQ(Complaint({"sql", "g.txt", "SELECT 1"}),
+            "tabulon-cli: SELECT 1: no such file\n"
+            "The query comes before the files, and \"g.txt\" was taken for it.\n");
+}
+
+// A column is looked through for numbers if the query names it in any way.
+TEST_F(SqlOfTheCli, AColumnOfNumbersIsOneHoweverItIsAskedFor) {
+  WriteFile(folder / "n.txt", "p\nt\nd\n\nA\ta\"b\tC\n\t\tD\n1\t2\t3\n");
+  EXPECT_EQ(Query("SELECT typeof(a) t, typeof(\"A\"\"B\") u, typeof(\"c\\nd\") v, "
+                  "typeof(\"C\nD\") w FROM rows",
+                  {"n.txt"}),
+            "t,u,v,w\ninteger,integer,integer,integer\n");
+  EXPECT_EQ(
+      Query("SELECT sum(x) s FROM (SELECT count(*), typeof(q.A) = 'integer' AS x FROM (SELECT "
+            "* FROM rows) q)",
+            {"n.txt"}),
+      "s\n1\n");
+}
+
 TEST_F(SqlOfTheCli, NothingCanBeWrittenByAQuery) {
   for (const std::string query :
        {"ATTACH 'w.sqlite' AS w", "VACUUM INTO 'w.sqlite'", "CREATE TABLE t(a)", "DELETE FROM rows",

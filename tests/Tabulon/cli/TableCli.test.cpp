@@ -278,6 +278,17 @@ TEST_F(TableCli, HelpAndVersionAreNoErrors) {
   EXPECT_EQ(Output({"--version"}).substr(0, 12), "tabulon-cli ");
 }
 
+TEST_F(TableCli, EveryCommandsHelpHasAnExampleAndTheExitStatuses) {
+  const std::string help = Output({"--help"});
+  for (const std::string command :
+       {"show", "distinct", "count", "group", "summary", "diff", "sql", "info"}) {
+    EXPECT_NE(help.find("\n  tabulon-cli " + command + " "), std::string::npos) << command;
+    const std::string own = Output({command, "--help"});
+    EXPECT_NE(own.find("\n  tabulon-cli " + command + " "), std::string::npos) << command;
+    EXPECT_NE(own.find("Exit status: 0 fine"), std::string::npos) << command;
+  }
+}
+
 TEST_F(TableCli, AFullDeviceIsNoSuccess) {
   if (!Exists("/dev/full")) GTEST_SKIP() << "no /dev/full";
   const std::string command =
