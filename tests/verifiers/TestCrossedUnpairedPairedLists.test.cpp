@@ -427,6 +427,13 @@ TEST(TestCrossedUnpairedPairedLists, ReportsAThirdRepeat) {
   EXPECT_EQ(file.Failures(), Lines{BAD_LETTERS_4});
 }
 
+TEST(TestCrossedUnpairedPairedLists, ReportsAMissingRepeat) {
+  DataFile file = WithLetters(Sample(), TRIAL_4, "AABBCDE");
+  const auto rows = RowsOf(file, TRIAL_4);
+  file.RemoveRow(rows[1]).RemoveRow(rows[0]);  // a letter and its number
+  EXPECT_EQ(file.Failures(), (Lines{BAD_LETTERS_4, BAD_COUNT_4}));
+}
+
 TEST(TestCrossedUnpairedPairedLists, ReportsOneNumberTooFewAndEndsThere) {
   DataFile file = Sample();
   file.Set(RowsOf(file, TRIAL_4).back(), EVENT, "numbers7 (8, 8)");
