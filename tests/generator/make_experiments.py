@@ -95,7 +95,7 @@ def write_compared_columns(folder, root):
     with open(folder / "columns.tsv", "w", encoding="utf-8") as table:
         for source in sorted((root / "verifiers").glob("*.cpp")):
             text = source.read_text(encoding="utf-8")
-            for column in re.findall(r'VerifyVerbatimColumnContent\(\s*wxT\("((?:[^"\\\\]|\\\\.)*)"', text):
+            for column in re.findall(r'VerifyVerbatimColumnContent\(\s*wxT\("((?:[^"\\]|\\.)*)"', text):
                 table.write(f"{source.stem}.om5\t{column}\n")
 
 
