@@ -4,8 +4,8 @@
 
 #include <algorithm>
 #include <charconv>
-#include <map>
 
+#include "host/results/Explanation.h"
 #include "host/results/Manifest.h"
 #include "host/results/WideText.h"
 
@@ -29,26 +29,6 @@ TestOutcome OutcomeOf(const TestResult& result, std::size_t number) {
   test.location = result.location;
   test.message = result.message;
   return test;
-}
-
-// The registered names by the key that the plug-in looks for.
-const std::map<wxString, std::string>& ExperimentsByKey() {
-  static const std::map<wxString, std::string> experiments = [] {
-    std::map<wxString, std::string> all;
-    for (const VerifierEntry& entry : Verifiers()) {
-      const std::string& name = entry.experiment;
-      all.emplace(wxString::FromUTF8(name.data(), name.size()).Upper(), name);
-    }
-    return all;
-  }();
-  return experiments;
-}
-
-// The plug-in looks for the verifier of the file's name up to its first blank, whatever the case.
-std::string ExperimentOf(const std::filesystem::path& datafile) {
-  const wxString name = wxFileName(TextOfPath(datafile)).GetName().BeforeFirst(wxT(' '));
-  const auto found = ExperimentsByKey().find(name.Upper());
-  return found == ExperimentsByKey().end() ? Utf8OfText(name) : found->second;
 }
 
 // The number in "<start><experiment>__812_ms".
@@ -91,8 +71,13 @@ ReportContent ContentOf(const std::vector<TestResult>& results) {
   return content;
 }
 
+std::string ExperimentLookedUp(const std::filesystem::path& datafile) {
+  const std::string registered = ExperimentOf(datafile);
+  if (!registered.empty()) return registered;
+  return Utf8OfText(wxFileName(TextOfPath(datafile)).GetName().BeforeFirst(wxT(' ')));
+}
+
 void ConcludeFromTests(DatafileResult& datafile) {
-  datafile.experiment = ExperimentOf(datafile.path);
   for (TestOutcome& test : datafile.tests) {
     if (test.outcome == Outcome::Failed && IsTolerated(datafile.experiment, test.name)) {
       test.outcome = Outcome::Tolerated;

@@ -23,6 +23,8 @@ namespace {
 // Seconds after which a data file's verdict is not waited for any more. Most runs are done before.
 constexpr double PATIENCE = 0.5;
 
+constexpr int MILLISECONDS_BETWEEN_LOOKS = 5;
+
 bool HasFailingTest(const std::vector<TestOutcome>& tests) {
   return std::any_of(tests.begin(), tests.end(),
                      [](const TestOutcome& test) { return test.outcome != Outcome::Passed; });
@@ -71,6 +73,10 @@ Supervisor::Supervisor(const Plan& plan, Progress& progress, VerdictListener& li
                [this](const SecondRun::Task& task, const std::optional<DatafileResult>& result,
                       const std::string& why) { TakeSecond(task, result, why); }),
       m_plugin({plan.library, &plan.datafiles, plan.timeout, plan.jobs}, *this) {
+  // The children are at work by now.
+  for (DatafileResult& datafile : results.datafiles) {
+    datafile.experiment = ExperimentLookedUp(datafile.path);
+  }
   if (!plan.machine) return;
   for (std::size_t i = 0; i < m_states.size(); ++i) m_second.Ask({i, plan.machine});
 }
@@ -98,6 +104,10 @@ bool Supervisor::IsFinished() const {
 }
 
 void Supervisor::Wait() const {
+  // Many short steps are taken together, for each look at them takes time from who does them. The end of a
+  // process is heard of at once.
+  pollfd signals = {m_signals.Descriptor(), POLLIN, 0};
+  poll(&signals, 1, MILLISECONDS_BETWEEN_LOOKS);
   std::vector<pollfd> descriptors = {{m_signals.Descriptor(), POLLIN, 0}};
   m_plugin.AddTo(descriptors);
   m_second.AddTo(descriptors);
@@ -217,6 +227,7 @@ void Supervisor::TakeSecond(const SecondRun::Task& task,
   state.noSecond = why;
   if (!result) return;
   state.second->path = m_results.datafiles[task.datafile].path;
+  state.second->experiment = m_results.datafiles[task.datafile].experiment;
   ConcludeFromTests(*state.second);
 }
 
