@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <utility>
 
 #include "host/results/Explanation.h"
 #include "host/results/Manifest.h"
@@ -17,17 +18,17 @@ bool StartsWith(const std::string& text, const std::string& start) {
   return text.compare(0, start.size(), start) == 0;
 }
 
-// number: the result's place in the report, from 1, which the report gives with three digits or more.
-TestOutcome OutcomeOf(const TestResult& result, std::size_t number) {
+// Takes the texts over. number: the result's place in the report, from 1, which the report gives with three digits or more.
+TestOutcome OutcomeOf(TestResult& result, std::size_t number) {
   const std::size_t digits = std::max<std::size_t>(3, std::to_string(number).size());
   TestOutcome test;
   test.number = static_cast<int>(number);
   test.name = result.name.substr(std::string("test").size() + digits);
   if (!result.failed) return test;
   test.outcome = Outcome::Failed;
-  test.subject = result.subject;
-  test.location = result.location;
-  test.message = result.message;
+  test.subject = std::move(result.subject);
+  test.location = std::move(result.location);
+  test.message = std::move(result.message);
   return test;
 }
 
@@ -61,7 +62,7 @@ Outcome OutcomeOf(const std::vector<TestOutcome>& tests) {
 
 }  // namespace
 
-ReportContent ContentOf(const std::vector<TestResult>& results) {
+ReportContent ContentOf(std::vector<TestResult> results) {
   ReportContent content;
   for (std::size_t i = 0; i < results.size(); ++i) {
     if (StartsDatafile(results[i])) content.ofDatafiles.emplace_back();

@@ -17,7 +17,7 @@ struct ReportContent {
 };
 
 // The entries as ReadReport gives them.
-ReportContent ContentOf(const std::vector<TestResult>& results);
+ReportContent ContentOf(std::vector<TestResult> results);
 
 // The registered name that the plug-in finds a data file's verifier under; if there is none, the name that
 // it looked for.
