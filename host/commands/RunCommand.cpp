@@ -80,6 +80,7 @@ RunResults ResultsOf(const Supervisor::Plan& plan, const std::optional<Shard>& s
   results.machine = ThisMachine();
   results.started = UtcNow();
   results.shard = shard;
+  results.datafiles.reserve(plan.datafiles.size());
   for (const Datafile& datafile : plan.datafiles) {
     results.datafiles.emplace_back();
     results.datafiles.back().path = datafile.given;

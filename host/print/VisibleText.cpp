@@ -160,6 +160,10 @@ std::string CellShown(const std::string& text, std::size_t limit, std::size_t ar
 }
 
 std::string PathShown(const std::string& path) {
+  // Nearly every path is plain.
+  const bool isPlain =
+      std::all_of(path.begin(), path.end(), [](char c) { return c >= ' ' && c <= '~'; });
+  if (isPlain) return path;
   std::string shown;
   for (const CodePoint& point : CodePointsOf(path)) {
     if (point.valid) {

@@ -4,8 +4,9 @@
 
 #include <algorithm>
 #include <charconv>
-#include <map>
+#include <utility>
 
+#include "host/results/Explanation.h"
 #include "host/results/Manifest.h"
 #include "host/results/WideText.h"
 
@@ -17,38 +18,18 @@ bool StartsWith(const std::string& text, const std::string& start) {
   return text.compare(0, start.size(), start) == 0;
 }
 
-// number: the result's place in the report, from 1, which the report gives with three digits or more.
-TestOutcome OutcomeOf(const TestResult& result, std::size_t number) {
+// Takes the texts over. number: the result's place in the report, from 1, which the report gives with three digits or more.
+TestOutcome OutcomeOf(TestResult& result, std::size_t number) {
   const std::size_t digits = std::max<std::size_t>(3, std::to_string(number).size());
   TestOutcome test;
   test.number = static_cast<int>(number);
   test.name = result.name.substr(std::string("test").size() + digits);
   if (!result.failed) return test;
   test.outcome = Outcome::Failed;
-  test.subject = result.subject;
-  test.location = result.location;
-  test.message = result.message;
+  test.subject = std::move(result.subject);
+  test.location = std::move(result.location);
+  test.message = std::move(result.message);
   return test;
-}
-
-// The registered names by the key that the plug-in looks for.
-const std::map<wxString, std::string>& ExperimentsByKey() {
-  static const std::map<wxString, std::string> experiments = [] {
-    std::map<wxString, std::string> all;
-    for (const VerifierEntry& entry : Verifiers()) {
-      const std::string& name = entry.experiment;
-      all.emplace(wxString::FromUTF8(name.data(), name.size()).Upper(), name);
-    }
-    return all;
-  }();
-  return experiments;
-}
-
-// The plug-in looks for the verifier of the file's name up to its first blank, whatever the case.
-std::string ExperimentOf(const std::filesystem::path& datafile) {
-  const wxString name = wxFileName(TextOfPath(datafile)).GetName().BeforeFirst(wxT(' '));
-  const auto found = ExperimentsByKey().find(name.Upper());
-  return found == ExperimentsByKey().end() ? Utf8OfText(name) : found->second;
 }
 
 // The number in "<start><experiment>__812_ms".
@@ -81,7 +62,7 @@ Outcome OutcomeOf(const std::vector<TestOutcome>& tests) {
 
 }  // namespace
 
-ReportContent ContentOf(const std::vector<TestResult>& results) {
+ReportContent ContentOf(std::vector<TestResult> results) {
   ReportContent content;
   for (std::size_t i = 0; i < results.size(); ++i) {
     if (StartsDatafile(results[i])) content.ofDatafiles.emplace_back();
@@ -91,8 +72,13 @@ ReportContent ContentOf(const std::vector<TestResult>& results) {
   return content;
 }
 
+std::string ExperimentLookedUp(const std::filesystem::path& datafile) {
+  const std::string registered = ExperimentOf(datafile);
+  if (!registered.empty()) return registered;
+  return Utf8OfText(wxFileName(TextOfPath(datafile)).GetName().BeforeFirst(wxT(' ')));
+}
+
 void ConcludeFromTests(DatafileResult& datafile) {
-  datafile.experiment = ExperimentOf(datafile.path);
   for (TestOutcome& test : datafile.tests) {
     if (test.outcome == Outcome::Failed && IsTolerated(datafile.experiment, test.name)) {
       test.outcome = Outcome::Tolerated;

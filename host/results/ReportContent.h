@@ -2,6 +2,8 @@
 #ifndef OMBRELIA_HOST_RESULTS_REPORTCONTENT_H
 #define OMBRELIA_HOST_RESULTS_REPORTCONTENT_H
 
+#include <filesystem>
+#include <string>
 #include <vector>
 
 #include "host/results/ReportReader.h"
@@ -15,10 +17,14 @@ struct ReportContent {
 };
 
 // The entries as ReadReport gives them.
-ReportContent ContentOf(const std::vector<TestResult>& results);
+ReportContent ContentOf(std::vector<TestResult> results);
 
-// Fills in what follows from the data file's path and its tests: the experiment, which failures are
-// tolerated, the outcome and the times that the host needed.
+// The registered name that the plug-in finds a data file's verifier under; if there is none, the name that
+// it looked for.
+std::string ExperimentLookedUp(const std::filesystem::path& datafile);
+
+// Fills in what follows from the data file's experiment, which is filled in already, and its tests: which
+// failures are tolerated, the outcome and the times that the host needed.
 void ConcludeFromTests(DatafileResult& datafile);
 
 }  // namespace OmbreliaHost

@@ -7,6 +7,7 @@
 #include <cstring>
 #include <fstream>
 #include <memory>
+#include <utility>
 
 #include "host/results/ExitStatus.h"
 
@@ -88,7 +89,7 @@ void ReportParser::OnStart(void* self, const XML_Char* element, const XML_Char**
   } else if (std::strcmp(element, "testcase") == 0) {
     TestResult result;
     result.name = AttributeOf(attributes, "name");
-    parser.m_results.push_back(result);
+    parser.m_results.push_back(std::move(result));
     parser.m_testIsOpen = true;
   } else if (std::strcmp(element, "failure") == 0 && parser.m_testIsOpen) {
     parser.m_results.back().failed = true;

@@ -16,10 +16,12 @@
 #include <cstring>
 #include <exception>
 #include <iostream>
+#include <nlohmann/json.hpp>
 #include <set>
 #include <sstream>
 
 #include "host/results/ExitStatus.h"
+#include "host/results/ResultsJson.h"
 #include "host/run/SignalWatch.h"
 
 namespace OmbreliaHost {
@@ -66,15 +68,11 @@ void WriteAll(int descriptor, const char* text, std::size_t length) {
   }
 }
 
-std::string OneLine(const nlohmann::json& message) {
-  return message.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
-}
-
 [[noreturn]] void RunWork(const ChildProcess::Work& work, int messages) {
   int status = 0;
   try {
-    work([messages](const nlohmann::json& message) {
-      const std::string line = OneLine(message) + "\n";
+    work([messages](const std::string& message) {
+      const std::string line = message + "\n";
       WriteAll(messages, line.data(), line.size());
     });
   } catch (const std::exception& error) {
@@ -104,7 +102,7 @@ void SettleInChild(pid_t parent, int errors) {
 
 // Bytes that are no UTF-8 are replaced.
 std::string AsUtf8(const std::string& text) {
-  return nlohmann::json::parse(OneLine(text)).get<std::string>();
+  return nlohmann::json::parse(JsonText(text, -1)).get<std::string>();
 }
 
 }  // namespace
@@ -183,21 +181,18 @@ void ChildProcess::Read(int& descriptor,
   }
 }
 
-std::vector<nlohmann::json> ChildProcess::TakeMessages() {
+std::vector<std::string> ChildProcess::TakeMessages() {
   Read(m_errors, [this](const char* text, std::size_t length) {
     if (m_passOn == Errors::PassedOn) WriteAll(STDERR_FILENO, text, length);
     KeepLastLines(text, length);
   });
   Read(m_messages,
        [this](const char* text, std::size_t length) { m_unfinishedMessage.append(text, length); });
-  std::vector<nlohmann::json> messages;
+  std::vector<std::string> messages;
   std::size_t start = 0;
   for (std::size_t end = 0; (end = m_unfinishedMessage.find('\n', start)) != std::string::npos;
        start = end + 1) {
-    const nlohmann::json message = nlohmann::json::parse(
-        m_unfinishedMessage.begin() + static_cast<std::ptrdiff_t>(start),
-        m_unfinishedMessage.begin() + static_cast<std::ptrdiff_t>(end), nullptr, false);
-    if (message.is_object()) messages.push_back(message);
+    messages.push_back(m_unfinishedMessage.substr(start, end - start));
   }
   m_unfinishedMessage.erase(0, start);
   return messages;

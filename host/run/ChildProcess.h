@@ -7,7 +7,6 @@
 
 #include <deque>
 #include <functional>
-#include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
 #include <vector>
@@ -21,8 +20,8 @@ namespace OmbreliaHost {
 // empty; the last lines that it writes to standard error are kept.
 class ChildProcess {
  public:
-  // Sends a message to the parent; a JSON value on one line.
-  using Tell = std::function<void(const nlohmann::json&)>;
+  // Sends a message to the parent: one line of text, without its end.
+  using Tell = std::function<void(const std::string&)>;
   using Work = std::function<void(const Tell&)>;
 
   // work runs in the new process, which then ends with status 0 without any exit handler. An exception's
@@ -37,9 +36,8 @@ class ChildProcess {
   pid_t Pid() const { return m_pid; }
   // Adds what is to be waited for.
   void AddTo(std::vector<pollfd>& descriptors) const;
-  // Reads what is there without waiting, and gives the messages that became whole. Lines that are no JSON
-  // are left out: the work may have written anywhere.
-  std::vector<nlohmann::json> TakeMessages();
+  // Reads what is there without waiting, and gives the messages that became whole.
+  std::vector<std::string> TakeMessages();
   // Has it ended? If so, nothing of its group is left, and all its messages can be taken.
   bool HasEnded();
   // Ends it and its group at once.

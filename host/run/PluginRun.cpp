@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "host/run/LossText.h"
-#include "host/run/PluginWork.h"
 #include "host/run/ReportFile.h"
 
 namespace OmbreliaHost {
@@ -41,7 +40,9 @@ double PluginRun::Deadline() const {
 void PluginRun::Handle() {
   for (auto child = m_children.begin(); child != m_children.end();) {
     const bool ended = child->process.HasEnded();
-    for (const nlohmann::json& step : child->process.TakeMessages()) Apply(*child, step);
+    for (const std::string& line : child->process.TakeMessages()) {
+      if (const auto step = PluginStep::OfLine(line)) Apply(*child, *step);
+    }
     if (ended) {
       Conclude(*child);
       child = m_children.erase(child);
@@ -94,36 +95,33 @@ void PluginRun::Start(const Batch& batch) {
       batch, [&work](const ChildProcess::Tell& tell) { VerifyWithPlugin(work, tell); });
 }
 
-void PluginRun::Apply(Child& child, const nlohmann::json& step) {
-  const std::string event = step.value("event", "");
-  const double at = step.value("at", child.lastStep);
-  const std::size_t datafile = step.value("datafile", m_settled.size());
-  const std::size_t assertions = step.value("assertions", std::size_t(0));
-  const double seconds = at - child.lastStep;
-  child.lastStep = at;
-  if (event == "loaded") {
+void PluginRun::Apply(Child& child, const PluginStep& step) {
+  const double seconds = step.at - std::exchange(child.lastStep, step.at);
+  if (step.event == "loaded") {
     child.loaded = true;
-    m_listener.OnLoaded(assertions);
-  } else if (event == "begin" && datafile < m_settled.size()) {
-    child.current = datafile;
-    m_listener.OnBegin(datafile);
-  } else if (event == "end" && child.current == datafile) {
+    m_listener.OnLoaded(step.assertions);
+  } else if (step.event == "begin" && step.number < m_settled.size()) {
+    child.current = step.number;
+    m_listener.OnBegin(step.number);
+  } else if (step.event == "end" && child.current == step.number) {
     child.current.reset();
-    child.ended.push_back(datafile);
-    m_listener.OnEnd(datafile, seconds, assertions);
-  } else if (event == "flush") {
+    child.ended.push_back(step.number);
+    m_listener.OnEnd(step.number, seconds, step.assertions);
+  } else if (step.event == "flush") {
     child.flushing = true;
-  } else if (event == "report") {
+  } else if (step.event == "report") {
     child.reported = true;
-  } else if (event == "fault") {
-    child.fault.emplace(static_cast<ExitStatus>(step.value("status", 0)), step.value("why", ""));
+    TakeReport(child);
+  } else if (step.event == "fault") {
+    child.fault.emplace(static_cast<ExitStatus>(step.number), step.why);
   }
 }
 
 void PluginRun::Conclude(Child& child) {
   if (child.fault) throw *child.fault;
   if (child.reported) {
-    ConcludeReported(child);
+    const Loss& end = child.process.End();
+    if (end.signal != 0 || end.exitStatus != 0) m_listener.OnBadUnload(end);
   } else if (!child.loaded) {
     ConcludeUnloaded(child);
   } else if (child.flushing) {
@@ -140,7 +138,8 @@ void PluginRun::Conclude(Child& child) {
   }
 }
 
-void PluginRun::ConcludeReported(Child& child) {
+// While the process still unloads the plug-in.
+void PluginRun::TakeReport(const Child& child) {
   m_losses = 0;
   const std::filesystem::path report = ReportFile::PathOf(child.process.Pid());
   for (const std::size_t datafile : child.ended) m_settled[datafile] = true;
@@ -152,8 +151,6 @@ void PluginRun::ConcludeReported(Child& child) {
   } else {
     m_listener.OnReport(report, child.ended);
   }
-  const Loss& end = child.process.End();
-  if (end.signal != 0 || end.exitStatus != 0) m_listener.OnBadUnload(end);
 }
 
 void PluginRun::ConcludeUnloaded(Child& child) {

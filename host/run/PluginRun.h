@@ -15,6 +15,7 @@
 #include "host/results/RunResults.h"
 #include "host/run/ChildProcess.h"
 #include "host/run/DatafileList.h"
+#include "host/run/PluginWork.h"
 #include "host/run/SharedCounter.h"
 
 namespace OmbreliaHost {
@@ -96,9 +97,9 @@ class PluginRun {
   void StartChildren();
   std::optional<Batch> NextBatch();
   void Start(const Batch& batch);
-  void Apply(Child& child, const nlohmann::json& step);
+  void Apply(Child& child, const PluginStep& step);
   void Conclude(Child& child);
-  void ConcludeReported(Child& child);
+  void TakeReport(const Child& child);
   void ConcludeUnloaded(Child& child);
   void ConcludeUnreported(Child& child);
   void VerifyAgain(const Child& child);

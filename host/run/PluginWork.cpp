@@ -1,5 +1,8 @@
 #include "host/run/PluginWork.h"
 
+#include <algorithm>
+#include <array>
+#include <cstdio>
 #include <utility>
 
 #include "host/results/ExitStatus.h"
@@ -15,9 +18,9 @@ namespace {
 class Steps {
  public:
   explicit Steps(const ChildProcess::Tell& tell) : m_tell(tell) {}
-  void Tell(nlohmann::json step) const {
-    step["at"] = ChildProcess::Now();
-    m_tell(step);
+  void Tell(const char* event, std::size_t number = 0, std::size_t assertions = 0,
+            const std::string& why = std::string()) const {
+    m_tell(PluginStep{event, ChildProcess::Now(), number, assertions, why}.Line());
   }
 
  private:
@@ -29,7 +32,7 @@ class Verification {
   Verification(const PluginWork& work, const Steps& steps)
       : m_work(work), m_steps(steps), m_library(work.library) {
     m_assertions.ForwardTo(&m_library.Plugin());
-    m_steps.Tell({{"event", "loaded"}, {"assertions", NewAssertions()}});
+    m_steps.Tell("loaded", 0, NewAssertions());
   }
 
   void VerifyAll() {
@@ -43,17 +46,17 @@ class Verification {
     // A result after the flush would start a report that replaces this one.
     m_assertions.ForwardTo(nullptr);
     report.RememberStateBeforeWriting();
-    m_steps.Tell({{"event", "flush"}});
+    m_steps.Tell("flush");
     m_library.Plugin().FlushTestOutput();
-    m_steps.Tell({{"event", report.IsWritten() ? "report" : "no report"}});
+    m_steps.Tell(report.IsWritten() ? "report" : "no-report");
   }
 
  private:
   void Verify(std::size_t index) {
     const Datafile& datafile = (*m_work.datafiles)[index];
-    m_steps.Tell({{"event", "begin"}, {"datafile", index}});
+    m_steps.Tell("begin", index);
     m_library.Plugin().PerformPostProcessing(TextOfPath(datafile.path), datafile.areas);
-    m_steps.Tell({{"event", "end"}, {"datafile", index}, {"assertions", NewAssertions()}});
+    m_steps.Tell("end", index, NewAssertions());
   }
 
   std::size_t NewAssertions() {
@@ -70,6 +73,27 @@ class Verification {
 
 }  // namespace
 
+std::string PluginStep::Line() const {
+  std::array<char, 96> start{};
+  std::snprintf(start.data(), start.size(), "%s %.6f %zu %zu ", event.c_str(), at, number,
+                assertions);
+  std::string line = start.data() + why;
+  std::replace(line.begin(), line.end(), '\n', ' ');
+  return line;
+}
+
+std::optional<PluginStep> PluginStep::OfLine(const std::string& line) {
+  std::array<char, 16> event{};
+  PluginStep step;
+  int length = 0;
+  const int fields = std::sscanf(line.c_str(), "%15s %lf %zu %zu %n", event.data(), &step.at,
+                                 &step.number, &step.assertions, &length);
+  if (fields != 4) return std::nullopt;
+  step.event = event.data();
+  step.why = line.substr(static_cast<std::size_t>(length));
+  return step;
+}
+
 void VerifyWithPlugin(const PluginWork& work, const ChildProcess::Tell& tell) {
   const Steps steps(tell);
   try {
@@ -78,8 +102,7 @@ void VerifyWithPlugin(const PluginWork& work, const ChildProcess::Tell& tell) {
     verification.VerifyAll();
     verification.WriteReport(report);
   } catch (const RunError& error) {
-    steps.Tell(
-        {{"event", "fault"}, {"status", static_cast<int>(error.Status())}, {"why", error.what()}});
+    steps.Tell("fault", static_cast<std::size_t>(error.Status()), 0, error.what());
   }
 }
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <nlohmann/json.hpp>
 
 #include "host/results/ResultsJson.h"
 #include "host/run/LossText.h"
@@ -41,7 +42,7 @@ double SecondRun::Deadline() const {
 void SecondRun::Handle(bool humbly) {
   for (auto child = m_children.begin(); child != m_children.end();) {
     const bool ended = child->process.HasEnded();
-    for (const nlohmann::json& message : child->process.TakeMessages()) Apply(*child, message);
+    for (const std::string& message : child->process.TakeMessages()) Apply(*child, message);
     if (ended) {
       Conclude(*child);
       child = m_children.erase(child);
@@ -67,16 +68,17 @@ void SecondRun::Start(bool humbly) {
     if (humbly && nice(19) == -1) errno = 0;
     for (const Task& task : tasks) {
       const DatafileResult result = m_plan.verify((*m_plan.datafiles)[task.datafile], task.machine);
-      tell({{"at", ChildProcess::Now()}, {"result", ToJson(result)}});
+      tell(JsonText({{"at", ChildProcess::Now()}, {"result", ToJson(result)}}, -1));
     }
   });
 }
 
-void SecondRun::Apply(Child& child, const nlohmann::json& message) {
+void SecondRun::Apply(Child& child, const std::string& message) {
   if (child.done == child.tasks.size()) return;
-  child.lastStep = message.at("at");
+  const nlohmann::json verdict = nlohmann::json::parse(message);
+  child.lastStep = verdict.at("at");
   const Task& task = child.tasks[child.done++];
-  m_take(task, DatafileResultFromJson(message.at("result")), std::string());
+  m_take(task, DatafileResultFromJson(verdict.at("result")), std::string());
 }
 
 void SecondRun::Conclude(Child& child) {

@@ -64,7 +64,7 @@ class SecondRun {
     bool timedOut = false;
   };
   void Start(bool humbly);
-  void Apply(Child& child, const nlohmann::json& message);
+  void Apply(Child& child, const std::string& message);
   void Conclude(Child& child);
 
   Plan m_plan;

@@ -23,6 +23,8 @@ namespace {
 // Seconds after which a data file's verdict is not waited for any more. Most runs are done before.
 constexpr double PATIENCE = 0.5;
 
+constexpr int MILLISECONDS_BETWEEN_LOOKS = 2;
+
 bool HasFailingTest(const std::vector<TestOutcome>& tests) {
   return std::any_of(tests.begin(), tests.end(),
                      [](const TestOutcome& test) { return test.outcome != Outcome::Passed; });
@@ -71,6 +73,10 @@ Supervisor::Supervisor(const Plan& plan, Progress& progress, VerdictListener& li
                [this](const SecondRun::Task& task, const std::optional<DatafileResult>& result,
                       const std::string& why) { TakeSecond(task, result, why); }),
       m_plugin({plan.library, &plan.datafiles, plan.timeout, plan.jobs}, *this) {
+  // The children are at work by now.
+  for (DatafileResult& datafile : results.datafiles) {
+    datafile.experiment = ExperimentLookedUp(datafile.path);
+  }
   if (!plan.machine) return;
   for (std::size_t i = 0; i < m_states.size(); ++i) m_second.Ask({i, plan.machine});
 }
@@ -98,6 +104,10 @@ bool Supervisor::IsFinished() const {
 }
 
 void Supervisor::Wait() const {
+  // Many short steps are taken together, for each look at them takes time from who does them. The end of a
+  // process is heard of at once.
+  pollfd signals = {m_signals.Descriptor(), POLLIN, 0};
+  poll(&signals, 1, MILLISECONDS_BETWEEN_LOOKS);
   std::vector<pollfd> descriptors = {{m_signals.Descriptor(), POLLIN, 0}};
   m_plugin.AddTo(descriptors);
   m_second.AddTo(descriptors);
@@ -137,8 +147,8 @@ void Supervisor::OnReport(const fs::path& report, const std::vector<std::size_t>
   std::vector<fs::path> paths;
   for (const std::size_t datafile : datafiles) paths.push_back(m_plan.datafiles[datafile].path);
   try {
-    const ReportContent content = ContentOf(ReadReport(report, paths));
-    TakeContent(datafiles, content.beforeFirst, content.ofDatafiles);
+    ReportContent content = ContentOf(ReadReport(report, paths));
+    TakeContent(datafiles, content.beforeFirst, std::move(content.ofDatafiles));
   } catch (const RunError& error) {
     if (error.Status() != ExitStatus::MalformedReport) throw;
     m_brokenReports.push_back({report, datafiles, error.what()});
@@ -153,7 +163,7 @@ void Supervisor::OnBadUnload(const Loss& loss) {
 
 void Supervisor::TakeContent(const std::vector<std::size_t>& datafiles,
                              const std::vector<TestOutcome>& beforeFirst,
-                             const std::vector<std::vector<TestOutcome>>& tests) {
+                             std::vector<std::vector<TestOutcome>> tests) {
   if (!m_beforeFirstIsKnown) {
     m_results.beforeFirst = beforeFirst;
   } else {
@@ -164,7 +174,7 @@ void Supervisor::TakeContent(const std::vector<std::size_t>& datafiles,
   m_beforeFirstIsKnown = true;
   for (std::size_t i = 0; i < datafiles.size(); ++i) {
     DatafileResult& result = m_results.datafiles[datafiles[i]];
-    result.tests = tests[i];
+    result.tests = std::move(tests[i]);
     ConcludeFromTests(result);
     BecomeKnown(datafiles[i]);
   }
@@ -217,6 +227,7 @@ void Supervisor::TakeSecond(const SecondRun::Task& task,
   state.noSecond = why;
   if (!result) return;
   state.second->path = m_results.datafiles[task.datafile].path;
+  state.second->experiment = m_results.datafiles[task.datafile].experiment;
   ConcludeFromTests(*state.second);
 }
 
@@ -250,8 +261,8 @@ void Supervisor::Settle(const BrokenReport& broken) {
   const fs::path copy = RepairedPath(broken.path);
   std::ofstream(copy, std::ios::binary) << repaired.text;
   try {
-    const ReportContent content = ContentOf(ReadReport(copy, paths));
-    TakeContent(broken.datafiles, content.beforeFirst, content.ofDatafiles);
+    ReportContent content = ContentOf(ReadReport(copy, paths));
+    TakeContent(broken.datafiles, content.beforeFirst, std::move(content.ofDatafiles));
     m_results.faults.push_back(copy.string() + ": a repaired copy of the report");
   } catch (const RunError& error) {
     m_results.faults.push_back(std::string("no repaired copy: ") + error.what());
@@ -270,7 +281,7 @@ void Supervisor::TakeSecondInsteadOfReport(const std::vector<std::size_t>& dataf
                : "The report is malformed, and the second verification came to no end: " +
                      m_states[datafile].noSecond + ".");
   }
-  TakeContent(datafiles, ResultsOfTheLoad(), tests);
+  TakeContent(datafiles, ResultsOfTheLoad(), std::move(tests));
   for (const std::size_t datafile : datafiles) {
     if (!m_states[datafile].second) m_results.datafiles[datafile].outcome = Outcome::Lost;
   }

@@ -88,7 +88,7 @@ class Supervisor : private PluginRunListener {
                   const std::string& why);
   void TakeContent(const std::vector<std::size_t>& datafiles,
                    const std::vector<TestOutcome>& beforeFirst,
-                   const std::vector<std::vector<TestOutcome>>& tests);
+                   std::vector<std::vector<TestOutcome>> tests);
   void BecomeKnown(std::size_t datafile);
   bool NeedsSecond(std::size_t datafile) const;
   void AskFor(std::size_t datafile);
