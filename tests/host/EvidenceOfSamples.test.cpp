@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <map>
+#include <ostream>
 #include <set>
 #include <string>
 #include <vector>
@@ -15,6 +16,13 @@
 #include "host/results/SecondVerification.h"
 #include "tests/support/DataFile.h"
 #include "tests/support/Files.h"
+
+namespace OmbreliaHost {
+
+// Without it the name of a test would hold bytes of the entry, addresses among them.
+static void PrintTo(const VerifierEntry& entry, std::ostream* out) { *out << entry.experiment; }
+
+}  // namespace OmbreliaHost
 
 namespace {
 
