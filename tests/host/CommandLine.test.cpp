@@ -120,14 +120,14 @@ TEST_F(CommandLineTest, TheReportGoesBelowTheWorkDirAndInputsStayRelativeToTheCa
 TEST_F(CommandLineTest, RelativeWorkDirAndPluginWork) {
   File("a.txt");
   WriteFile(m_folder / "report", ReportWith(2, 0, FirstResults()));
-  ASSERT_EQ(mkdir((m_folder / "work").c_str(), 0700), 0);
+  ASSERT_EQ(mkdir((m_folder / "below").c_str(), 0700), 0);
   ASSERT_EQ(symlink(OMBRELIA_FAKE_PLUGIN, (m_folder / "plugin.so").c_str()), 0);
   const Finished finished =
-      Verify({"--work-dir", "work", "--plugin", "plugin.so", "a.txt"},
+      Verify({"--work-dir", "below", "--plugin", "plugin.so", "a.txt"},
              {"FAKE_CALLS=" + (m_folder / "calls"), "FAKE_REPORT=" + (m_folder / "report")});
   EXPECT_EQ(finished.status, 0) << finished.err;
   EXPECT_EQ(Calls(), "process " + (m_folder / "a.txt") + "\nflush\n");
-  EXPECT_NE(finished.out.find("\nReport: " + m_folder.Path() + "/work/scons-out/"),
+  EXPECT_NE(finished.out.find("\nReport: " + m_folder.Path() + "/below/scons-out/"),
             std::string::npos)
       << finished.out;
 }
