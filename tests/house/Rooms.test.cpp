@@ -5,7 +5,6 @@
 #include <filesystem>
 #include <functional>
 #include <map>
-#include <regex>
 #include <set>
 #include <sstream>
 #include <string>
@@ -29,21 +28,37 @@ struct Room {
 using Rooms = std::map<std::string, Room>;
 using Includes = std::map<std::string, std::vector<std::string>>;  // by file
 
+// The names between backquotes that end with a slash, without it.
+std::vector<std::string> FoldersIn(const std::string& text) {
+  std::vector<std::string> folders;
+  std::istringstream pieces(text);
+  std::string piece;
+  for (bool quoted = false; std::getline(pieces, piece, '`'); quoted = !quoted) {
+    if (quoted && !piece.empty() && piece.back() == '/')
+      folders.push_back(piece.substr(0, piece.size() - 1));
+  }
+  return folders;
+}
+
 // The lines "| `room/` | what it holds | includes |" of a document.
 Rooms RoomsIn(const std::string& text) {
-  static const std::regex line(R"(\| `([A-Za-z/]+)/` \|[^|]*\|([^|]*)\|)");
-  static const std::regex name(R"(`([A-Za-z/]+)/`)");
   Rooms rooms;
   std::istringstream lines(text);
-  for (std::string one; std::getline(lines, one);) {
-    std::smatch parts;
-    if (!std::regex_match(one, parts, line)) continue;
-    Room& room = rooms[parts[1]];
-    const std::string includes = parts[2];
+  for (std::string line; std::getline(lines, line);) {
+    if (line.rfind("| `", 0) != 0) continue;
+    std::istringstream cells(line.substr(1));
+    std::string name;
+    std::string holds;
+    std::string includes;
+    std::getline(cells, name, '|');
+    std::getline(cells, holds, '|');
+    std::getline(cells, includes, '|');
+    const std::vector<std::string> names = FoldersIn(name);
+    if (names.size() != 1) continue;
+    Room& room = rooms[names[0]];
     room.includesEverything = includes == " everything ";
-    for (std::sregex_iterator found(includes.begin(), includes.end(), name), end; found != end;
-         ++found)
-      room.includes.insert((*found)[1]);
+    const std::vector<std::string> included = FoldersIn(includes);
+    room.includes.insert(included.begin(), included.end());
   }
   return rooms;
 }
@@ -61,12 +76,12 @@ const Rooms& DocumentedRooms() {
 }
 
 std::vector<std::string> IncludesIn(const std::string& source) {
-  static const std::regex include("#include \"([^\"]+)\".*");
+  const std::string start = "#include \"";
   std::vector<std::string> found;
   std::istringstream lines(source);
   for (std::string line; std::getline(lines, line);) {
-    std::smatch parts;
-    if (std::regex_match(line, parts, include)) found.push_back(parts[1]);
+    if (line.rfind(start, 0) != 0) continue;
+    found.push_back(line.substr(start.size(), line.find('"', start.size()) - start.size()));
   }
   return found;
 }
@@ -131,8 +146,11 @@ std::vector<std::string> IncludesThatRunUp(const Rooms& rooms, const Includes& i
 // "X.h", "X.cpp" and the private implementation "XImpl.h" are one unit, "X".
 std::string UnitOf(const std::string& file) {
   const std::string unit = fs::path(file).replace_extension().generic_string();
-  static const std::regex implementation("(.*)Impl");
-  return std::regex_replace(unit, implementation, "$1");
+  const std::string implementation = "Impl";
+  const bool isOne =
+      unit.size() > implementation.size() &&
+      unit.compare(unit.size() - implementation.size(), std::string::npos, implementation) == 0;
+  return isOne ? unit.substr(0, unit.size() - implementation.size()) : unit;
 }
 
 // A unit that comes back to itself by its includes, as a list of units; empty if none does.
