@@ -1,7 +1,7 @@
 #include "tests/host/VerifyDatafiles.h"
 
+#include <algorithm>
 #include <iterator>
-#include <regex>
 #include <sstream>
 
 #include "tests/BuildPaths.h"
@@ -10,9 +10,15 @@ namespace Tests {
 
 namespace {
 
-std::string WithoutProcess(const std::string& text) {
-  return std::regex_replace(text, std::regex("(FakeUnitTestsDataHookExperimentRunning_)\\d+"),
-                            "$1PID");
+// The text with "PID" in place of the process id in each report's name.
+std::string WithoutProcess(std::string text) {
+  const std::string name = "FakeUnitTestsDataHookExperimentRunning_";
+  for (std::size_t at = text.find(name); at != std::string::npos; at = text.find(name, at + 1)) {
+    const std::size_t first = at + name.size();
+    const std::size_t end = std::min(text.find_first_not_of("0123456789", first), text.size());
+    if (end > first) text.replace(first, end - first, "PID");
+  }
+  return text;
 }
 
 }  // namespace
