@@ -53,7 +53,8 @@ class TellingReader : public Reader {
 
 TEST(SlotOrder, OfTheReadersContract) {
   calls.clear();
-  void* const object = static_cast<Reader*>(new TellingReader);
+  TellingReader reader;
+  void* const object = static_cast<Reader*>(&reader);
   EXPECT_EQ(wxT("the title"), CallSlot<wxString>(object, 0));
   EXPECT_EQ(wxT("the date"), CallSlot<wxString>(object, 1));
   EXPECT_EQ(7u, CallSlot<std::uint32_t>(object, 2));
