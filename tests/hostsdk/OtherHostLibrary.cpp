@@ -30,7 +30,7 @@ class OMSdkBase {
   virtual bool PluginHasBeenConvertedTo_NON_xrc() const { return false; }
 
  private:
-  void* m_fields[5];
+  [[maybe_unused]] void* m_fields[5];
 };
 
 OMSdkBase::OMSdkBase() : m_fields{} {}
