@@ -194,7 +194,7 @@ TEST(MergedResults, TheExitStatusFollowsWhatIsThere) {
   results.datafiles.push_back(WholeResults().datafiles[3]);
   EXPECT_EQ(ExitStatusOf(results, true), ExitStatus::NoFailingTest);
   EXPECT_EQ(ExitStatusOf(results, false), ExitStatus::SomeFailingTest) << "a tolerated failure";
-  for (const std::size_t other : {0, 4, 5, 6, 7, 8}) {
+  for (const std::size_t other : {0u, 4u, 5u, 6u, 7u, 8u}) {
     results.datafiles[1] = WholeResults().datafiles[other];
     EXPECT_EQ(ExitStatusOf(results, true), ExitStatus::SomeFailingTest) << other;
   }

@@ -29,7 +29,7 @@ VerifyDatafilesTest::Arguments VerifyDatafilesTest::Command(const Arguments& arg
   return command;
 }
 
-ProcessSetup VerifyDatafilesTest::Setup(const Arguments& environment) const {
+ProcessSetup VerifyDatafilesTest::SetupWith(const Arguments& environment) const {
   ProcessSetup setup;
   setup.workingDirectory = m_folder.Path();
   // The program must never ask for a display. Whatever runs these tests, they are no share of a run and no
@@ -48,7 +48,7 @@ ProcessSetup VerifyDatafilesTest::Setup(const Arguments& environment) const {
 }
 
 Finished VerifyDatafilesTest::Verify(const Arguments& arguments, const Arguments& environment) {
-  return WithoutProcess(RunProgram(Command(arguments), Setup(environment)));
+  return WithoutProcess(RunProgram(Command(arguments), SetupWith(environment)));
 }
 
 Finished VerifyDatafilesTest::WithoutProcess(Finished finished) {
@@ -83,9 +83,9 @@ Finished VerifyDatafilesTest::VerifyWithOwnReport(const Arguments& arguments,
 std::unique_ptr<Process> VerifyDatafilesTest::StartWithOwnReport(const Arguments& arguments) {
   Arguments all = {"--plugin", OMBRELIA_FAKE_PLUGIN};
   all.insert(all.end(), arguments.begin(), arguments.end());
-  return std::make_unique<Process>(Command(all),
-                                   Setup({"FAKE_REPORT=own", "FAKE_CALLS=" + (m_folder / "calls"),
-                                          "FAKE_PIDS=" + (m_folder / "processes")}));
+  return std::make_unique<Process>(
+      Command(all), SetupWith({"FAKE_REPORT=own", "FAKE_CALLS=" + (m_folder / "calls"),
+                               "FAKE_PIDS=" + (m_folder / "processes")}));
 }
 
 std::vector<pid_t> VerifyDatafilesTest::Processes() const {

@@ -19,7 +19,7 @@ class VerifyDatafilesTest : public testing::Test {
 
   // The command and what it is started with, for the real plug-in.
   Arguments Command(const Arguments& arguments) const;
-  ProcessSetup Setup(const Arguments& environment) const;
+  ProcessSetup SetupWith(const Arguments& environment) const;
 
   // The program with the real plug-in; the working directory is the scratch folder. In what it says, the
   // name of a report holds PID where the number of the process is that wrote it.
