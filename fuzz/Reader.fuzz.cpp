@@ -61,7 +61,8 @@ void RequireSame(MUInterfaceExperimentDataFileInputReader& reader,
 
 // Whether the decoding is the library's, for the bytes alone, which reach more of it than those of a good data file.
 void RequireSameText(const std::uint8_t* data, std::size_t size) {
-  MUPoolVector<char> bytes(data, data + size);
+  const char* const first = reinterpret_cast<const char*>(data);
+  MUPoolVector<char> bytes(first, first + size);
   const wxString expected(reinterpret_cast<const char*>(data), wxConvAuto(), size);
   const MUDecodedText text = MUDecode(bytes);
   Require(text.narrow.size() + text.wide.size() == expected.length(), "length of the text");
