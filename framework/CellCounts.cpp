@@ -23,7 +23,7 @@ std::vector<int> CountCellsByPrefix(const MUExperimentTextReaderMultiFile& reade
   std::vector<int> counts(prefixes.size(), 0);
   for (int row = 0; row < rows; ++row) {
     const wxString cell = reader.GetDataCellValue(row, column);
-    for (size_t i = 0; i < prefixes.size(); ++i) {
+    for (std::size_t i = 0; i < prefixes.size(); ++i) {
       if (!cell.StartsWith(prefixes[i])) continue;
       ++counts[i];
       break;

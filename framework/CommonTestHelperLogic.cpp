@@ -50,14 +50,15 @@ bool CommonTestHelperLogic::ColumnContentsMatchGivenVectorUpTilVectorLength(
   bool matches = rows > 0;
   if (!matches) mismatch = 0;
   int row = 0;
-  for (; row < rows && static_cast<size_t>(row) < expected.size(); ++row) {
-    if (reader->GetDataCellValue(row, column).compare(expected[static_cast<size_t>(row)]) != 0) {
+  for (; row < rows && static_cast<std::size_t>(row) < expected.size(); ++row) {
+    if (reader->GetDataCellValue(row, column).compare(expected[static_cast<std::size_t>(row)]) !=
+        0) {
       matches = false;
       mismatch = static_cast<unsigned int>(row);
       break;
     }
   }
-  if (static_cast<size_t>(row) < expected.size()) {
+  if (static_cast<std::size_t>(row) < expected.size()) {
     // Either a cell differed at this row, or the data ran out before the vector did.
     matches = false;
     mismatch = static_cast<unsigned int>(row);
@@ -116,7 +117,7 @@ void CommonTestHelperLogic::Internal_VerifySequentialStimData(
     listener->OnStimAreas(actual, expected);
   if (!VerifyEqualLengths(actual, expected, printer, location)) return;
   static const wxString testName = wxT("StimArea_vector_is_complete_and_in_order");
-  for (size_t k = 0; k < actual.size(); ++k) {
+  for (std::size_t k = 0; k < actual.size(); ++k) {
     if (!actual[k].SatisfiesLooseEqualityWith(expected[k])) {
       printer->AddFailingTestResult(
           testName, wxT("Unexpected info in the vector of stim areas."), location,

@@ -16,25 +16,25 @@ namespace Ombrelia {
 class ExpectedCells {
  public:
   ExpectedCells() = default;
-  static ExpectedCells Blank(size_t rows);
+  static ExpectedCells Blank(std::size_t rows);
 
   ExpectedCells& Add(const wxString& cell);
   ExpectedCells& AddAll(const std::vector<wxString>& cells);
-  ExpectedCells& Repeat(size_t count, const wxString& cell);
+  ExpectedCells& Repeat(std::size_t count, const wxString& cell);
   // Adds the whole sequence count times.
-  ExpectedCells& RepeatAll(size_t count, const std::vector<wxString>& cells);
+  ExpectedCells& RepeatAll(std::size_t count, const std::vector<wxString>& cells);
 
-  ExpectedCells& Row(size_t row, const wxString& cell);
-  ExpectedCells& Range(size_t first, size_t last, const wxString& cell);
+  ExpectedCells& Row(std::size_t row, const wxString& cell);
+  ExpectedCells& Range(std::size_t first, std::size_t last, const wxString& cell);
   // Puts one cell into each row from first on.
-  ExpectedCells& From(size_t first, const std::vector<wxString>& cells);
+  ExpectedCells& From(std::size_t first, const std::vector<wxString>& cells);
   // Fills the rows of the range whose number leaves this remainder by the divisor.
-  ExpectedCells& Remainder(size_t first, size_t last, size_t divisor, size_t remainder,
-                           const wxString& cell);
+  ExpectedCells& Remainder(std::size_t first, std::size_t last, std::size_t divisor,
+                           std::size_t remainder, const wxString& cell);
   // Fills one group of groupSize rows for each of cells, from row first on. The group's cell stands
   // in its rows firstInGroup to lastInGroup, which count from 0 within the group.
-  ExpectedCells& Groups(size_t first, size_t groupSize, size_t firstInGroup, size_t lastInGroup,
-                        const std::vector<wxString>& cells);
+  ExpectedCells& Groups(std::size_t first, std::size_t groupSize, std::size_t firstInGroup,
+                        std::size_t lastInGroup, const std::vector<wxString>& cells);
 
   std::vector<wxString> Cells() const;
 

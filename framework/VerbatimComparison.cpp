@@ -15,7 +15,7 @@ bool CheckLength(const MUExperimentTextReaderMultiFile& reader, FakeJUnitPrinter
   if (VerificationListener* const listener = VerificationListener::Current())
     listener->OnLength(columnName, expected);
   static const wxString testName = wxT("Correct_quantity_of_data_cells");
-  const size_t rows = static_cast<size_t>(reader.GetNumberOfDataRows());
+  const std::size_t rows = static_cast<std::size_t>(reader.GetNumberOfDataRows());
   if (rows > expected.size()) {
     ReportFailure(printer, name, testName,
                   {wxT("Too many data cells. More than expected."), 89, wxT("No extra info.")});

@@ -51,7 +51,7 @@ bool DetectedPresenceOf_GDB_Debugger() {
 #ifdef __APPLE__
   int query[] = {CTL_KERN, KERN_PROC, KERN_PROC_PID, getpid()};
   kinfo_proc info{};
-  size_t size = sizeof info;
+  std::size_t size = sizeof info;
   return sysctl(query, 4, &info, &size, nullptr, 0) == 0 && (info.kp_proc.p_flag & P_TRACED) != 0;
 #else
   std::ifstream status("/proc/self/status");

@@ -50,7 +50,7 @@ class OneSublistExpRandomization
   int CountItemsInOrder() const {
     const std::vector<wxString>& items = GetExpectedCellValuesForEventNames();
     const int column = ColumnOf(wxT("Event\nName"));
-    size_t cursor = 0;
+    std::size_t cursor = 0;
     int matches = 0;
     for (int row = 0; row < RowCount(); ++row) {
       const wxString cell = CellAt(row, column);

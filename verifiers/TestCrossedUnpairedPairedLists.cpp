@@ -117,9 +117,9 @@ using Texts = std::deque<wxString>;
 // What a walk through the texts of trial 4 finds.
 struct LettersAndNumbers {
   bool lettersAreInOrder = true;
-  int repeats = 0;         // letters that equal the letter before them
-  size_t lettersSeen = 0;  // different letters, from A on
-  wxString numbers;        // "1,2," and so on
+  int repeats = 0;              // letters that equal the letter before them
+  std::size_t lettersSeen = 0;  // different letters, from A on
+  wxString numbers;             // "1,2," and so on
 };
 
 // Letters and numbers take turns. A letter must be the one before it or the next one.
@@ -127,7 +127,7 @@ LettersAndNumbers WalkThroughTrial4(const Texts& texts) {
   // No text holds the first of these letters, so the first text goes on to the second letter.
   static const wxString letters[] = {wxT("Z"), wxT("A"), wxT("B"), wxT("C"), wxT("D"), wxT("E")};
   LettersAndNumbers found;
-  for (size_t i = 0; i < texts.size(); ++i) {
+  for (std::size_t i = 0; i < texts.size(); ++i) {
     if (i % 2 == 1) {
       found.numbers += GetNumericValueIfListWasNumbers(texts[i]);
     } else if (texts[i].Contains(letters[found.lettersSeen])) {
@@ -177,14 +177,14 @@ class TestCrossedUnpairedPairedLists
   // The event's text from the first bracket on; empty if there is none.
   wxString DataCell(int row) const {
     const wxString cell = CellAt(row, m_eventColumn);
-    const size_t bracket = cell.find(wxT('('));
+    const std::size_t bracket = cell.find(wxT('('));
     return bracket == wxString::npos ? wxString() : cell.substr(bracket);
   }
 
   // The trial's name before the first comma; empty if there is none.
   wxString BaseTrialNameAtRow(int row) const {
     const wxString cell = CellAt(row, m_trialColumn);
-    const size_t comma = cell.find(wxT(','));
+    const std::size_t comma = cell.find(wxT(','));
     return comma == wxString::npos ? wxString() : cell.substr(0, comma);
   }
 

@@ -12,10 +12,10 @@ wxString FOCUS_OF_THIS_TEST() {
   return name;
 }
 
-constexpr size_t ROWS = 318;
+constexpr std::size_t ROWS = 318;
 
 // From this row on the levels of the groups of variables are drawn.
-constexpr size_t FIRST_GROUP_ROW = 188;
+constexpr std::size_t FIRST_GROUP_ROW = 188;
 
 std::vector<wxString> Words(const wxString& text) {
   std::vector<wxString> words;
@@ -26,23 +26,23 @@ std::vector<wxString> Words(const wxString& text) {
 }
 
 // How many rows at the end of a group of four hold the group's level.
-enum class GroupRows : size_t { ALL_FOUR = 4, LAST_THREE = 3, LAST_TWO = 2, LAST_ONE = 1 };
+enum class GroupRows : std::size_t { ALL_FOUR = 4, LAST_THREE = 3, LAST_TWO = 2, LAST_ONE = 1 };
 
 // Twelve groups of four rows with one level each, from the first group row on. Other rows are empty.
 ExpectedCells InTwelveGroups(GroupRows rows, const wxString& levels) {
-  return ExpectedCells::Blank(ROWS).Groups(FIRST_GROUP_ROW, 4, 4 - static_cast<size_t>(rows), 3,
-                                           Words(levels));
+  return ExpectedCells::Blank(ROWS).Groups(FIRST_GROUP_ROW, 4, 4 - static_cast<std::size_t>(rows),
+                                           3, Words(levels));
 }
 
 std::vector<wxString> TenColors1Cells() {
   const std::vector<wxString> cycle =
       Words(wxT("red yellow green blue grey black white purple pink orange"));
   std::vector<wxString> cells(ROWS);
-  size_t drawn = 0;
-  for (size_t row = 1; row <= 107; ++row) {
+  std::size_t drawn = 0;
+  for (std::size_t row = 1; row <= 107; ++row) {
     if (row % 3 != 0) cells[row] = cycle[drawn++ % cycle.size()];
   }
-  for (size_t row = 36; row <= 105; row += 3) cells[row] = cells[row - 4];
+  for (std::size_t row = 36; row <= 105; row += 3) cells[row] = cells[row - 4];
   return cells;
 }
 

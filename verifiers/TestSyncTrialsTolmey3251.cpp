@@ -126,7 +126,7 @@ class TestSyncTrialsTolmey3251
 
     long prior = rows[0].time;
     bool timestampIsDue = true;
-    for (size_t row = 2; row < rows.size(); ++row) {
+    for (std::size_t row = 2; row < rows.size(); ++row) {
       const NameTime& current = rows[row];
       if (current.name == wxT("***")) continue;
       const bool isTimestamp = current.name == wxT("tim");

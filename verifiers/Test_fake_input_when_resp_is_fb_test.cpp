@@ -19,7 +19,7 @@ const std::vector<wxString>& GetExpectedEventNames() {
 
 wxString JoinedBySemicolons(const std::vector<wxString>& cells) {
   wxString text;
-  for (size_t i = 0; i < cells.size(); ++i) {
+  for (std::size_t i = 0; i < cells.size(); ++i) {
     if (i > 0) text += wxT("; ");
     text += cells[i];
   }
@@ -39,7 +39,7 @@ class Test_fake_input_when_resp_is_fb_test
     const int column = ColumnOf(wxT("Event\nName"));
     const int rows = RowCount();
     std::vector<wxString> cells;
-    cells.reserve(static_cast<size_t>(rows));
+    cells.reserve(static_cast<std::size_t>(rows));
     for (int row = 0; row < rows; ++row) {
       cells.push_back(CellAt(row, column));
     }

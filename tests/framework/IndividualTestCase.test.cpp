@@ -54,7 +54,7 @@ class FrameProbe : public IndividualTestCase_T<FrameProbe, false> {
   bool expectsTheTable = true;
   int runs = 0;
   int notifications = 0;
-  size_t areas = 0;
+  std::size_t areas = 0;
 };
 
 class FrameEmptyProbe : public IndividualTestCase_T<FrameEmptyProbe, true> {

@@ -186,7 +186,7 @@ TEST_F(PrinterTest, KeepsLineEndsAndNulCharactersOfATextAsTheyAre) {
 
 // A report far larger than any one block of memory that it may be kept in, and so is a single text of it.
 TEST_F(PrinterTest, WritesALargeReportWholeAndInOrder) {
-  const size_t large = 200000;
+  const std::size_t large = 200000;
   std::string expected =
       "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
       "<testsuites tests=\"6003\" failures=\"3\" disabled=\"0\" errors=\"0\" time=\"5996997\" "
@@ -215,7 +215,7 @@ TEST_F(PrinterTest, WritesALargeReportWholeAndInOrder) {
                 "n\" status=\"run\" time=\"999\" >\n        <failure message=\"s\" type=\"\">\n\n "
                 "<![CDATA[" +
                 std::string(large, 'l') + "\n";
-    for (size_t i = 0; i < large; ++i) expected += "\xE4\xB8\xAD";
+    for (std::size_t i = 0; i < large; ++i) expected += "\xE4\xB8\xAD";
     expected += "]]>\n\n</failure>\n</testcase>\n";
     for (int i = 0; i < 1000; ++i) {
       m_printer->AddPassingTestResult(wxT("_after\u00e4"));

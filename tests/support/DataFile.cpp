@@ -35,7 +35,7 @@ std::vector<std::string> Split(const std::string& text, char delimiter) {
 
 std::string Join(const std::vector<std::string>& pieces, char delimiter) {
   std::string text;
-  for (size_t i = 0; i < pieces.size(); ++i) {
+  for (std::size_t i = 0; i < pieces.size(); ++i) {
     if (i > 0) text += delimiter;
     text += pieces[i];
   }
@@ -54,7 +54,7 @@ std::vector<Ombrelia::StimAreaData> AreasOfFile(const std::string& path) {
   std::vector<Ombrelia::StimAreaData> areas;
   if (!std::filesystem::exists(path)) return areas;
   const std::vector<std::string> lines = LinesOfFile(path);
-  for (size_t i = 1; i < lines.size(); ++i) {
+  for (std::size_t i = 1; i < lines.size(); ++i) {
     const std::vector<std::string> cells = Split(lines[i], '\t');
     if (cells.size() != 6) Stop("not six cells in a line of " + path);
     areas.push_back({std::stoi(cells[0]), std::stoi(cells[1]), std::stoi(cells[2]),
@@ -126,10 +126,10 @@ DataFile DataFile::Sample(const std::string& experiment) {
   std::vector<std::string> lower = Split(lines[5], '\t');
   if (upper.size() < lower.size()) Stop("the sample of " + experiment + " has a ragged heading");
   lower.resize(upper.size());
-  for (size_t i = 0; i < upper.size(); ++i) {
+  for (std::size_t i = 0; i < upper.size(); ++i) {
     file.m_columns.push_back(lower[i].empty() ? upper[i] : upper[i] + "\n" + lower[i]);
   }
-  for (size_t i = 6; i < lines.size(); ++i) {
+  for (std::size_t i = 6; i < lines.size(); ++i) {
     std::vector<std::string> cells = Split(lines[i], '\t');
     if (cells.size() > file.m_columns.size()) Stop("a row of " + experiment + " is too long");
     cells.resize(file.m_columns.size());
@@ -149,53 +149,53 @@ DataFile DataFile::Of(const std::string& experiment, const std::vector<std::stri
   return file;
 }
 
-size_t DataFile::ColumnIndex(const std::string& column) const {
-  for (size_t i = 0; i < m_columns.size(); ++i) {
+std::size_t DataFile::ColumnIndex(const std::string& column) const {
+  for (std::size_t i = 0; i < m_columns.size(); ++i) {
     if (m_columns[i] == column) return i;
   }
   Stop("no column " + column + " in the file of " + m_experiment);
 }
 
-std::string DataFile::Cell(size_t row, const std::string& column) const {
+std::string DataFile::Cell(std::size_t row, const std::string& column) const {
   return m_rows.at(row).at(ColumnIndex(column));
 }
 
 std::vector<std::string> DataFile::Column(const std::string& column) const {
   std::vector<std::string> cells;
-  for (size_t row = 0; row < m_rows.size(); ++row) cells.push_back(Cell(row, column));
+  for (std::size_t row = 0; row < m_rows.size(); ++row) cells.push_back(Cell(row, column));
   return cells;
 }
 
-DataFile& DataFile::Set(size_t row, const std::string& column, const std::string& text) {
+DataFile& DataFile::Set(std::size_t row, const std::string& column, const std::string& text) {
   m_rows.at(row).at(ColumnIndex(column)) = text;
   return *this;
 }
 
 DataFile& DataFile::SetColumn(const std::string& column, const std::vector<std::string>& cells) {
   if (cells.size() != m_rows.size()) Stop("not one cell for each row of " + m_experiment);
-  for (size_t row = 0; row < cells.size(); ++row) Set(row, column, cells[row]);
+  for (std::size_t row = 0; row < cells.size(); ++row) Set(row, column, cells[row]);
   return *this;
 }
 
-DataFile& DataFile::RemoveRow(size_t row) {
+DataFile& DataFile::RemoveRow(std::size_t row) {
   m_rows.erase(m_rows.begin() + static_cast<long>(row));
   return *this;
 }
 
 DataFile& DataFile::RepeatLastRow() { return RepeatRow(m_rows.size() - 1); }
 
-DataFile& DataFile::RepeatRow(size_t row) {
+DataFile& DataFile::RepeatRow(std::size_t row) {
   const std::vector<std::string> copy = m_rows.at(row);
   m_rows.insert(m_rows.begin() + static_cast<long>(row), copy);
   return *this;
 }
 
-DataFile& DataFile::KeepRows(size_t count) {
+DataFile& DataFile::KeepRows(std::size_t count) {
   m_rows.resize(count);
   return *this;
 }
 
-DataFile& DataFile::SwapRows(size_t a, size_t b) {
+DataFile& DataFile::SwapRows(std::size_t a, std::size_t b) {
   std::swap(m_rows.at(a), m_rows.at(b));
   return *this;
 }
@@ -237,7 +237,7 @@ std::string DataFile::Text() const {
   std::vector<std::string> upper;
   std::vector<std::string> lower;
   for (const std::string& column : m_columns) {
-    const size_t feed = column.find('\n');
+    const std::size_t feed = column.find('\n');
     upper.push_back(column.substr(0, feed));
     lower.push_back(feed == std::string::npos ? "" : column.substr(feed + 1));
   }

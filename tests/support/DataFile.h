@@ -34,20 +34,20 @@ class DataFile {
   static DataFile Of(const std::string& experiment, const std::vector<std::string>& columns,
                      const std::vector<std::vector<std::string>>& rows);
 
-  size_t RowCount() const { return m_rows.size(); }
+  std::size_t RowCount() const { return m_rows.size(); }
   const std::vector<std::string>& Columns() const { return m_columns; }
-  std::string Cell(size_t row, const std::string& column) const;
+  std::string Cell(std::size_t row, const std::string& column) const;
   std::vector<std::string> Column(const std::string& column) const;
 
-  DataFile& Set(size_t row, const std::string& column, const std::string& text);
+  DataFile& Set(std::size_t row, const std::string& column, const std::string& text);
   DataFile& SetColumn(const std::string& column, const std::vector<std::string>& cells);
-  DataFile& RemoveRow(size_t row);
+  DataFile& RemoveRow(std::size_t row);
   // Adds a copy of the last row, whose time the total duration is read from.
   DataFile& RepeatLastRow();
   // Inserts a copy of the row before it.
-  DataFile& RepeatRow(size_t row);
-  DataFile& KeepRows(size_t count);
-  DataFile& SwapRows(size_t a, size_t b);
+  DataFile& RepeatRow(std::size_t row);
+  DataFile& KeepRows(std::size_t count);
+  DataFile& SwapRows(std::size_t a, std::size_t b);
   DataFile& RemoveColumn(const std::string& column);
   DataFile& RenameColumn(const std::string& column, const std::string& name);
   // Puts the column into the first place.
@@ -71,7 +71,7 @@ class DataFile {
   Lines Failures(const std::string& machine = ORDINARY_MACHINE) const;
 
  private:
-  size_t ColumnIndex(const std::string& column) const;
+  std::size_t ColumnIndex(const std::string& column) const;
 
   std::string m_experiment;
   std::vector<std::string> m_header;

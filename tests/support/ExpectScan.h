@@ -45,7 +45,7 @@ inline void ExpectScan(const Scan& scan) {
   const bool hasBounds = scan.duration.max > 0;
   const DataFile sample = DataFile::Sample(experiment);
   ASSERT_EQ(sample.Column(column), scan.events);
-  const size_t rows = scan.events.size();
+  const std::size_t rows = scan.events.size();
   const std::string time = sample.Cell(rows - 1, "Cumulative\nTime");
   // A file of another length fails the comparison of the codes, too.
   const auto checkFailedAnd = [&](const std::string& lengthFailed) {
@@ -63,7 +63,7 @@ inline void ExpectScan(const Scan& scan) {
   passing.push_back("pass __EXPANSION__TRACKING__" + experiment + "__23_ms");
   EXPECT_EQ(sample.Verify(), passing);
 
-  for (size_t row = 0; row < rows; ++row) {
+  for (std::size_t row = 0; row < rows; ++row) {
     const std::string& event = scan.events[row];
     const bool isDemanded = std::count(scan.demanded.begin(), scan.demanded.end(), event) > 0;
     for (const std::string& text :

@@ -18,7 +18,7 @@ inline std::string TooFewCells(const std::string& experiment) {
               experiment, 98, "No extra info.");
 }
 
-inline std::string CellDiffers(const std::string& experiment, size_t row,
+inline std::string CellDiffers(const std::string& experiment, std::size_t row,
                                const std::string& expected) {
   return Fail("Data_appears_completely_and_in_order",
               "Mismatch in the ordering of data cells in datafile.", experiment, 144,
@@ -28,7 +28,7 @@ inline std::string CellDiffers(const std::string& experiment, size_t row,
 
 // Cells of a column, typed in as runs of equal ones.
 struct CellRun {
-  size_t times;
+  std::size_t times;
   std::string text;
 };
 
@@ -44,7 +44,7 @@ inline void ExpectEachCellIsCompared(const std::string& experiment, const std::s
                                      const std::vector<std::string>& cells) {
   const DataFile sample = DataFile::Sample(experiment);
   ASSERT_EQ(sample.Column(column), cells);
-  for (size_t row = 0; row < cells.size(); ++row) {
+  for (std::size_t row = 0; row < cells.size(); ++row) {
     EXPECT_EQ(DataFile(sample).Set(row, column, cells[row] + "x").Failures(),
               Lines{CellDiffers(experiment, row, cells[row])});
   }

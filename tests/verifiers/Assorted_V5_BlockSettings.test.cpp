@@ -44,11 +44,11 @@ const std::string BLOCK_FOUR_FAILED = Fail(
 
 // Events for the stimulus rows of a block of eight trials, one letter each: v for a vehicle, a for
 // an animal, anything else for neither.
-DataFile& SetStimuli(DataFile& file, size_t firstRow, const std::string& kinds) {
+DataFile& SetStimuli(DataFile& file, std::size_t firstRow, const std::string& kinds) {
   const std::vector<std::string> vehicles = {"show Car", "show Truck", "show Bus",
                                              "show Motorcycle"};
   const std::vector<std::string> animals = {"show Bird", "show Dog", "show Cat", "show Snake"};
-  for (size_t i = 0; i < kinds.size(); ++i) {
+  for (std::size_t i = 0; i < kinds.size(); ++i) {
     const std::string event = kinds[i] == 'v'   ? vehicles[i % 4]
                               : kinds[i] == 'a' ? animals[i % 4]
                                                 : "show House";
@@ -72,11 +72,11 @@ Lines FailuresWithBlockThreeTwice(const std::string& kinds) {
 }
 
 // The rows of block four that hold a stimulus.
-const std::vector<size_t> BLOCK_FOUR_ROWS = {65, 67, 69, 71, 74, 76, 78, 80, 83, 85};
+const std::vector<std::size_t> BLOCK_FOUR_ROWS = {65, 67, 69, 71, 74, 76, 78, 80, 83, 85};
 
 Lines FailuresWithBlockFour(const std::string& kinds) {
   DataFile file = DataFile::Sample(EXPERIMENT);
-  for (size_t i = 0; i < kinds.size(); ++i) {
+  for (std::size_t i = 0; i < kinds.size(); ++i) {
     file.Set(BLOCK_FOUR_ROWS[i], EVENT,
              kinds[i] == 'v'   ? "show Bus"
              : kinds[i] == 'a' ? "show Dog"
@@ -101,7 +101,7 @@ TEST(Assorted_V5_BlockSettings, PassesItsSample) {
 TEST(Assorted_V5_BlockSettings, HoldsEachBlockName) {
   const DataFile sample = DataFile::Sample(EXPERIMENT);
   ASSERT_EQ(sample.RowCount(), 93U);
-  for (size_t row = 0; row < sample.RowCount(); ++row) {
+  for (std::size_t row = 0; row < sample.RowCount(); ++row) {
     DataFile file = sample;
     EXPECT_EQ(file.Set(row, BLOCK, "another block").Failures(),
               Lines{CellDiffers(EXPERIMENT, row, sample.Cell(row, BLOCK))});
@@ -156,7 +156,7 @@ TEST(Assorted_V5_BlockSettings, LetsFourAnimalsInARowThrough) {
 }
 
 TEST(Assorted_V5_BlockSettings, ReportsEachEventOfBlockOneThatIsNeitherKind) {
-  for (size_t row = 1; row <= 15; row += 2) {
+  for (std::size_t row = 1; row <= 15; row += 2) {
     EXPECT_EQ(DataFile::Sample(EXPERIMENT).Set(row, EVENT, "show House").Failures(),
               Lines{MISBEHAVED})
         << "row " << row;
@@ -212,7 +212,7 @@ TEST(Assorted_V5_BlockSettings, TakesNoMixtureOfTheLists) {
 
 TEST(Assorted_V5_BlockSettings, LooksOnlyAtTheOddRowsOfTheFirstThreeBlocks) {
   DataFile file = DataFile::Sample(EXPERIMENT);
-  for (size_t row = 0; row < 64; row += 2) file.Set(row, EVENT, "another event");
+  for (std::size_t row = 0; row < 64; row += 2) file.Set(row, EVENT, "another event");
   EXPECT_EQ(file.Failures(), Lines{});
 }
 
@@ -225,7 +225,7 @@ TEST(Assorted_V5_BlockSettings, FailsOnThreeRowsOfOneKindOnly) {
 }
 
 TEST(Assorted_V5_BlockSettings, HoldsEachRowOfTheRepeatOfBlockThree) {
-  for (size_t row = 49; row <= 63; row += 2) {
+  for (std::size_t row = 49; row <= 63; row += 2) {
     EXPECT_EQ(DataFile::Sample(EXPERIMENT).Set(row, EVENT, "show House").Failures(),
               Lines{REPEAT_FAILED})
         << "row " << row;
@@ -243,7 +243,7 @@ TEST(Assorted_V5_BlockSettings, TakesEitherKindFirstInBlockFour) {
 
 TEST(Assorted_V5_BlockSettings, HoldsEachRowOfBlockFour) {
   for (const std::string intended : {"aaaavvvvaa", "vvvvaaaavv"}) {
-    for (size_t i = 0; i < intended.size(); ++i) {
+    for (std::size_t i = 0; i < intended.size(); ++i) {
       std::string kinds = intended;
       kinds[i] = '-';
       EXPECT_EQ(FailuresWithBlockFour(kinds), Lines{BLOCK_FOUR_FAILED}) << kinds;
@@ -255,7 +255,8 @@ TEST(Assorted_V5_BlockSettings, HoldsEachRowOfBlockFour) {
 
 TEST(Assorted_V5_BlockSettings, LooksAtNoOtherRowsFromBlockFourOn) {
   DataFile file = DataFile::Sample(EXPERIMENT);
-  for (const size_t row : {64U, 66U, 68U, 70U, 72U, 73U, 75U, 77U, 79U, 81U, 82U, 84U, 86U, 92U}) {
+  for (const std::size_t row :
+       {64U, 66U, 68U, 70U, 72U, 73U, 75U, 77U, 79U, 81U, 82U, 84U, 86U, 92U}) {
     file.Set(row, EVENT, "another event");
   }
   EXPECT_EQ(file.Failures(), Lines{});
@@ -271,7 +272,7 @@ TEST(Assorted_V5_BlockSettings, FailsWithoutTheEventNames) {
 TEST(Assorted_V5_BlockSettings, ChecksTheBoundsAfterAllFailures) {
   DataFile file = DataFile::Sample(EXPERIMENT);
   SetStimuli(file, 1, "vvvvaaaa");
-  for (const size_t row : {17U, 33U, 65U}) file.Set(row, EVENT, "show House");
+  for (const std::size_t row : {17U, 33U, 65U}) file.Set(row, EVENT, "show House");
   EXPECT_EQ(file.Set(2, BLOCK, "another block").SetDuration("2901").SetExpansion("101").Failures(),
             (Lines{CellDiffers(EXPERIMENT, 2, "V4 Random"), BLOCK_ONE_FAILED, BLOCK_TWO_FAILED,
                    BLOCK_THREE_FAILED, REPEAT_FAILED, BLOCK_FOUR_FAILED,

@@ -54,7 +54,7 @@ TEST(ExerciseForCase2781, ComparesEachCellOfTheEventsCode) {
 }
 
 TEST(ExerciseForCase2781, FailsOnAValueThatDoesNotSayWhoSetIt) {
-  for (size_t row = 30; row <= 33; ++row) {
+  for (std::size_t row = 30; row <= 33; ++row) {
     EXPECT_EQ(DataFile::Sample(EXPERIMENT).Set(row, "ecode4", "b").Failures(),
               Lines{CellDiffers(EXPERIMENT, row, "b (trial)")});
   }

@@ -46,15 +46,15 @@ const std::string EVENTS_EVERY_TIME_FAILED =
          "times in a row -- this OCCASIONALLY FAILS PERMISSIBLY. ALLOW THIS TO HAPPEN RARELY");
 
 // Gives the three rows from each of repeats on the events of the three rows from pattern on.
-void RepeatThreeRows(DataFile& file, size_t pattern, const std::vector<size_t>& repeats) {
-  for (const size_t repeat : repeats) {
-    for (size_t i = 0; i < 3; ++i) file.Set(repeat + i, EVENT, file.Cell(pattern + i, EVENT));
+void RepeatThreeRows(DataFile& file, std::size_t pattern, const std::vector<std::size_t>& repeats) {
+  for (const std::size_t repeat : repeats) {
+    for (std::size_t i = 0; i < 3; ++i) file.Set(repeat + i, EVENT, file.Cell(pattern + i, EVENT));
   }
 }
 
 // Each of these rows, when its event alone is another one, gives exactly this failure.
-void ExpectThatEachRowCounts(const std::vector<size_t>& rows, const std::string& failure) {
-  for (const size_t row : rows) {
+void ExpectThatEachRowCounts(const std::vector<std::size_t>& rows, const std::string& failure) {
+  for (const std::size_t row : rows) {
     EXPECT_EQ(DataFile::Sample(EXPERIMENT).Set(row, EVENT, "another event").Failures(),
               Lines{failure})
         << "row " << row;
@@ -98,7 +98,7 @@ TEST(TestAllBTERandomizationOptionsAllowedInV4, FailsOnTrialsInOneOrderEveryTime
 }
 
 TEST(TestAllBTERandomizationOptionsAllowedInV4, PassesWhenOneRepeatOfTheTrialsDiffersInOneRow) {
-  for (const size_t row : {33U, 34U, 35U, 39U, 40U, 41U, 45U, 46U, 47U, 51U, 52U, 53U}) {
+  for (const std::size_t row : {33U, 34U, 35U, 39U, 40U, 41U, 45U, 46U, 47U, 51U, 52U, 53U}) {
     DataFile file = DataFile::Sample(EXPERIMENT);
     RepeatThreeRows(file, 33, {39, 45, 51});
     EXPECT_EQ(file.Set(row, EVENT, "another event").Failures(), Lines{}) << "row " << row;
@@ -126,7 +126,7 @@ TEST(TestAllBTERandomizationOptionsAllowedInV4, FailsOnEventsInOneOrderEveryTime
 }
 
 TEST(TestAllBTERandomizationOptionsAllowedInV4, PassesWhenOneRepeatOfTheEventsDiffersInOneRow) {
-  for (size_t row = 21; row <= 29; ++row) {
+  for (std::size_t row = 21; row <= 29; ++row) {
     DataFile file = DataFile::Sample(EXPERIMENT);
     RepeatThreeRows(file, 21, {24, 27});
     EXPECT_EQ(file.Set(row, EVENT, "another event").Failures(), Lines{}) << "row " << row;
@@ -135,7 +135,7 @@ TEST(TestAllBTERandomizationOptionsAllowedInV4, PassesWhenOneRepeatOfTheEventsDi
 
 TEST(TestAllBTERandomizationOptionsAllowedInV4, LooksAtNoOtherRows) {
   DataFile file = DataFile::Sample(EXPERIMENT);
-  for (const size_t row : {12U, 13U, 14U}) file.Set(row, EVENT, "another event");
+  for (const std::size_t row : {12U, 13U, 14U}) file.Set(row, EVENT, "another event");
   EXPECT_EQ(file.RepeatLastRow().Failures(), Lines{});
 }
 
@@ -156,7 +156,7 @@ TEST(TestAllBTERandomizationOptionsAllowedInV4, ChecksTheBoundsAfterAllFailures)
   DataFile file = DataFile::Sample(EXPERIMENT);
   RepeatThreeRows(file, 21, {24, 27});
   RepeatThreeRows(file, 33, {39, 45, 51});
-  for (const size_t row : {0U, 3U, 15U, 30U}) file.Set(row, EVENT, "another event");
+  for (const std::size_t row : {0U, 3U, 15U, 30U}) file.Set(row, EVENT, "another event");
   EXPECT_EQ(
       file.SetDuration("2501").SetExpansion("5001").Failures(),
       (Lines{TRIALS_ONCE_PER_RUN_FAILED, TRIALS_ONCE_PER_GROUP_FAILED, TRIALS_EVERY_TIME_FAILED,

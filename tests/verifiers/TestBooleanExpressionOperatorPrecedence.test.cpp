@@ -24,7 +24,7 @@ TEST(TestBooleanExpressionOperatorPrecedence, PassesItsSample) {
 TEST(TestBooleanExpressionOperatorPrecedence, FailsOnEachWrongCell) {
   const DataFile sample = DataFile::Sample(EXPERIMENT);
   ASSERT_EQ(sample.RowCount(), 49u);
-  for (size_t row = 0; row < sample.RowCount(); ++row) {
+  for (std::size_t row = 0; row < sample.RowCount(); ++row) {
     EXPECT_EQ(DataFile(sample).Set(row, "Event\nName", "event").Failures(),
               Lines{CellDiffers(EXPERIMENT, row, sample.Cell(row, "Event\nName"))});
   }

@@ -42,7 +42,7 @@ TEST(TestCodeBasedResponses_2545, PassesItsSampleWithTwoTestsOfTheScores) {
 }
 
 TEST(TestCodeBasedResponses_2545, ACode1ScoredAsAnythingElseFailsItsCheckAlone) {
-  for (const size_t row : {size_t{0}, size_t{2}}) {
+  for (const std::size_t row : {std::size_t{0}, std::size_t{2}}) {
     for (const char* score : {"C", "I", "", "nr", "NR "}) {
       EXPECT_EQ(Sample().Set(row, ERROR_CODE, score).Failures(), Lines{CODE_1_IS_WRONG});
     }
@@ -50,7 +50,7 @@ TEST(TestCodeBasedResponses_2545, ACode1ScoredAsAnythingElseFailsItsCheckAlone) 
 }
 
 TEST(TestCodeBasedResponses_2545, ACode2ScoredAsAnythingElseFailsItsCheckAlone) {
-  for (const size_t row : {size_t{1}, size_t{3}}) {
+  for (const std::size_t row : {std::size_t{1}, std::size_t{3}}) {
     for (const char* score : {"NR", "I", "", "c"}) {
       EXPECT_EQ(Sample().Set(row, ERROR_CODE, score).Failures(), Lines{CODE_2_IS_WRONG});
     }
@@ -59,7 +59,7 @@ TEST(TestCodeBasedResponses_2545, ACode2ScoredAsAnythingElseFailsItsCheckAlone) 
 
 TEST(TestCodeBasedResponses_2545, AnyOtherCodeFailsTheLastCheckAndTheComparison) {
   const DataFile sample = Sample();
-  for (size_t row = 0; row < 4; ++row) {
+  for (std::size_t row = 0; row < 4; ++row) {
     for (const char* code : {"value_03", "", "VALUE_01"}) {
       EXPECT_EQ(DataFile(sample).Set(row, "pic_code", code).Failures(),
                 (Lines{CellDiffers(EXPERIMENT, row, sample.Cell(row, "pic_code")), INVALID_CODE}));

@@ -15,7 +15,7 @@ const char* const TRIAL = "Trial\nName";
 struct DeterministicTrial {
   std::string test;
   std::string baseName;
-  size_t rows;
+  std::size_t rows;
 };
 
 const std::vector<DeterministicTrial> DETERMINISTIC = {
@@ -69,7 +69,7 @@ std::string WrongEvent(const std::string& test) {
               "The given trial should always have the same event sequence. Something is wrong.");
 }
 
-std::string WrongLetters(size_t copy) {
+std::string WrongLetters(std::size_t copy) {
   return Fail("COPIES_OF_TRIAL_2_LOOP_" + std::to_string(copy),
               "Something wrong with the alphabetic list", EXPERIMENT, 602,
               "the alphabetic list should always end up as aaabbcc or aabbbcc or aabbccc");
@@ -128,23 +128,23 @@ Lines EverythingMissing() {
 DataFile Sample() { return DataFile::Sample(EXPERIMENT); }
 
 // The rows of the trials of this base name.
-std::vector<size_t> RowsOf(const DataFile& file, const std::string& baseName) {
-  std::vector<size_t> rows;
-  for (size_t row = 0; row < file.RowCount(); ++row) {
+std::vector<std::size_t> RowsOf(const DataFile& file, const std::string& baseName) {
+  std::vector<std::size_t> rows;
+  for (std::size_t row = 0; row < file.RowCount(); ++row) {
     if (file.Cell(row, TRIAL).rfind(baseName + ",", 0) == 0) rows.push_back(row);
   }
   return rows;
 }
 
 DataFile WithTrialRenamed(DataFile file, const std::string& baseName, const std::string& name) {
-  for (const size_t row : RowsOf(file, baseName)) file.Set(row, TRIAL, name + ", 1");
+  for (const std::size_t row : RowsOf(file, baseName)) file.Set(row, TRIAL, name + ", 1");
   return file;
 }
 
 // Gives the letter rows of a trial, its first, third, fifth ... row, these letters.
 DataFile WithLetters(DataFile file, const std::string& baseName, const std::string& letters) {
-  const std::vector<size_t> rows = RowsOf(file, baseName);
-  for (size_t i = 0; i < letters.size(); ++i) {
+  const std::vector<std::size_t> rows = RowsOf(file, baseName);
+  for (std::size_t i = 0; i < letters.size(); ++i) {
     file.Set(rows.at(2 * i), EVENT, std::string("letters (1, ") + letters[i] + ")");
   }
   return file;
@@ -152,8 +152,8 @@ DataFile WithLetters(DataFile file, const std::string& baseName, const std::stri
 
 // Gives the number rows of a trial, its second, fourth ... row, these numbers.
 DataFile WithNumbers(DataFile file, const std::string& baseName, const std::string& numbers) {
-  const std::vector<size_t> rows = RowsOf(file, baseName);
-  for (size_t i = 0; i < numbers.size(); ++i) {
+  const std::vector<std::size_t> rows = RowsOf(file, baseName);
+  for (std::size_t i = 0; i < numbers.size(); ++i) {
     const std::string number(1, numbers[i]);
     file.Set(rows.at(2 * i + 1), EVENT, "numbers7 (" + number + ", " + number + ")");
   }
@@ -196,7 +196,7 @@ TEST(TestCrossedUnpairedPairedLists, EndsTheWalkAtATrialNameThatBeginsWithAComma
 }
 
 TEST(TestCrossedUnpairedPairedLists, EndsTheWalkAtATrialNameWithoutAComma) {
-  const size_t last = Sample().RowCount() - 1;
+  const std::size_t last = Sample().RowCount() - 1;
   EXPECT_EQ(Sample().Set(last, TRIAL, "11 empty list CROSSED with numbers3").Failures(),
             (Lines{NAMING_FAILED, TooFewRows("TRIAL_11_ALWAYS_SAME")}));
   EXPECT_EQ(Sample().Set(last, TRIAL, "").Failures(),
@@ -205,7 +205,7 @@ TEST(TestCrossedUnpairedPairedLists, EndsTheWalkAtATrialNameWithoutAComma) {
 
 TEST(TestCrossedUnpairedPairedLists, NeverGoesOnBehindABadTrialName) {
   const DataFile sample = Sample();
-  const size_t row = RowsOf(sample, "9. empty list PAIRED with numbers3").at(0);
+  const std::size_t row = RowsOf(sample, "9. empty list PAIRED with numbers3").at(0);
   EXPECT_EQ(Sample().Set(row, TRIAL, "no comma").Failures(),
             (Lines{NAMING_FAILED, TrialMissing("TRIAL_09_ALWAYS_SAME", 162),
                    TrialMissing("TRIAL_10_ALWAYS_SAME", 162),
@@ -226,7 +226,7 @@ TEST(TestCrossedUnpairedPairedLists, TakesTheTextFromTheFirstBracketOn) {
 
 TEST(TestCrossedUnpairedPairedLists, CollectsATrialFromRowsThatAreApart) {
   const DataFile sample = Sample();
-  const size_t last = RowsOf(sample, "1  letters3 PAIRED with numbers7").back();
+  const std::size_t last = RowsOf(sample, "1  letters3 PAIRED with numbers7").back();
   EXPECT_EQ(Sample().SwapRows(last, last + 1).Verify(), PASSING);
 }
 
@@ -239,7 +239,7 @@ TEST(TestCrossedUnpairedPairedLists, FindsEverythingMissingWithoutTheTrialColumn
 TEST(TestCrossedUnpairedPairedLists, FindsEverythingWrongWithoutTheEventColumn) {
   Lines expected;
   for (const DeterministicTrial& trial : DETERMINISTIC) expected.push_back(WrongEvent(trial.test));
-  for (size_t copy = 0; copy < 6; ++copy) expected.push_back(WrongLetters(copy));
+  for (std::size_t copy = 0; copy < 6; ++copy) expected.push_back(WrongLetters(copy));
   expected.insert(expected.end(), {NOT_ANEW, SAME_REPEATER, BAD_LETTERS_4, BAD_COUNT_4});
   EXPECT_EQ(Sample().RemoveColumn(EVENT).Failures(), expected);
 }
@@ -249,9 +249,9 @@ TEST(TestCrossedUnpairedPairedLists, FindsEverythingWrongWithoutTheEventColumn) 
 TEST(TestCrossedUnpairedPairedLists, ComparesEachEventOfTheDeterministicTrials) {
   const DataFile sample = Sample();
   for (const DeterministicTrial& trial : DETERMINISTIC) {
-    const std::vector<size_t> rows = RowsOf(sample, trial.baseName);
+    const std::vector<std::size_t> rows = RowsOf(sample, trial.baseName);
     ASSERT_EQ(rows.size(), trial.rows) << trial.test;
-    for (const size_t row : rows) {
+    for (const std::size_t row : rows) {
       EXPECT_EQ(DataFile(sample).Set(row, EVENT, sample.Cell(row, EVENT) + "x").Failures(),
                 Lines{WrongEvent(trial.test)})
           << row;
@@ -288,14 +288,14 @@ TEST(TestCrossedUnpairedPairedLists, ReportsOneRowTooManyAndThenAPassOfTheSameNa
 
 TEST(TestCrossedUnpairedPairedLists, ReportsSeveralRowsTooManyOnce) {
   DataFile file = Sample();
-  const size_t last = RowsOf(file, "10. empty list UNPAIRED with numbers3").back();
+  const std::size_t last = RowsOf(file, "10. empty list UNPAIRED with numbers3").back();
   file.RepeatRow(last).RepeatRow(last);
   EXPECT_EQ(file.Failures(), Lines{TooManyRows("TRIAL_10_ALWAYS_SAME")});
 }
 
 TEST(TestCrossedUnpairedPairedLists, ReportsAWrongEventOnceAndNoRowCountBehindIt) {
   DataFile file = Sample();
-  const std::vector<size_t> rows = RowsOf(file, "7 letters3 CROSSED with numbers3");
+  const std::vector<std::size_t> rows = RowsOf(file, "7 letters3 CROSSED with numbers3");
   file.Set(rows.at(3), EVENT, "wrong").Set(rows.at(5), EVENT, "wrong").RemoveRow(rows.back());
   EXPECT_EQ(file.Failures(), Lines{WrongEvent("TRIAL_07_ALWAYS_SAME")});
 }
@@ -311,7 +311,7 @@ TEST(TestCrossedUnpairedPairedLists, AcceptsTheThreeLetterPatternsInEachCopy) {
 }
 
 TEST(TestCrossedUnpairedPairedLists, ReportsAnyOtherLetterPatternInEachCopy) {
-  for (size_t copy = 0; copy < 6; ++copy) {
+  for (std::size_t copy = 0; copy < 6; ++copy) {
     for (const char* letters : {"aaaabcc", "aabbcca", "abababc", "cccbbaa", "aabbcdd"}) {
       EXPECT_EQ(WithLetters(Sample(), COPIES_OF_TRIAL_2[copy], letters).Failures(),
                 Lines{WrongLetters(copy)});
@@ -320,7 +320,7 @@ TEST(TestCrossedUnpairedPairedLists, ReportsAnyOtherLetterPatternInEachCopy) {
 }
 
 TEST(TestCrossedUnpairedPairedLists, ReportsAMissingCopyAndGoesOn) {
-  for (size_t copy = 0; copy < 6; ++copy) {
+  for (std::size_t copy = 0; copy < 6; ++copy) {
     EXPECT_EQ(WithTrialRenamed(Sample(), COPIES_OF_TRIAL_2[copy], "some other trial").Failures(),
               Lines{TrialMissing("COPIES_OF_TRIAL_2_LOOP_" + std::to_string(copy), 558)});
   }
@@ -353,7 +353,7 @@ TEST(TestCrossedUnpairedPairedLists, TakesAMissingCopyForOneWithOtherNumbers) {
 TEST(TestCrossedUnpairedPairedLists, CountsOnlyNumbersOneToSevenAsNumbers) {
   DataFile file = WithEqualNumbers();
   file.Set(RowsOf(file, COPIES_OF_TRIAL_2[0]).at(1), EVENT, "numbers7 (2, 3)");
-  for (size_t copy = 1; copy < 6; ++copy) {
+  for (std::size_t copy = 1; copy < 6; ++copy) {
     file.Set(RowsOf(file, COPIES_OF_TRIAL_2[copy]).at(1), EVENT, "numbers7 (8, 8)");
   }
   EXPECT_EQ(file.Failures(), Lines{NOT_ANEW});
@@ -405,7 +405,7 @@ TEST(TestCrossedUnpairedPairedLists, ReportsOtherLetters) {
 TEST(TestCrossedUnpairedPairedLists, ReportsALetterBehindTheLastOne) {
   for (const char* letter : {"(6, F)", "(1, A)", "(7, 7)", ""}) {
     DataFile file = Sample();
-    const size_t last = RowsOf(file, TRIAL_4).back();
+    const std::size_t last = RowsOf(file, TRIAL_4).back();
     file.RepeatRow(last).Set(last + 1, EVENT, std::string("letters5 ") + letter);
     EXPECT_EQ(file.Failures(), Lines{BAD_LETTERS_4}) << letter;
   }
@@ -413,7 +413,7 @@ TEST(TestCrossedUnpairedPairedLists, ReportsALetterBehindTheLastOne) {
 
 TEST(TestCrossedUnpairedPairedLists, ReportsManyLettersBehindTheLastOneOnce) {
   DataFile file = Sample();
-  const size_t last = RowsOf(file, TRIAL_4).back();
+  const std::size_t last = RowsOf(file, TRIAL_4).back();
   for (int i = 0; i < 40; ++i) {
     file.RepeatRow(last).Set(last + 1, EVENT, "letters5 (6, F)");
   }
@@ -422,7 +422,7 @@ TEST(TestCrossedUnpairedPairedLists, ReportsManyLettersBehindTheLastOneOnce) {
 
 TEST(TestCrossedUnpairedPairedLists, ReportsAThirdRepeat) {
   DataFile file = Sample();
-  const size_t last = RowsOf(file, TRIAL_4).back();
+  const std::size_t last = RowsOf(file, TRIAL_4).back();
   file.RepeatRow(last).Set(last + 1, EVENT, "letters5 (5, E)");
   EXPECT_EQ(file.Failures(), Lines{BAD_LETTERS_4});
 }
@@ -449,7 +449,7 @@ TEST(TestCrossedUnpairedPairedLists, ReportsOneNumberTooFewAndEndsThere) {
 // The eighth number comes with a letter row of its own, which stands behind "E".
 TEST(TestCrossedUnpairedPairedLists, ReportsOneNumberTooManyAndEndsThere) {
   DataFile file = Sample();
-  const size_t last = RowsOf(file, TRIAL_4).back();
+  const std::size_t last = RowsOf(file, TRIAL_4).back();
   file.RepeatRow(last).RepeatRow(last);
   EXPECT_EQ(file.Failures(), (Lines{BAD_LETTERS_4, BAD_COUNT_4}));
 }

@@ -37,7 +37,7 @@ Lines Checks(const DataFile& file) {
 }
 
 // The sample with the second time of a pair moved.
-DataFile WithInterval(size_t pair, int interval) {
+DataFile WithInterval(std::size_t pair, int interval) {
   DataFile file = Sample();
   const int start = std::stoi(file.Cell(2 * pair, TIME));
   return file.Set(2 * pair + 1, TIME, std::to_string(start + interval));
@@ -66,7 +66,7 @@ TEST(TestISI, FailsOnAChangeOfAnyComparedCell) {
 }
 
 TEST(TestISI, AllowsEachInterval5MsEitherWay) {
-  for (size_t pair = 0; pair < 17; ++pair) {
+  for (std::size_t pair = 0; pair < 17; ++pair) {
     const int row = static_cast<int>(2 * pair + 1);
     const int interval = INTERVALS[pair];
     for (const int found : {interval - 5, interval, interval + 5}) {
@@ -92,7 +92,7 @@ TEST(TestISI, NamesTheRowOfTheLastInterval) {
 
 TEST(TestISI, EveryBadIntervalFailsByItself) {
   DataFile file = Sample();
-  for (size_t row = 0; row < 34; ++row) file.Set(row, TIME, "4100");
+  for (std::size_t row = 0; row < 34; ++row) file.Set(row, TIME, "4100");
   Lines failures;
   for (int pair = 0; pair < 17; ++pair) {
     failures.push_back(WrongInterval(2 * pair + 1, INTERVALS[pair], 0));
@@ -106,7 +106,7 @@ TEST(TestISI, DoesNotMeasureBetweenPairs) {
 }
 
 TEST(TestISI, ATimeThatIsNoNumberInTheFirstPairStopsTheWalk) {
-  for (const size_t row : {size_t{0}, size_t{1}}) {
+  for (const std::size_t row : {std::size_t{0}, std::size_t{1}}) {
     for (const char* text : {"", "soon", "24 ms", "24.5"}) {
       EXPECT_EQ(Checks(Sample().Set(row, TIME, text).Set(5, TIME, "0")),
                 (Lines{"pass Data_appears_completely_and_in_order", NOT_NUMERIC}));

@@ -38,7 +38,7 @@ const std::string LOCATIONS_FAILED =
 // The sample with these colours in its ten rows of colour events.
 DataFile WithColors(const std::vector<std::string>& colors) {
   DataFile file = DataFile::Sample(EXPERIMENT);
-  for (size_t i = 0; i < 10; ++i) file.Set(5 + i, COLOR, colors.at(i));
+  for (std::size_t i = 0; i < 10; ++i) file.Set(5 + i, COLOR, colors.at(i));
   return file;
 }
 
@@ -95,7 +95,7 @@ TEST(TestImportV4VarsIntoOM5, FailsOnAFreshStartWithinABlock) {
 }
 
 TEST(TestImportV4VarsIntoOM5, ComparesEachColor) {
-  for (size_t row = 5; row <= 14; ++row) {
+  for (std::size_t row = 5; row <= 14; ++row) {
     DataFile file = DataFile::Sample(EXPERIMENT);
     file.Set(row, COLOR, file.Cell(row, COLOR) == "red" ? "green" : "red");
     EXPECT_EQ(file.Failures(), Lines{COLORS_FAILED}) << row;
@@ -103,14 +103,14 @@ TEST(TestImportV4VarsIntoOM5, ComparesEachColor) {
 }
 
 TEST(TestImportV4VarsIntoOM5, FailsOnAnEmptyColor) {
-  for (size_t row = 5; row <= 14; ++row) {
+  for (std::size_t row = 5; row <= 14; ++row) {
     EXPECT_EQ(DataFile::Sample(EXPERIMENT).Set(row, COLOR, "").Failures(), Lines{COLORS_FAILED})
         << row;
   }
 }
 
 TEST(TestImportV4VarsIntoOM5, ComparesEachLocation) {
-  for (size_t row = 15; row <= 23; ++row) {
+  for (std::size_t row = 15; row <= 23; ++row) {
     EXPECT_EQ(DataFile::Sample(EXPERIMENT).Set(row, LOCATION, "2").Failures(),
               Lines{LOCATIONS_FAILED})
         << row;

@@ -41,13 +41,13 @@ const std::string CODES_FAILED =
          "TestMultipleSubsetExpressionsOnOneBlock for details about expected behavior here");
 
 // The sample flips in every seventh row from row 6 on, eleven times.
-const std::vector<size_t> FLIP_ROWS = {6, 13, 20, 27, 34, 41, 48, 55, 62, 69, 76};
+const std::vector<std::size_t> FLIP_ROWS = {6, 13, 20, 27, 34, 41, 48, 55, 62, 69, 76};
 
 // The sample with these outcomes of the eleven flips, '1' or '2', and with these tags of the trial,
 // '-' for an empty one.
 DataFile WithFlips(const std::string& outcomes, const std::string& trialTags) {
   DataFile file = DataFile::Sample(EXPERIMENT);
-  for (size_t i = 0; i < FLIP_ROWS.size(); ++i) {
+  for (std::size_t i = 0; i < FLIP_ROWS.size(); ++i) {
     const std::string outcome(1, outcomes[i]);
     file.Set(FLIP_ROWS[i], EVENT, "coinflips (" + outcome + ", coinflip)");
     file.Set(FLIP_ROWS[i], EVENT_TAG, outcome);
@@ -59,7 +59,7 @@ DataFile WithFlips(const std::string& outcomes, const std::string& trialTags) {
 // The sample, all of whose trials with a cue go to one side.
 DataFile WithCuesOf(const std::string& trial) {
   DataFile file = DataFile::Sample(EXPERIMENT);
-  for (size_t row = 0; row < file.RowCount(); ++row) {
+  for (std::size_t row = 0; row < file.RowCount(); ++row) {
     if (file.Cell(row, BLOCK) == "cues") file.Set(row, TRIAL, trial);
   }
   return file;
@@ -95,7 +95,7 @@ TEST(TestMultipleSubsetExpressionsOnOneBlock, FailsOnOneRowTooMany) {
 }
 
 TEST(TestMultipleSubsetExpressionsOnOneBlock, FailsOnTwoFlipsInARow) {
-  for (const size_t row : {5U, 7U, 12U, 75U, 77U}) {
+  for (const std::size_t row : {5U, 7U, 12U, 75U, 77U}) {
     EXPECT_EQ(DataFile::Sample(EXPERIMENT).Set(row, BLOCK, "coinflips").Failures(),
               Lines{FLIPS_FAILED})
         << "row " << row;
@@ -129,7 +129,7 @@ TEST(TestMultipleSubsetExpressionsOnOneBlock, PassesWhenEachSideComesOnce) {
 
 TEST(TestMultipleSubsetExpressionsOnOneBlock, HoldsEachOfElevenSamples) {
   const DataFile sample = DataFile::Sample(EXPERIMENT);
-  for (const size_t row : FLIP_ROWS) {
+  for (const std::size_t row : FLIP_ROWS) {
     SCOPED_TRACE(row);
     DataFile file = sample;
     EXPECT_EQ(file.Set(row, EVENT_TAG, "").Failures(), Lines{CODES_FAILED});
@@ -163,7 +163,7 @@ TEST(TestMultipleSubsetExpressionsOnOneBlock, KeepsTheCodesOfTheOutcomesApart) {
 
 TEST(TestMultipleSubsetExpressionsOnOneBlock, LooksOnlyAtEverySeventhRow) {
   DataFile file = DataFile::Sample(EXPERIMENT);
-  for (size_t row = 7; row < file.RowCount(); ++row) {
+  for (std::size_t row = 7; row < file.RowCount(); ++row) {
     if (row % 7 == 6) continue;
     file.Set(row, EVENT, "coinflips (1, coinflip)").Set(row, TRIAL_TAG, "3");
   }
@@ -230,7 +230,7 @@ void Search(const DataFile& file, const std::filesystem::path& folder) {
 // A process of its own comes to the search, works on without a further result, and is then ended.
 TEST(TestMultipleSubsetExpressionsOnOneBlockDeathTest, SearchesWithoutEndForAFlipThatIsNotThere) {
   DataFile file = DataFile::Sample(EXPERIMENT);
-  for (const size_t row : FLIP_ROWS) file.Set(row, EVENT, "cue");
+  for (const std::size_t row : FLIP_ROWS) file.Set(row, EVENT, "cue");
   // The process that is stopped cannot clear up its files.
   const std::filesystem::path folder = std::filesystem::current_path() / "endless-search";
   std::filesystem::create_directories(folder);

@@ -30,7 +30,7 @@ TEST(TestOMExceptionThrownAndCaught, ComparesTheAwkwardNamesExactly) {
   const std::vector<std::string> names = {a, b, c, c, c, c};
   ASSERT_EQ(a.size(), 49u);
   EXPECT_EQ(Sample().SetColumn("Trial\nName", names).Failures(), Lines{});
-  for (size_t row = 0; row < names.size(); ++row) {
+  for (std::size_t row = 0; row < names.size(); ++row) {
     for (const std::string& text :
          {names[row] + names[row].back(), names[row].substr(1), std::string()}) {
       EXPECT_EQ(Sample().Set(row, "Trial\nName", text).Failures(),

@@ -41,7 +41,7 @@ TEST(TestRStepMutableCodes, ComparesEachCellOfTheSecondCode) {
 }
 
 TEST(TestRStepMutableCodes, FailsOnACodeThatLeaksIntoADoneRow) {
-  for (const size_t done : {size_t{6}, size_t{13}}) {
+  for (const std::size_t done : {std::size_t{6}, std::size_t{13}}) {
     EXPECT_EQ(DataFile::Sample(EXPERIMENT).Set(done, "trial_hey", "a").Failures(),
               Lines{CellDiffers(EXPERIMENT, done, "")});
     EXPECT_EQ(DataFile::Sample(EXPERIMENT).Set(done, "trial_b", "d").Failures(),

@@ -49,7 +49,7 @@ TEST(TestRandomLevelsAndCountersAndRSVP, PassesItsSample) {
 TEST(TestRandomLevelsAndCountersAndRSVP, FailsOnEachWrongCellOfEachColumn) {
   const DataFile sample = DataFile::Sample(EXPERIMENT);
   ASSERT_EQ(sample.RowCount(), 318u);
-  for (size_t row = 0; row < sample.RowCount(); ++row) {
+  for (std::size_t row = 0; row < sample.RowCount(); ++row) {
     DataFile file = sample;
     Lines failures;
     for (const char* const column : COLUMNS) {
@@ -71,7 +71,7 @@ TEST(TestRandomLevelsAndCountersAndRSVP, FailsOnOneWrongCellInOneColumnAlone) {
 
 TEST(TestRandomLevelsAndCountersAndRSVP, ComparesTheColumnsInOrderWhateverTheEarlierOnesFound) {
   DataFile file = DataFile::Sample(EXPERIMENT);
-  size_t row = 188;
+  std::size_t row = 188;
   for (const char* const column : COLUMNS) file.Set(row++, column, "violet");
   EXPECT_EQ(file.Failures(),
             (Lines{CellDiffers(EXPERIMENT, 188, ""), CellDiffers(EXPERIMENT, 189, ""),
@@ -85,9 +85,10 @@ TEST(TestRandomLevelsAndCountersAndRSVP, ComparesTheColumnsInOrderWhateverTheEar
 // Cells that tell of the shape of the run, each typed by hand.
 TEST(TestRandomLevelsAndCountersAndRSVP, ItsSampleHoldsTheLandmarksOfTheRun) {
   const DataFile sample = DataFile::Sample(EXPERIMENT);
-  const auto cells = [&sample](size_t column, size_t first, size_t last) {
+  const auto cells = [&sample](std::size_t column, std::size_t first, std::size_t last) {
     std::vector<std::string> found;
-    for (size_t row = first; row <= last; ++row) found.push_back(sample.Cell(row, COLUMNS[column]));
+    for (std::size_t row = first; row <= last; ++row)
+      found.push_back(sample.Cell(row, COLUMNS[column]));
     return found;
   };
   using Cells = std::vector<std::string>;
@@ -133,7 +134,7 @@ TEST(TestRandomLevelsAndCountersAndRSVP, LeavesNoContentTestAfterAWrongLength) {
 // The levels come in the right order, but each begins with the group and not one event after it.
 TEST(TestRandomLevelsAndCountersAndRSVP, FailsOnALevelThatIsAppliedOneEventTooEarly) {
   DataFile file = DataFile::Sample(EXPERIMENT);
-  for (size_t group = 188; group < 236; group += 4) {
+  for (std::size_t group = 188; group < 236; group += 4) {
     file.Set(group, NO_REPL_2, file.Cell(group + 1, NO_REPL_2));
   }
   EXPECT_EQ(file.Failures(), Lines{CellDiffers(EXPERIMENT, 188, "")});

@@ -36,10 +36,10 @@ Lines Renumbered(Lines lines) {
   int first = 0;
   int count = 0;
   for (std::string& line : lines) {
-    const size_t start = line.find(CHECK);
+    const std::size_t start = line.find(CHECK);
     if (start == std::string::npos) continue;
-    const size_t digits = start + CHECK.size();
-    size_t length = 0;
+    const std::size_t digits = start + CHECK.size();
+    std::size_t length = 0;
     const int number = std::stoi(line.substr(digits), &length);
     if (count == 0) first = number;
     EXPECT_EQ(number, first + count);
@@ -51,8 +51,8 @@ Lines Renumbered(Lines lines) {
 
 Lines Failures(const DataFile& file) { return FailuresOf(Renumbered(file.Verify())); }
 
-size_t TimestampsExamined(const DataFile& file) {
-  size_t count = 0;
+std::size_t TimestampsExamined(const DataFile& file) {
+  std::size_t count = 0;
   for (const std::string& line : file.Verify()) {
     if (line.find(CHECK) != std::string::npos) ++count;
   }
@@ -125,11 +125,12 @@ DataFile FileOf(const std::vector<std::string>& events) {
 }
 
 // As many events of each kind, in the order "the", "ee1", "ee2", "ee3", "b (", "c (", "d (", "e (".
-DataFile FileOfCounts(const std::vector<size_t>& counts) {
+DataFile FileOfCounts(const std::vector<std::size_t>& counts) {
   const std::vector<std::string> names = {"the",   "ee1",   "ee2",   "ee3",
                                           "b (1)", "c (1)", "d (1)", "e (1)"};
   std::vector<std::string> events;
-  for (size_t i = 0; i < names.size(); ++i) events.insert(events.end(), counts.at(i), names[i]);
+  for (std::size_t i = 0; i < names.size(); ++i)
+    events.insert(events.end(), counts.at(i), names[i]);
   return FileOf(events);
 }
 
@@ -178,8 +179,8 @@ TEST(TestSyncTrialsTolmey3251, ReportsEachRowWithoutTheTimeColumn) {
 // --- The counts of events
 
 TEST(TestSyncTrialsTolmey3251, AcceptsTheCountsThatTheBlocksCanHave) {
-  for (const size_t c : {0u, 3u}) {
-    for (const size_t d : {3u, 6u}) {
+  for (const std::size_t c : {0u, 3u}) {
+    for (const std::size_t d : {3u, 6u}) {
       EXPECT_EQ(Failures(FileOfCounts({7, 1, 1, 1, 3, c, d, 6})), Lines{}) << c << " " << d;
     }
   }
@@ -187,8 +188,8 @@ TEST(TestSyncTrialsTolmey3251, AcceptsTheCountsThatTheBlocksCanHave) {
 
 TEST(TestSyncTrialsTolmey3251, ReportsEachOtherCount) {
   struct Case {
-    size_t kind;
-    std::vector<size_t> counts;
+    std::size_t kind;
+    std::vector<std::size_t> counts;
     int line;
   };
   const std::vector<Case> cases = {{0, {6, 8}, 330},          {1, {0, 2}, 340},
@@ -196,8 +197,8 @@ TEST(TestSyncTrialsTolmey3251, ReportsEachOtherCount) {
                                    {4, {0, 2, 4}, 370},       {5, {1, 2, 4, 6}, 380},
                                    {6, {0, 2, 4, 5, 7}, 390}, {7, {0, 3, 5, 7}, 400}};
   for (const Case& one : cases) {
-    for (const size_t count : one.counts) {
-      std::vector<size_t> counts = {7, 1, 1, 1, 3, 3, 3, 6};
+    for (const std::size_t count : one.counts) {
+      std::vector<std::size_t> counts = {7, 1, 1, 1, 3, 3, 3, 6};
       counts[one.kind] = count;
       EXPECT_EQ(Failures(FileOfCounts(counts)),
                 Lines{ContentCheck(static_cast<int>(one.kind) + 1, one.line)})
@@ -281,7 +282,7 @@ TEST(TestSyncTrialsTolmey3251, ReportsTheAlternationForAnUnknownNameWhereATimest
 
 TEST(TestSyncTrialsTolmey3251, SkipsStarsAnywhereBehindTheSecondRow) {
   DataFile file = FileOfCounts({7, 1, 1, 1, 3, 3, 3, 6});
-  for (size_t row = 50; row >= 2; --row) {
+  for (std::size_t row = 50; row >= 2; --row) {
     file.RepeatRow(row).Set(row, EVENT, "***").Set(row, TIME, "-5");
   }
   EXPECT_EQ(Failures(file), Lines{});
@@ -370,7 +371,7 @@ TEST(TestSyncTrialsTolmey3251, SurvivesTheLargestTimes) {
 TEST(TestSyncTrialsTolmey3251, MeasuresFromTheTimestampBeforeAndNotFromItsDueTime) {
   // Three milliseconds late each time, which adds up.
   DataFile file = FileOfCounts({7, 1, 1, 1, 3, 3, 3, 6});
-  for (size_t row = 2; row <= 50; row += 2) {
+  for (std::size_t row = 2; row <= 50; row += 2) {
     file.Set(row, TIME,
              std::to_string(std::stol(file.Cell(row, TIME)) + static_cast<long>(row / 2) * 3));
   }

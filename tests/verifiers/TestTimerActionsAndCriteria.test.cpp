@@ -49,9 +49,9 @@ std::string NotNumeric(int row, int column) {
 DataFile Sample() { return DataFile::Sample(EXPERIMENT); }
 
 // The failures of the sample with the timer's cells of rows first to last set to text.
-Lines WithTimer(const char* timer, size_t first, size_t last, const char* text) {
+Lines WithTimer(const char* timer, std::size_t first, std::size_t last, const char* text) {
   DataFile file = Sample();
-  for (size_t row = first; row <= last; ++row) file.Set(row, timer, text);
+  for (std::size_t row = first; row <= last; ++row) file.Set(row, timer, text);
   return file.Failures();
 }
 
@@ -163,14 +163,14 @@ TEST(TestTimerActionsAndCriteria, Timer1RunsOnForAtMost12MsIntoAPause) {
 }
 
 TEST(TestTimerActionsAndCriteria, Timer1HoldsStillInAPause) {
-  for (size_t row = 7; row <= 11; ++row) {
+  for (std::size_t row = 7; row <= 11; ++row) {
     EXPECT_EQ(WithTimer("timer_1", row, row, "1013"), Lines{Timer1Failed(FIRST_PAUSE)});
     EXPECT_EQ(WithTimer("timer_1", row, row, "1015"), Lines{Timer1Failed(FIRST_PAUSE)});
   }
-  for (size_t row = 15; row <= 17; ++row) {
+  for (std::size_t row = 15; row <= 17; ++row) {
     EXPECT_EQ(WithTimer("timer_1", row, row, "1925"), Lines{Timer1Failed(SECOND_PAUSE)});
   }
-  for (size_t row = 21; row <= 25; ++row) {
+  for (std::size_t row = 21; row <= 25; ++row) {
     EXPECT_EQ(WithTimer("timer_1", row, row, "2641"), Lines{Timer1Failed(THIRD_PAUSE)});
   }
 }
@@ -194,7 +194,7 @@ TEST(TestTimerActionsAndCriteria, Timer1GoesOnBehindAPause) {
 TEST(TestTimerActionsAndCriteria, Timer1StandsNear2500MsInTheEnd) {
   const auto ending = [](const char* before, const char* text) {
     DataFile file = Sample().Set(19, "timer_1", before);
-    for (size_t row = 20; row <= 25; ++row) file.Set(row, "timer_1", text);
+    for (std::size_t row = 20; row <= 25; ++row) file.Set(row, "timer_1", text);
     return file.Failures();
   };
   EXPECT_EQ(ending("2500", "2500"), Lines{});
@@ -216,11 +216,11 @@ TEST(TestTimerActionsAndCriteria, Timer1TellsOfAllItsFailuresInOneMessage) {
 }
 
 TEST(TestTimerActionsAndCriteria, Timer2ReadsZeroAtFirstAndAgainLater) {
-  for (size_t row = 0; row <= 5; ++row) {
+  for (std::size_t row = 0; row <= 5; ++row) {
     EXPECT_EQ(WithTimer("timer_2", row, row, "1"), Lines{Timer2Failed(ZERO_STATE)});
     EXPECT_EQ(WithTimer("timer_2", row, row, "00"), Lines{Timer2Failed(ZERO_STATE)});
   }
-  for (size_t row = 14; row <= 17; ++row) {
+  for (std::size_t row = 14; row <= 17; ++row) {
     EXPECT_EQ(WithTimer("timer_2", row, row, "1"), Lines{Timer2Failed(ZERO_STATE)});
   }
   EXPECT_EQ(Sample().Set(3, "timer_2", "1").Set(16, "timer_2", "").Failures(),
@@ -229,7 +229,7 @@ TEST(TestTimerActionsAndCriteria, Timer2ReadsZeroAtFirstAndAgainLater) {
 }
 
 TEST(TestTimerActionsAndCriteria, Timer2StandsNear500MsBehindAZeroState) {
-  for (const size_t row : {size_t{6}, size_t{18}}) {
+  for (const std::size_t row : {std::size_t{6}, std::size_t{18}}) {
     EXPECT_EQ(WithTimer("timer_2", row, row, "500"), Lines{});
     EXPECT_EQ(WithTimer("timer_2", row, row, "499"), Lines{Timer2Failed(ZERO_STATE)});
     EXPECT_EQ(WithTimer("timer_2", row, row, "550"), Lines{});
@@ -258,21 +258,22 @@ TEST(TestTimerActionsAndCriteria, Timer2TellsOfAllItsFailuresInOneMessage) {
 }
 
 TEST(TestTimerActionsAndCriteria, ACellThatIsNoNumberFailsByItselfAndInItsTimersCheck) {
-  const auto timer1 = [](size_t row) { return WithTimer("timer_1", row, row, "n/a"); };
+  const auto timer1 = [](std::size_t row) { return WithTimer("timer_1", row, row, "n/a"); };
   for (const int row : {5, 6, 9, 12}) {
-    EXPECT_EQ(timer1(static_cast<size_t>(row)),
+    EXPECT_EQ(timer1(static_cast<std::size_t>(row)),
               (Lines{NotNumeric(row, TIMER_1), Timer1Failed(FIRST_PAUSE)}));
   }
   for (const int row : {13, 14, 17, 18}) {
-    EXPECT_EQ(timer1(static_cast<size_t>(row)),
+    EXPECT_EQ(timer1(static_cast<std::size_t>(row)),
               (Lines{NotNumeric(row, TIMER_1), Timer1Failed(SECOND_PAUSE)}));
   }
   for (const int row : {19, 20, 24}) {
-    EXPECT_EQ(timer1(static_cast<size_t>(row)),
+    EXPECT_EQ(timer1(static_cast<std::size_t>(row)),
               (Lines{NotNumeric(row, TIMER_1), Timer1Failed(THIRD_PAUSE)}));
   }
   for (const int row : {6, 18}) {
-    EXPECT_EQ(WithTimer("timer_2", static_cast<size_t>(row), static_cast<size_t>(row), "506 ms"),
+    EXPECT_EQ(WithTimer("timer_2", static_cast<std::size_t>(row), static_cast<std::size_t>(row),
+                        "506 ms"),
               (Lines{NotNumeric(row, TIMER_2), Timer2Failed(ZERO_STATE)}));
   }
   EXPECT_EQ(WithTimer("timer_2", 13, 13, ""),

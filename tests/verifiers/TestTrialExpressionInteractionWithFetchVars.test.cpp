@@ -24,7 +24,7 @@ TEST(TestTrialExpressionInteractionWithFetchVars, PassesItsSample) {
 TEST(TestTrialExpressionInteractionWithFetchVars, FailsOnEachWrongCell) {
   const DataFile sample = DataFile::Sample(EXPERIMENT);
   ASSERT_EQ(sample.RowCount(), 30u);
-  for (size_t row = 0; row < sample.RowCount(); ++row) {
+  for (std::size_t row = 0; row < sample.RowCount(); ++row) {
     EXPECT_EQ(DataFile(sample).Set(row, COLUMN, "Violet").Failures(),
               Lines{CellDiffers(EXPERIMENT, row, sample.Cell(row, COLUMN))});
   }

@@ -32,7 +32,7 @@ TEST(TestTrialSubsetUpToN, HoldsEachCellOfBothColumns) {
   const DataFile sample = DataFile::Sample(EXPERIMENT);
   ASSERT_EQ(sample.RowCount(), 44U);
   for (const char* column : {EVENT, CODE}) {
-    for (size_t row = 0; row < sample.RowCount(); ++row) {
+    for (std::size_t row = 0; row < sample.RowCount(); ++row) {
       DataFile file = sample;
       EXPECT_EQ(file.Set(row, column, "another").Failures(),
                 Lines{CellDiffers(EXPERIMENT, row, sample.Cell(row, column))})

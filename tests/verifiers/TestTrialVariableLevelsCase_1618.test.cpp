@@ -45,7 +45,7 @@ TEST(TestTrialVariableLevelsCase_1618, PassesItsSample) {
 TEST(TestTrialVariableLevelsCase_1618, HoldsEachCellOfTheCode) {
   const DataFile sample = DataFile::Sample(EXPERIMENT);
   ASSERT_EQ(sample.RowCount(), 10U);
-  for (size_t row = 0; row < sample.RowCount(); ++row) {
+  for (std::size_t row = 0; row < sample.RowCount(); ++row) {
     DataFile file = sample;
     EXPECT_EQ(file.Set(row, "Presented", "yes").Failures(),
               Lines{CellDiffers(EXPERIMENT, row, "")});
@@ -56,12 +56,12 @@ TEST(TestTrialVariableLevelsCase_1618, HoldsEachCellOfTheCode) {
 
 TEST(TestTrialVariableLevelsCase_1618, CountsEachNamedLevelOnce) {
   const DataFile sample = DataFile::Sample(EXPERIMENT);
-  for (size_t row = 0; row < sample.RowCount(); ++row) {
+  for (std::size_t row = 0; row < sample.RowCount(); ++row) {
     if (sample.Cell(row, LEVEL).rfind("Invisible", 0) == 0) continue;
     DataFile file = sample;
     EXPECT_EQ(file.Set(row, LEVEL, "another level").Failures(), Lines{LEVELS_FAILED}) << row;
   }
-  for (size_t i = 0; i < 5; ++i) {
+  for (std::size_t i = 0; i < 5; ++i) {
     DataFile file = sample;
     EXPECT_EQ(file.Set(0, LEVEL, SORTED[i]).Failures(), Lines{LEVELS_FAILED}) << SORTED[i];
   }
@@ -82,7 +82,7 @@ TEST(TestTrialVariableLevelsCase_1618, FailsOnLevelsInSortedOrder) {
 }
 
 TEST(TestTrialVariableLevelsCase_1618, TakesADifferenceInAnyRowForAShuffle) {
-  for (size_t row = 5; row < 10; ++row) {
+  for (std::size_t row = 5; row < 10; ++row) {
     EXPECT_EQ(DataFile::Sample(EXPERIMENT)
                   .SetColumn(LEVEL, SORTED)
                   .Set(row, LEVEL, "another level")
@@ -90,7 +90,7 @@ TEST(TestTrialVariableLevelsCase_1618, TakesADifferenceInAnyRowForAShuffle) {
               Lines{})
         << row;
   }
-  for (size_t row = 0; row < 5; ++row) {
+  for (std::size_t row = 0; row < 5; ++row) {
     DataFile file = DataFile::Sample(EXPERIMENT);
     file.SetColumn(LEVEL, SORTED);
     file.Set(row, LEVEL, SORTED[row + 5]).Set(row + 5, LEVEL, SORTED[row]);

@@ -36,7 +36,7 @@ const std::string WITH_REPL_FAILED = Fail(
 // One selection method: its column, the rows in which a level is applied, its failure.
 struct Selection {
   const char* column;
-  std::vector<size_t> rows;
+  std::vector<std::size_t> rows;
   std::string failure;
 };
 
@@ -62,7 +62,7 @@ TEST(TestTrialVariableLevelsExpressions, PassesItsSample) {
 }
 
 TEST(TestTrialVariableLevelsExpressions, HoldsEachRowBeforeAnyLevelIsApplied) {
-  for (const size_t row : {3U, 5U, 7U, 9U, 13U, 15U, 17U, 19U, 23U, 25U, 27U, 29U}) {
+  for (const std::size_t row : {3U, 5U, 7U, 9U, 13U, 15U, 17U, 19U, 23U, 25U, 27U, 29U}) {
     EXPECT_EQ(DataFile::Sample(EXPERIMENT).Set(row, EVENT, "detected position two").Failures(),
               Lines{PRIOR_FAILED})
         << "row " << row;
@@ -71,8 +71,9 @@ TEST(TestTrialVariableLevelsExpressions, HoldsEachRowBeforeAnyLevelIsApplied) {
 
 TEST(TestTrialVariableLevelsExpressions, LooksAtNoOtherRows) {
   DataFile file = DataFile::Sample(EXPERIMENT);
-  for (const size_t row : {0U,  1U,  2U,  4U,  6U,  8U,  10U, 11U, 12U, 14U, 16U, 18U, 20U, 21U,
-                           22U, 24U, 26U, 28U, 30U, 31U, 32U, 34U, 53U, 54U, 75U, 76U, 96U}) {
+  for (const std::size_t row :
+       {0U,  1U,  2U,  4U,  6U,  8U,  10U, 11U, 12U, 14U, 16U, 18U, 20U, 21U,
+        22U, 24U, 26U, 28U, 30U, 31U, 32U, 34U, 53U, 54U, 75U, 76U, 96U}) {
     file.Set(row, EVENT, "another event");
   }
   for (const char* column : {NO_REPL, SEQUENTIAL, WITH_REPL}) file.Set(31, column, "another level");
@@ -82,7 +83,7 @@ TEST(TestTrialVariableLevelsExpressions, LooksAtNoOtherRows) {
 TEST(TestTrialVariableLevelsExpressions, HoldsEachLevelAgainstTheEventOneRowBelow) {
   const DataFile sample = DataFile::Sample(EXPERIMENT);
   for (const Selection& selection : SELECTIONS) {
-    for (const size_t row : selection.rows) {
+    for (const std::size_t row : selection.rows) {
       SCOPED_TRACE(row);
       const std::string other = TheOther(sample.Cell(row, selection.column));
       DataFile wrongLevel = sample;

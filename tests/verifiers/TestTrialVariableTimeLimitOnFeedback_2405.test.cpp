@@ -80,7 +80,7 @@ TEST(TestTrialVariableTimeLimitOnFeedback_2405, FailsTwiceOnAWrongNumberOfAreas)
 
 TEST(TestTrialVariableTimeLimitOnFeedback_2405, ComparesPlacesNamesAndResponsesTwice) {
   for (int index = 0; index < 3; ++index) {
-    const size_t at = static_cast<size_t>(index);
+    const std::size_t at = static_cast<std::size_t>(index);
     const Lines twice = {AreaDiffers(index), AreaDiffers(index)};
     DataFile x = Sample();
     x.StimAreas()[at].x = 1;
@@ -99,7 +99,7 @@ TEST(TestTrialVariableTimeLimitOnFeedback_2405, ComparesPlacesNamesAndResponsesT
 
 TEST(TestTrialVariableTimeLimitOnFeedback_2405, ComparesSizesOnce) {
   for (int index = 0; index < 3; ++index) {
-    const size_t at = static_cast<size_t>(index);
+    const std::size_t at = static_cast<std::size_t>(index);
     DataFile wider = Sample();
     ++wider.StimAreas()[at].width;
     EXPECT_EQ(wider.Failures(), Lines{AreaDiffers(index)});

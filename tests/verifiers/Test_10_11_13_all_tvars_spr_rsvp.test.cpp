@@ -50,7 +50,7 @@ TEST(Test_10_11_13_all_tvars_spr_rsvp, PassesItsSample) {
 
 TEST(Test_10_11_13_all_tvars_spr_rsvp, HoldsEachCell) {
   for (const char* column : {EVENT, POSITION, COLOR, TIME_LIMIT}) {
-    for (size_t row = 0; row < 12; ++row) {
+    for (std::size_t row = 0; row < 12; ++row) {
       EXPECT_EQ(DataFile::Sample(EXPERIMENT).Set(row, column, "another").Failures(),
                 Lines{SEGMENTS_FAILED})
           << column << " row " << row;
@@ -72,7 +72,7 @@ TEST(Test_10_11_13_all_tvars_spr_rsvp, FailsOnThreeOfOneLevelAndFiveOfAnother) {
   for (const auto& [column, texts] : levels) {
     for (const std::string& text : texts) {
       DataFile file = DataFile::Sample(EXPERIMENT);
-      const size_t row = file.Cell(0, column) == text ? 2 : 0;
+      const std::size_t row = file.Cell(0, column) == text ? 2 : 0;
       EXPECT_EQ(file.Set(row, column, text).Failures(), Lines{SEGMENTS_FAILED}) << text;
     }
   }
@@ -92,7 +92,7 @@ TEST(Test_10_11_13_all_tvars_spr_rsvp, FailsOnLevelsInSortedOrder) {
 
 TEST(Test_10_11_13_all_tvars_spr_rsvp, TakesADifferenceInAnyCellForAShuffle) {
   for (const char* column : {POSITION, COLOR, TIME_LIMIT}) {
-    for (size_t row = 0; row < 12; ++row) {
+    for (std::size_t row = 0; row < 12; ++row) {
       EXPECT_EQ(InSortedOrder().Set(row, column, "another").Failures(), Lines{SEGMENTS_FAILED})
           << column << " row " << row;
     }

@@ -24,9 +24,9 @@ std::string CheckFailed(const std::string& proportion) {
 }
 
 // A file of so many rows, of which the first ones are blue and the others have this text.
-DataFile Flips(size_t blue, size_t rows, const std::string& other = "Red") {
+DataFile Flips(std::size_t blue, std::size_t rows, const std::string& other = "Red") {
   std::vector<std::vector<std::string>> cells;
-  for (size_t row = 0; row < rows; ++row) {
+  for (std::size_t row = 0; row < rows; ++row) {
     cells.push_back({row < blue ? "Blue" : other, "1", "-"});
   }
   return DataFile::Of(EXPERIMENT, {COLOR, "Cumulative\nTime", "Expansion Time(ms): 512"}, cells);

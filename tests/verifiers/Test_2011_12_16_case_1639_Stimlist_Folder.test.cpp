@@ -53,7 +53,7 @@ TEST(Test_2011_12_16_case_1639_Stimlist_Folder, TakesEachNameInEveryCase) {
                            "PICTURESTIMLIST_W_FILES (2, 02_FOREVERALONELAUGH.JPG)",
                            "PICTURESTIMLIST_W_FILES (3, 03_SCASI.JPG)"}) {
     DataFile file = Sample();
-    for (size_t row = 0; row < file.RowCount(); ++row) file.Set(row, EVENT, name);
+    for (std::size_t row = 0; row < file.RowCount(); ++row) file.Set(row, EVENT, name);
     EXPECT_EQ(file.Failures(), Lines{}) << name;
   }
 }
@@ -64,7 +64,7 @@ TEST(Test_2011_12_16_case_1639_Stimlist_Folder, TakesAnyOrderAndNumberOfRows) {
 }
 
 TEST(Test_2011_12_16_case_1639_Stimlist_Folder, FailsOnAnyOtherCell) {
-  for (size_t row = 0; row < 6; ++row) {
+  for (std::size_t row = 0; row < 6; ++row) {
     EXPECT_EQ(Sample().Set(row, EVENT, "PictureStimList_w_Folder (4, %s.PNG)").Failures(),
               Lines{CheckFailed("picturestimlist_w_folder (4, %s.png)")});
     EXPECT_EQ(Sample().Set(row, EVENT, "").Failures(), Lines{CheckFailed("")});

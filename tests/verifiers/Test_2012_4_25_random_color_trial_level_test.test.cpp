@@ -27,7 +27,7 @@ TEST(Test_2012_4_25_random_color_trial_level_test, PassesItsSample) {
 }
 
 TEST(Test_2012_4_25_random_color_trial_level_test, FailsWhenAnyOfTheThreeIsMissing) {
-  for (const size_t row : {0U, 1U, 2U}) {
+  for (const std::size_t row : {0U, 1U, 2U}) {
     EXPECT_EQ(DataFile::Sample(EXPERIMENT).Set(row, COLOR, "Blue").Failures(), Lines{CHECK_FAILED})
         << "row " << row;
   }

@@ -50,7 +50,7 @@ TEST(Test_2013_01_params_in_text_events, TakesAnyOrder) {
 }
 
 TEST(Test_2013_01_params_in_text_events, FailsOnAChangeOfAnyCell) {
-  for (size_t row = 0; row < 56; ++row) {
+  for (std::size_t row = 0; row < 56; ++row) {
     const std::string text = Sample().Cell(row, TRIAL);
     EXPECT_EQ(Sample().Set(row, TRIAL, "a " + text).Failures(), Lines{CheckFailed(56)});
   }

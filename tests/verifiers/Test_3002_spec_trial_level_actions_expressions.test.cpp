@@ -27,7 +27,7 @@ TEST(Test_3002_spec_trial_level_actions_expressions, PassesItsSample) {
 }
 
 TEST(Test_3002_spec_trial_level_actions_expressions, FailsOnceWithFiveMatchesOfSix) {
-  for (size_t row = 0; row < 6; ++row) {
+  for (std::size_t row = 0; row < 6; ++row) {
     EXPECT_EQ(DataFile::Sample(EXPERIMENT).Set(row, COLUMN, "black").Failures(),
               Lines{CHECK_FAILED})
         << row;

@@ -29,7 +29,7 @@ TEST(Test_9_25_13_all_param2param_actions, PassesItsSample) {
 
 TEST(Test_9_25_13_all_param2param_actions, FailsOnEachOfTwentyOneWrongCells) {
   for (const char* const parameter : PARAMETERS) {
-    for (size_t row = 0; row < 3; ++row) {
+    for (std::size_t row = 0; row < 3; ++row) {
       EXPECT_EQ(DataFile::Sample(EXPERIMENT).Set(row, parameter, "0").Failures(),
                 Lines{CHECK_FAILED})
           << parameter << " in row " << row;

@@ -41,7 +41,7 @@ TEST(Test_fake_input_when_resp_is_fb_test, FailsOnAChangeOfAnyCellAndShowsTheRow
       "changed; feedback event c",
       "non-fb-event1, should show one fb; feedback event a; non-fb-event2, should not show fb; "
       "non-fb-event3, should show one fb; changed"};
-  for (size_t row = 0; row < 5; ++row) {
+  for (std::size_t row = 0; row < 5; ++row) {
     EXPECT_EQ(DataFile::Sample(EXPERIMENT).Set(row, "Event\nName", "changed").Failures(),
               Lines{CheckFailed(shown[row])});
   }

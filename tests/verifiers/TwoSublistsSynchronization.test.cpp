@@ -61,7 +61,7 @@ TEST(TwoSublistsSynchronization, FailsOnEachWrongCell) {
   const DataFile sample = DataFile::Sample(EXPERIMENT);
   ASSERT_EQ(sample.RowCount(), 5u);
   for (const char* const column : {"Event\nName", "color"}) {
-    for (size_t row = 0; row < sample.RowCount(); ++row) {
+    for (std::size_t row = 0; row < sample.RowCount(); ++row) {
       EXPECT_EQ(DataFile(sample).Set(row, column, "x").Failures(),
                 Lines{CellDiffers(EXPERIMENT, row, sample.Cell(row, column))})
           << column;
@@ -72,7 +72,7 @@ TEST(TwoSublistsSynchronization, FailsOnEachWrongCell) {
 TEST(TwoSublistsSynchronization, FailsOnEachWrongCellOfTheTemporaryList) {
   const TodayIs today(2016, 2, 29);
   const DataFile file = TemporaryFile();
-  for (size_t row = 0; row < file.RowCount(); ++row) {
+  for (std::size_t row = 0; row < file.RowCount(); ++row) {
     EXPECT_EQ(DataFile(file).Set(row, "Event\nName", "x").Failures(),
               Lines{CellDiffers(EXPERIMENT, row, file.Cell(row, "Event\nName"))});
   }

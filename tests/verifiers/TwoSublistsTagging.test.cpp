@@ -25,7 +25,7 @@ TEST(TwoSublistsTagging, FailsOnEachWrongTag) {
   const DataFile sample = DataFile::Sample(EXPERIMENT);
   ASSERT_EQ(sample.RowCount(), 9u);
   for (const char* const column : {"color", "direction"}) {
-    for (size_t row = 0; row < sample.RowCount(); ++row) {
+    for (std::size_t row = 0; row < sample.RowCount(); ++row) {
       EXPECT_EQ(DataFile(sample).Set(row, column, "").Failures(),
                 Lines{CellDiffers(EXPERIMENT, row, sample.Cell(row, column))})
           << column;

@@ -9,6 +9,7 @@
 #include <memory>
 #include <vector>
 
+#include "Tabulon/src/machine/MUMachine.h"
 #include "Tabulon/src/memory/MUPooledMemory.h"
 #include "Tabulon/src/rows/MUDataFileBlock.h"
 
@@ -132,8 +133,8 @@ class MURowStore {
   static void Prefetch(const Row* row) {
     if (row == nullptr) return;
     const char* const record = reinterpret_cast<const char*>(row);
-    __builtin_prefetch(record + 32);
-    __builtin_prefetch(record + 64);
+    MUPrefetch(record + 32);
+    MUPrefetch(record + 64);
   }
 
   std::size_t PlaceCount() const { return m_pages.size() * PAGE_SIZE; }
