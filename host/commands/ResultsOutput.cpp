@@ -9,6 +9,7 @@
 #include <random>
 
 #include "host/print/GitHubPrinter.h"
+#include "host/print/HtmlPrinter.h"
 #include "host/print/JUnitPrinter.h"
 #include "host/results/ResultsJson.h"
 
@@ -72,6 +73,7 @@ ResultsOutput::ResultsOutput(const OutputArguments& arguments, MachineKind machi
       m_terminal(std::cout, machine, VerbosityOf(arguments), UsesColor(arguments.color)) {
   Open(m_json, arguments.json);
   Open(m_junit, arguments.junit);
+  if (!arguments.html.empty()) m_html.emplace(arguments.html);
   if (IsGitHubJob()) {
     m_token = RandomToken();
     GitHubPrinter(std::cout).BeginOtherOutput(m_token);
@@ -108,6 +110,10 @@ ExitStatus ResultsOutput::Finish(const RunResults& results) {
   if (m_junit.is_open()) {
     JUnitPrinter(m_junit, HostName(), m_arguments.tolerate).Print(results);
     Close(m_junit, m_arguments.junit);
+  }
+  if (m_html) {
+    HtmlPrinter(m_html->Stream()).Print(results);
+    m_html->Close();
   }
   for (const std::string& fault : results.faults) {
     std::cerr << "verify-datafiles: " << fault << std::endl;

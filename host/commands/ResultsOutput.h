@@ -3,10 +3,12 @@
 #define OMBRELIA_HOST_COMMANDS_RESULTSOUTPUT_H
 
 #include <fstream>
+#include <optional>
 #include <string>
 
 #include "host/print/TerminalPrinter.h"
 #include "host/run/CommandLine.h"
+#include "host/run/WholeFile.h"
 
 namespace OmbreliaHost {
 
@@ -15,7 +17,7 @@ namespace OmbreliaHost {
 // a GitHub job.
 class ResultsOutput {
  public:
-  // Opens the files, empty, so that nothing older is taken for these results. Ends the run (WrongUse) if one
+  // Opens the files, so that nothing older is taken for these results. Ends the run (WrongUse) if one
   // cannot be written. machine: whose bounds apply.
   ResultsOutput(const OutputArguments& arguments, MachineKind machine);
   ~ResultsOutput();
@@ -35,6 +37,7 @@ class ResultsOutput {
   const OutputArguments m_arguments;
   std::ofstream m_json;
   std::ofstream m_junit;
+  std::optional<WholeFile> m_html;
   std::string m_token;  // of the silenced commands of a GitHub job; empty where there is none
   TerminalPrinter m_terminal;
 };

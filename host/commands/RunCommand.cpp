@@ -69,6 +69,7 @@ Supervisor::Plan PlanOf(const RunArguments& arguments, const std::optional<Shard
   plan.timeout = arguments.timeout.count();
   plan.jobs = static_cast<std::size_t>(arguments.jobs);
   plan.machine = arguments.machine;
+  plan.bounds = !arguments.output.html.empty();
   plan.verifyAgain = &VerifyAgain;
   return plan;
 }

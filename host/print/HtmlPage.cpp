@@ -8,23 +8,27 @@ namespace OmbreliaHost {
 
 namespace {
 
-// JSON that ends no element and begins none, whatever its texts hold.
+// Does an element of this text end or begin behind a "<", or a comment?
+bool MattersToScript(const std::string& text, std::size_t behind) {
+  const auto at = [&](std::size_t place) { return place < text.size() ? text[place] : '\0'; };
+  if (at(behind) == '!') return true;
+  const std::size_t name = at(behind) == '/' ? behind + 1 : behind;
+  return (at(name) == 's' || at(name) == 'S') && (at(name + 1) == 'c' || at(name + 1) == 'C');
+}
+
+// JSON that ends neither its element nor its section of character data, whatever its texts hold. Only "<script",
+// "</script" and "<!--" matter to HTML there, and only "]]>" to XML; to escape every "<" would make a large page half
+// as large again.
 std::string JsonForMarkup(const std::string& json) {
   std::string inert;
-  inert.reserve(json.size() + json.size() / 8);
-  for (const char c : json) {
-    switch (c) {
-      case '<':
-        inert += "\\u003c";
-        break;
-      case '>':
-        inert += "\\u003e";
-        break;
-      case '&':
-        inert += "\\u0026";
-        break;
-      default:
-        inert += c;
+  inert.reserve(json.size() + 1024);
+  for (std::size_t i = 0; i < json.size(); ++i) {
+    if (json[i] == '<' && MattersToScript(json, i + 1)) {
+      inert += "\\u003c";
+    } else if (json[i] == '>' && i > 0 && json[i - 1] == ']') {
+      inert += "\\u003e";
+    } else {
+      inert += json[i];
     }
   }
   return inert;
@@ -43,7 +47,8 @@ void HtmlPage::Print(std::ostream& out) const {
   const std::string nonce = NonceOf(*this);
   const std::string noncePart = HtmlAttribute("nonce", nonce);
   out << "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\"/>\n"
-      << "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; style-src "
+      << "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; img-src "
+         "data:; style-src "
          "'nonce-"
       << nonce << "'; script-src 'nonce-" << nonce << "'; base-uri 'none'; form-action 'none'\"/>\n"
       << "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\"/>\n"
@@ -71,8 +76,8 @@ void HtmlPage::Print(std::ostream& out) const {
   }
   out << "</main>\n<footer><p>Made by verify-datafiles " << OMBRELIA_VERSION << ".</p></footer>\n";
   if (!data.empty()) {
-    out << "<script type=\"application/json\" id=\"page:data\">" << JsonForMarkup(data)
-        << "</script>\n";
+    out << "<script type=\"application/json\" id=\"page:data\"><![CDATA[" << JsonForMarkup(data)
+        << "]]></script>\n";
   }
   if (!script.empty()) {
     out << "<script" << noncePart << ">\n//<![CDATA[\n" << script << "//]]>\n</script>\n";

@@ -21,6 +21,7 @@ namespace OmbreliaHost {
 //   totals                                <dl> of <div><dt>what</dt><dd>number</dd></div>, side by side
 //   facts                                 <dl> of <dt>, <dd>
 //   tiles                                 <ul> of small boxes, with class "name" within
+//   brief                                 <ul> of lines, with class "name" within
 //   card, test                            a box, and a part of it
 //   times                                 <dl> of <div><dt>, <dd>plot and number</div>
 //   muted small number decides            for texts, for cells, for a table's row

@@ -4,7 +4,6 @@
 #include <cmath>
 #include <cstring>
 
-#include "host/print/TextTable.h"
 #include "host/print/VisibleText.h"
 #include "host/results/ResultNames.h"
 
@@ -12,7 +11,7 @@ namespace OmbreliaHost {
 
 namespace {
 
-using Lines = std::vector<DescriptionLine>;
+using Parts = std::vector<DescriptionPart>;
 
 constexpr std::size_t LONGEST_CELL = 40;
 constexpr std::size_t MOST_ROWS = 10;
@@ -42,17 +41,18 @@ ComparedCells ShowCompared(const EvidenceCell& cell) {
   return {show(cell.actual), show(cell.expected)};
 }
 
-void AddTable(Lines& lines, const TextTable& table, const std::vector<bool>& decides) {
-  const std::vector<std::string> texts = table.Lines();
-  for (std::size_t i = 0; i < texts.size(); ++i) {
-    const bool decidingRow = i > 0 && decides[i - 1];
-    lines.push_back({(decidingRow ? "> " : "  ") + texts[i], decidingRow});
-  }
+void AddText(Parts& parts, const std::string& text) {
+  parts.push_back({text, {}, {}, false, false});
+}
+
+void AddTable(Parts& parts, const TextTable& table, const std::vector<bool>& decides,
+              bool isContext) {
+  parts.push_back({"", table, decides, isContext, false});
 }
 
 // The rows around the deciding one: its expected cell beside the compared column, then the other columns. A
 // deciding row that the data file lacks stands below its last ones.
-void AddContext(Lines& lines, const EvidenceContext& context, const EvidenceCell& deciding) {
+void AddContext(Parts& parts, const EvidenceContext& context, const EvidenceCell& deciding) {
   TextTable table;
   table.AddColumn("line", TextTable::Align::Right);
   table.AddColumn("row", TextTable::Align::Right);
@@ -80,11 +80,11 @@ void AddContext(Lines& lines, const EvidenceContext& context, const EvidenceCell
                   decidingShown.expected});
     decides.push_back(true);
   }
-  AddTable(lines, table, decides);
+  AddTable(parts, table, decides, true);
 }
 
 // Cells of one column stand below its name; where columns differ, each cell has the name beside it.
-void AddCells(Lines& lines, const std::vector<EvidenceCell>& cells, bool firstDecides) {
+void AddCells(Parts& parts, const std::vector<EvidenceCell>& cells, bool firstDecides) {
   const bool oneColumn = std::all_of(cells.begin(), cells.end(), [&](const EvidenceCell& cell) {
     return cell.column == cells.front().column;
   });
@@ -109,18 +109,18 @@ void AddCells(Lines& lines, const std::vector<EvidenceCell>& cells, bool firstDe
                   shown.expected});
     decides.push_back(firstDecides && i == 0);
   }
-  AddTable(lines, table, decides);
+  AddTable(parts, table, decides, false);
   if (cells.size() > MOST_ROWS) {
-    lines.push_back({"  and " + std::to_string(cells.size() - MOST_ROWS) + " more", false});
+    AddText(parts, "  and " + std::to_string(cells.size() - MOST_ROWS) + " more");
   }
 }
 
-void AddHiddenDifference(Lines& lines, const Evidence& evidence) {
+void AddHiddenDifference(Parts& parts, const Evidence& evidence) {
   if (evidence.cells.empty()) return;
   const EvidenceCell& cell = evidence.cells.front();
   if (!cell.actual || !cell.expected) return;
   const std::string words = HiddenDifference(*cell.actual, *cell.expected, LONGEST_CELL);
-  if (!words.empty()) lines.push_back({words, false});
+  if (!words.empty()) AddText(parts, words);
 }
 
 std::string DescribeLength(const Evidence& evidence) {
@@ -167,53 +167,51 @@ std::string HeadlineOf(const Evidence& evidence) {
 }
 
 // Cells under a line of their own, if there are any.
-void AddCellsBelow(Lines& lines, const char* headline, const std::vector<EvidenceCell>& cells) {
+void AddCellsBelow(Parts& parts, const char* headline, const std::vector<EvidenceCell>& cells) {
   if (cells.empty()) return;
-  lines.push_back({headline, false});
-  AddCells(lines, cells, false);
+  AddText(parts, headline);
+  AddCells(parts, cells, false);
 }
 
 // Texts that no row has come without a row; the rows that could have had them follow.
-void AddMissingTexts(Lines& lines, const std::vector<EvidenceCell>& cells) {
+void AddMissingTexts(Parts& parts, const std::vector<EvidenceCell>& cells) {
   std::vector<EvidenceCell> others;
   for (const EvidenceCell& cell : cells) {
     if (cell.row || !cell.expected) {
       others.push_back(cell);
       continue;
     }
-    lines.push_back({"No row has this in column " + ColumnShown(cell.column) + ": " +
-                         CellShown(*cell.expected, LONGEST_CELL),
-                     false});
+    AddText(parts, "No row has this in column " + ColumnShown(cell.column) + ": " +
+                       CellShown(*cell.expected, LONGEST_CELL));
   }
-  AddCellsBelow(lines, "These rows have something else:", others);
+  AddCellsBelow(parts, "These rows have something else:", others);
 }
 
 // Where a text is there too rarely, rows that could have had it come first, and say what is expected.
-void AddCounted(Lines& lines, const std::vector<EvidenceCell>& cells) {
+void AddCounted(Parts& parts, const std::vector<EvidenceCell>& cells) {
   std::vector<EvidenceCell> others;
   std::vector<EvidenceCell> counted;
   for (const EvidenceCell& cell : cells) (cell.expected ? others : counted).push_back(cell);
-  AddCellsBelow(lines, "These rows have something else:", others);
-  AddCellsBelow(lines, "These rows have it:", counted);
+  AddCellsBelow(parts, "These rows have something else:", others);
+  AddCellsBelow(parts, "These rows have it:", counted);
 }
 
-void AddDecidingCells(Lines& lines, const Evidence& evidence) {
+void AddDecidingCells(Parts& parts, const Evidence& evidence) {
   const std::vector<EvidenceCell>& cells = evidence.cells;
   if (evidence.kind == Evidence::Kind::MissingText) {
-    AddMissingTexts(lines, cells);
+    AddMissingTexts(parts, cells);
   } else if (evidence.kind == Evidence::Kind::Count) {
-    AddCounted(lines, cells);
+    AddCounted(parts, cells);
   } else if (evidence.kind == Evidence::Kind::Cell && !cells.empty() && !cells.front().row) {
     // A heading, of a column that the data file lacks; the words say so.
     if (cells.front().actual) {
-      lines.push_back(
-          {"The nearest to it is column " + ColumnShown(*cells.front().actual) + ".", false});
+      AddText(parts, "The nearest to it is column " + ColumnShown(*cells.front().actual) + ".");
     }
   } else if (!cells.empty() && !evidence.context.rows.empty()) {
-    AddContext(lines, evidence.context, cells.front());
-    AddCellsBelow(lines, "Further cells that differ:", {cells.begin() + 1, cells.end()});
+    AddContext(parts, evidence.context, cells.front());
+    AddCellsBelow(parts, "Further cells that differ:", {cells.begin() + 1, cells.end()});
   } else if (!cells.empty()) {
-    AddCells(lines, cells,
+    AddCells(parts, cells,
              evidence.kind == Evidence::Kind::Cell || evidence.kind == Evidence::Kind::Row ||
                  evidence.kind == Evidence::Kind::Length);
   }
@@ -221,19 +219,36 @@ void AddDecidingCells(Lines& lines, const Evidence& evidence) {
 
 }  // namespace
 
-std::vector<DescriptionLine> DescribeEvidence(const TestOutcome& test, MachineKind machine) {
+std::vector<DescriptionPart> DescribeEvidenceInParts(const TestOutcome& test, MachineKind machine) {
   const Evidence& evidence = test.evidence;
-  Lines lines;
+  Parts parts;
   const std::string headline = HeadlineOf(evidence);
-  if (!headline.empty()) lines.push_back({headline, false});
+  if (!headline.empty()) AddText(parts, headline);
   for (const std::string& words : evidence.words) {
-    for (const std::string& line : LinesShown(words)) lines.push_back({line, false});
+    for (const std::string& line : LinesShown(words)) AddText(parts, line);
   }
-  AddDecidingCells(lines, evidence);
-  AddHiddenDifference(lines, evidence);
+  AddDecidingCells(parts, evidence);
+  AddHiddenDifference(parts, evidence);
   if (test.bound) {
-    lines.push_back({BoundScale(*test.bound), false});
-    lines.push_back({DescribeBound(*test.bound, machine), false});
+    AddText(parts, BoundScale(*test.bound));
+    parts.back().isScale = true;
+    AddText(parts, DescribeBound(*test.bound, machine));
+  }
+  return parts;
+}
+
+std::vector<DescriptionLine> DescribeEvidence(const TestOutcome& test, MachineKind machine) {
+  std::vector<DescriptionLine> lines;
+  for (const DescriptionPart& part : DescribeEvidenceInParts(test, machine)) {
+    if (!part.table) {
+      lines.push_back({part.text, false});
+      continue;
+    }
+    const std::vector<std::string> texts = part.table->Lines();
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+      const bool decidingRow = i > 0 && part.decides[i - 1];
+      lines.push_back({(decidingRow ? "> " : "  ") + texts[i], decidingRow});
+    }
   }
   return lines;
 }

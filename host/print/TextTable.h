@@ -19,6 +19,10 @@ class TextTable {
   // The headings, then the rows, two blanks between columns and none at the end.
   std::vector<std::string> Lines() const;
 
+  // The columns' alignments, and the cells: the first row holds the headings.
+  const std::vector<Align>& Aligns() const { return m_aligns; }
+  const std::vector<std::vector<std::string>>& Rows() const { return m_rows; }
+
  private:
   std::vector<Align> m_aligns;
   std::vector<std::vector<std::string>> m_rows = {{}};  // the first one holds the headings

@@ -57,6 +57,15 @@ void TakeEvidence(DatafileResult& datafile, const DatafileResult& second) {
       "); the plug-in's count.");
 }
 
+void TakeBounds(DatafileResult& datafile, const DatafileResult& second) {
+  for (TestOutcome& test : datafile.tests) {
+    const auto same = std::find_if(
+        second.tests.begin(), second.tests.end(),
+        [&test](const TestOutcome& its) { return its.bound && AreTheSame(its, test); });
+    if (same != second.tests.end()) test.bound = same->bound;
+  }
+}
+
 std::vector<std::string> DifferencesOn(MachineKind machine, const DatafileResult& datafile,
                                        const DatafileResult& there) {
   const std::string where = "On a machine of the kind " + NameOf(machine);

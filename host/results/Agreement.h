@@ -13,6 +13,9 @@ namespace OmbreliaHost {
 // where the two do not agree. Failed assertions of the host are the plug-in's alone.
 void TakeEvidence(DatafileResult& datafile, const DatafileResult& second);
 
+// Gives tests that are the same in both verifications their bounds, and says nothing of the others.
+void TakeBounds(DatafileResult& datafile, const DatafileResult& second);
+
 // One sentence for each test whose outcome another kind of machine would change.
 std::vector<std::string> DifferencesOn(MachineKind machine, const DatafileResult& datafile,
                                        const DatafileResult& there);

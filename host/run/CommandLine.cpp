@@ -47,6 +47,8 @@ void AddOutputOptions(CLI::App& app, OutputArguments& output) {
                "Failures that are known as tolerated do not count in the exit status");
   app.add_option("--json", output.json, "Write the results as JSON")->type_name("FILE");
   app.add_option("--junit", output.junit, "Write the results as JUnit XML")->type_name("FILE");
+  app.add_option("--html", output.html, "Write the results as a page for a browser")
+      ->type_name("FILE");
 }
 
 bool ReadNumber(const char*& text, const char* end, std::size_t& number) {

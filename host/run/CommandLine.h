@@ -26,6 +26,7 @@ struct OutputArguments {
   bool tolerate = false;
   std::filesystem::path json;
   std::filesystem::path junit;
+  std::filesystem::path html;
 };
 
 // A run of data files, which is what the program does without a subcommand.

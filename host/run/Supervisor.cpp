@@ -187,9 +187,10 @@ void Supervisor::BecomeKnown(std::size_t datafile) {
   if (NeedsSecond(datafile)) AskFor(datafile);
 }
 
-// A failing data file does; of one that was lost there is no test to explain.
+// A failing data file does, and one whose bounds are asked for; of one that was lost there is no test to explain.
 bool Supervisor::NeedsSecond(std::size_t datafile) const {
-  return HasFailingTest(m_results.datafiles[datafile].tests);
+  const std::vector<TestOutcome>& tests = m_results.datafiles[datafile].tests;
+  return HasFailingTest(tests) || (m_plan.bounds && !tests.empty());
 }
 
 void Supervisor::AskFor(std::size_t datafile) {
@@ -303,7 +304,7 @@ void Supervisor::Complete(std::size_t datafile) {
   State& state = m_states[datafile];
   DatafileResult& result = m_results.datafiles[datafile];
   state.complete = true;
-  if (NeedsSecond(datafile)) {
+  if (HasFailingTest(result.tests)) {
     if (state.second) {
       TakeEvidence(result, *state.second);
     } else {
@@ -311,6 +312,8 @@ void Supervisor::Complete(std::size_t datafile) {
           "There is no evidence, for the second verification came to no end: " + state.noSecond +
           ".");
     }
+  } else if (m_plan.bounds && state.second) {
+    TakeBounds(result, *state.second);
   }
   if (result.outcome == Outcome::Unknown) {
     if (const auto words = WordsOnTheName(result.path)) result.remarks.push_back(*words);

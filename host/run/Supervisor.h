@@ -37,6 +37,7 @@ class Supervisor : private PluginRunListener {
     double timeout = 60;  // seconds, for each data file
     std::size_t jobs = 1;
     std::optional<MachineKind> machine;  // the other kind whose verdict is asked for
+    bool bounds = false;  // of passing tests as well; takes a second verification of each data file
     SecondRun::Verify verifyAgain;
   };
 

@@ -73,13 +73,14 @@ TEST(HtmlPage, TheSameContentIsTheSamePageAndOtherContentHasAnotherNonce) {
 
 TEST(HtmlPage, DataForTheScriptIsNoMarkup) {
   HtmlPage page = SmallPage();
-  page.data = R"(["</script><script>alert(1)</script>","<!--","]]>","a & b"])";
+  page.data = R"(["</script><script>alert(1)</script>","<!--","]]>","</SCRIPT","a & <b>"])";
   const std::string text = Printed(page);
   EXPECT_EQ(text.find("</script><script>alert"), std::string::npos);
   EXPECT_EQ(text.find("<!--"), std::string::npos);
-  EXPECT_EQ(ElementsOf(ReadXml(text), "script").at(0).text,
-            "[\"\\u003c/script\\u003e\\u003cscript\\u003ealert(1)\\u003c/script\\u003e\","
-            "\"\\u003c!--\",\"]]\\u003e\",\"a \\u0026 b\"]");
+  EXPECT_EQ(
+      ElementsOf(ReadXml(text), "script").at(0).text,
+      "[\"\\u003c/script>\\u003cscript>alert(1)\\u003c/script>\",\"\\u003c!--\",\"]]\\u003e\","
+      "\"\\u003c/SCRIPT\",\"a & <b>\"]");
 }
 
 TEST(HtmlPage, HostileTitlesAndCaptionsStayTexts) {
