@@ -51,7 +51,8 @@ XmlElement Card(const XmlElement& page, const std::string& id) {
 }
 
 std::string TotalOf(const XmlElement& page, std::size_t list, const std::string& what) {
-  for (const XmlElement& total : ElementsOf(page, "dl").at(list).children) {
+  const XmlElement totals = ElementsOf(page, "dl").at(list);
+  for (const XmlElement& total : totals.children) {
     if (Has(total.children.at(0), what)) return total.children.at(1).text;
   }
   return "none";
