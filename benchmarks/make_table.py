@@ -1,8 +1,10 @@
-"""make_table.py RESULTS [DOCUMENT]: turns the results of one run of scripts/bench into tables.
+"""make_table.py RESULTS... [--document FILE]: turns the results of whole runs of scripts/bench into tables.
 
-RESULTS is the folder with the JSON results of the benchmark programs, counts.txt and machine.txt. The tables are printed,
+RESULTS are the folders of the runs, each with the JSON results of the benchmark programs, counts.txt and machine.txt. A
+figure is the median of the runs, with their spread beside it; a goal is met if every run met it. The tables are printed,
 and replace what stands between the two marks of the document. A result that is missing is shown as not measured.
 """
+import argparse
 import json
 import math
 import pathlib
@@ -141,53 +143,87 @@ def number(value):
     return f"{value:.3g}" if value < 100 else f"{value:,.0f}"
 
 
-def comparison(title, rows, results):
-    lines = [f"| {title} | measured | goal | |", "|---|---|---|---|"]
+def measured(measure, runs):
+    """The figure of each run, and a note; a KeyError or ValueError if some run has no such figure."""
+    values, note = [], ""
+    for results in runs:
+        value = measure(results)
+        if isinstance(value, tuple):
+            value, note = value
+        values.append(value)
+    return values, note
+
+
+def verdict(values, goal):
+    if goal is None:
+        return ""
+    if all(value <= goal for value in values):
+        return "ahead"
+    return f"**behind**, by {100 * (statistics.median(values) / goal - 1):.0f} %" if statistics.median(
+        values) > goal else "**behind** in some run"
+
+
+def comparison(title, rows, runs):
+    lines = [f"| {title} | measured | spread | goal | |", "|---|---|---|---|---|"]
     for work, measure, goal in rows:
         try:
-            value, note = measure(results), ""
-            if isinstance(value, tuple):
-                value, note = value
+            values, note = measured(measure, runs)
         except (KeyError, ValueError):  # nothing of that name, or no size at all
-            lines.append(f"| {work} | not measured | {number(goal) if goal else ''} | |")
+            lines.append(f"| {work} | not measured | | {number(goal) if goal else ''} | |")
             continue
-        verdict = "" if goal is None else "ahead" if value <= goal else "**behind**"
-        lines.append(f"| {work}{note} | {number(value)} | {number(goal) if goal else 'none'} | {verdict} |")
+        spread = f"{number(min(values))} to {number(max(values))}"
+        lines.append(f"| {work}{note} | {number(statistics.median(values))} | {spread} | "
+                     f"{number(goal) if goal else 'none'} | {verdict(values, goal)} |")
     return lines
 
 
-def medians(results):
+def median_line(name, runs, factor=1):
+    """runs: the rounds of each run."""
+    values = [value * factor for rounds in runs for value in rounds]
+    low, _, high = statistics.quantiles(values, n=4) if len(values) > 1 else values * 3
+    return f"| {name} | {number(statistics.median(values))} | {number(low)} to {number(high)} | {len(values)} |"
+
+
+def medians(runs):
     lines = ["| benchmark | median, ms | quartiles, ms | rounds |", "|---|---|---|---|"]
-    for name, times in sorted(results.times.items()):
-        low, _, high = statistics.quantiles(times, n=4) if len(times) > 1 else times * 3
-        lines.append(f"| {name} | {number(statistics.median(times))} | {number(low)} to {number(high)} | {len(times)} |")
-    for (name, counter), values in sorted(results.counters.items()):
+    for name in sorted(set().union(*(results.times for results in runs))):
+        lines.append(median_line(name, [results.times.get(name, []) for results in runs]))
+    for key in sorted(set().union(*(results.counters for results in runs))):
+        name, counter = key
         if re.fullmatch(r"(sort|load|report).*_seconds", counter):
-            values = [value * 1000 for value in values]
-            low, _, high = statistics.quantiles(values, n=4) if len(values) > 1 else values * 3
-            lines.append(f"| {name}: {counter[:-8]} | {number(statistics.median(values))} | {number(low)} to "
-                         f"{number(high)} | {len(values)} |")
+            lines.append(median_line(f"{name}: {counter[:-8]}", [results.counters.get(key, []) for results in runs], 1000))
+    return lines
+
+
+def machines(folders):
+    """The lines on the machine; what differs from run to run is told of each."""
+    lines = []
+    for line in (line for folder in folders for line in (folder / "machine.txt").read_text().splitlines()):
+        if line not in lines:
+            lines.append(line)
     return lines
 
 
 def main():
-    folder = pathlib.Path(sys.argv[1])
-    results = Results(folder)
-    machine = (folder / "machine.txt").read_text().splitlines()
-    counts = [line.split() for line in (folder / "counts.txt").read_text().splitlines()]
-    lines = ["## The machine", ""] + [f"- {line}" for line in machine]
-    lines += ["", "## Goals", ""] + comparison("work", GOALS, results)
-    lines += ["", "## Bounds beside the goals", ""] + comparison("work", BOUNDS, results)
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("results", nargs="+", type=pathlib.Path)
+    parser.add_argument("--document", type=pathlib.Path)
+    options = parser.parse_args()
+    runs = [Results(folder) for folder in options.results]
+    counts = [line.split() for line in (options.results[-1] / "counts.txt").read_text().splitlines()]
+    whole = f"{len(runs)} whole runs one after the other" if len(runs) > 1 else "one whole run"
+    lines = ["## The machine", "", f"- {whole}"] + [f"- {line}" for line in machines(options.results)]
+    lines += ["", "## Goals", ""] + comparison("work", GOALS, runs)
+    lines += ["", "## Bounds beside the goals", ""] + comparison("work", BOUNDS, runs)
     lines += ["", "## Instructions", "", "| work | instructions |", "|---|---|"]
     lines += [f"| {name} | {int(count):,} |" for name, count in counts]
-    lines += ["", "## All medians", ""] + medians(results)
+    lines += ["", "## All medians", ""] + medians(runs)
     text = "\n".join(lines)
     print(text)
-    if len(sys.argv) > 2:
-        document = pathlib.Path(sys.argv[2])
-        before, rest = document.read_text().split(BEGIN)
+    if options.document:
+        before, rest = options.document.read_text().split(BEGIN)
         after = rest.split(END)[1]
-        document.write_text(f"{before}{BEGIN}\n{text}\n{END}{after}")
+        options.document.write_text(f"{before}{BEGIN}\n{text}\n{END}{after}")
 
 
 main()

@@ -52,7 +52,7 @@ Chunk* spare = nullptr;    // an empty one for the next time
 int chunkCount = 0;
 bool maySpare = true;
 
-// Frees the spare chunk when the library goes.
+// Frees the spare chunk when the library is unloaded.
 struct Janitor {
   ~Janitor() {
     const std::lock_guard<std::mutex> lock(guard);

@@ -34,7 +34,7 @@ const std::size_t LARGEST_PIECE_OF_READING = 4096;
 
 wxString Trimmed(wxString text) { return text.Trim(true).Trim(false); }
 
-// Puts a file's position back at the end of its life.
+// The destructor restores a file's position.
 class PositionKeeper {
  public:
   explicit PositionKeeper(wxFile* file)

@@ -69,7 +69,7 @@ bool MUDataTextFile::ReadBytes(MUPoolVector<char>* bytes) {
   const auto expected = static_cast<std::size_t>(m_size);
   const auto most = static_cast<std::size_t>(m_largestSize) + 1;
   if (!MUReadBytes(m_file, expected, most, most, bytes)) return false;
-  // A file that grows, or has no size of its own, as a device, shows only now how large it is.
+  // The size of a file that grows, or of a device, is known only now.
   m_size = std::max<std::uint64_t>(m_size, bytes->size());
   return !IsTooLarge();
 }

@@ -9,7 +9,7 @@
 
 struct MURowOverlays;
 
-// Effect: leads from a row to the cells of its line, and to the entries that the row has of its own.
+// Effect: leads from a row to the cells of its line, and to the row's own entries.
 // Cost: 24 bytes a row. A copy shares the block and copies the row's own entries.
 // Lifetime: shares the ownership of the block and owns the entries; what is borrowed holds until the row
 // dies, is assigned to, or the entry is erased.

@@ -117,7 +117,7 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
 
   // Drops the cached answers that mention the red flag, and no others.
   void ClearRowRedFlagCacheMemory();
-  // Examines 2000 cells at most in search of columns without any text, and goes on there the next time.
+  // Examines 2000 cells at most in search of columns without any text, and continues there the next time.
   void PerformOneTimesliceOfEmptyColumnSearch();
   // The last row and column up to which the last notification left everything as it was; -1 for none.
   void GetOuterLimitsOfPreservedRange(int* row, int* column) const;

@@ -36,7 +36,7 @@ class MULoadOrder {
 
   // Rows were changed or taken out, or lists written, by the table: the next Write makes all anew.
   void Forget();
-  // The record of the row was handed out. Whoever has it may write to it as long as the row lives.
+  // The record of the row was handed out. Its holder may write to it as long as the row lives.
   void Lend(unsigned long key);
   // Records were handed out for the length of a search, in which they may have been written to.
   void LendForASearch() { m_lentForASearch = true; }

@@ -268,7 +268,7 @@ TEST_F(ColumnDictionaries, AreKeptForAFewColumnsOnly) {
 
 class RowRuns : public ColumnDictionaries {
  protected:
-  // Of each run its keys, and the line it begins with or "own".
+  // The keys of each run, and the line it begins with or "own".
   std::string Runs() {
     std::string text;
     for (const MURowStore::Run& run : table.m_rows.Runs()) {
