@@ -103,6 +103,55 @@ void AddRunOptions(CLI::App& app, RunArguments& run) {
   AddOutputOptions(app, run.output);
 }
 
+CLI::App* AddRepairCommand(CLI::App& app, RepairArguments& repair) {
+  CLI::App* const command =
+      app.add_subcommand("repair", "Make a well-formed copy of a report that a text has broken");
+  command->add_option("report", repair.report, "A report that a host has left")
+      ->type_name("REPORT")
+      ->required();
+  command
+      ->add_option("--output", repair.output,
+                   "Write the copy there (default: X.repaired.xml beside X.xml)")
+      ->type_name("FILE");
+  command->footer(
+      "Example:\n"
+      "  verify-datafiles repair FakeUnitTestsDataHookExperimentRunning_4711.xml\n"
+      "names the tests whose texts broke the report, shows those texts, and writes a copy with "
+      "the\n"
+      "same results. The report stays as it is. A well-formed report is only copied, and only if\n"
+      "--output is given.\n"
+      "Exit status: 0 the report is well-formed, or its copy holds all results, failing ones, "
+      "too;\n"
+      "2 wrong use, or a file that is no report; 3 the report does not hold all that it counts, "
+      "so\n"
+      "that the copy does not, either; 4 the copy could not be written to its end.");
+  return command;
+}
+
+CLI::App* AddCollectCommand(CLI::App& app, CollectArguments& collect) {
+  CLI::App* const command =
+      app.add_subcommand("collect", "Join the reports that processes of the host have left");
+  command
+      ->add_option("folder", collect.folder,
+                   "Where the reports and flag files are, in it or below it")
+      ->type_name("FOLDER")
+      ->required();
+  AddChoice<MachineKind>(
+      *command, "--machine", MACHINES, [&collect](MachineKind kind) { collect.machine = kind; },
+      "The kind of machine that wrote the reports (default: that of this one)")
+      ->type_name("KIND");
+  AddOutputOptions(*command, collect.output);
+  command->footer(
+      "Example:\n"
+      "  verify-datafiles collect nightly --json nightly.json --junit nightly.xml\n"
+      "A report tells the experiment of a data file and not its path, nor when it was verified. A\n"
+      "flag file without a report tells of a process that died, or that has not ended yet.\n"
+      "Exit status: 0 no failing test; 1 some failing test; 2 wrong use, or nothing to collect;\n"
+      "3 a process left no report, or one that is not well-formed or not whole; 4 the results\n"
+      "could not be written.");
+  return command;
+}
+
 }  // namespace
 
 std::variant<CommandLine, ExitStatus> ParseCommandLine(int argc, char** argv) {
@@ -146,8 +195,14 @@ std::variant<CommandLine, ExitStatus> ParseCommandLine(int argc, char** argv) {
   AddOutputOptions(*mergeApp, merge.output);
   mergeApp->add_option("files", merge.files, "Results of runs")->type_name("FILE")->required();
 
-  const std::array<CLI::App*, 3> subcommands = {listApp, explainApp, mergeApp};
-  for (CLI::App* const one : subcommands) one->footer("");
+  RepairArguments repair;
+  CLI::App* const repairApp = AddRepairCommand(app, repair);
+  CollectArguments collect;
+  CLI::App* const collectApp = AddCollectCommand(app, collect);
+
+  for (CLI::App* const one : {listApp, explainApp, mergeApp}) one->footer("");
+  const std::array<CLI::App*, 5> subcommands = {listApp, explainApp, mergeApp, repairApp,
+                                                collectApp};
   const auto allowSubcommands = [&](bool allowed) {
     for (CLI::App* const one : subcommands) one->disabled(!allowed);
   };
@@ -166,6 +221,8 @@ std::variant<CommandLine, ExitStatus> ParseCommandLine(int argc, char** argv) {
   if (listApp->parsed()) return list;
   if (explainApp->parsed()) return explain;
   if (mergeApp->parsed()) return merge;
+  if (repairApp->parsed()) return repair;
+  if (collectApp->parsed()) return collect;
   return run;
 }
 

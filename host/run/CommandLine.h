@@ -57,7 +57,19 @@ struct MergeArguments {
   OutputArguments output;
 };
 
-using CommandLine = std::variant<RunArguments, ListArguments, ExplainArguments, MergeArguments>;
+struct RepairArguments {
+  std::filesystem::path report;
+  std::filesystem::path output;  // empty: beside the report
+};
+
+struct CollectArguments {
+  std::filesystem::path folder;
+  std::optional<MachineKind> machine;  // that wrote the reports; absent: the kind of this one
+  OutputArguments output;
+};
+
+using CommandLine = std::variant<RunArguments, ListArguments, ExplainArguments, MergeArguments,
+                                 RepairArguments, CollectArguments>;
 
 // A subcommand is one only as the first argument: any later word of that name is an input. An exit
 // status comes back when the program is to end at once: after the help and the version, which it prints,
