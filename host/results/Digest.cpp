@@ -38,4 +38,8 @@ std::string DigestOf(const std::filesystem::path& file) {
   return in.eof() && !in.bad() ? Hexadecimal(XXH3_128bits_digest(state.get())) : std::string();
 }
 
+std::string DigestOfText(const std::string& text) {
+  return Hexadecimal(XXH3_128bits(text.data(), text.size()));
+}
+
 }  // namespace OmbreliaHost

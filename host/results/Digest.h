@@ -1,4 +1,4 @@
-// Tells contents of files apart.
+// Tells contents apart.
 #ifndef OMBRELIA_HOST_RESULTS_DIGEST_H
 #define OMBRELIA_HOST_RESULTS_DIGEST_H
 
@@ -10,6 +10,9 @@ namespace OmbreliaHost {
 // XXH3 of 128 bits of the file's bytes, in hexadecimal digits as every tool for it prints them; empty if they
 // cannot be read.
 std::string DigestOf(const std::filesystem::path& file);
+
+// The same of a text's bytes.
+std::string DigestOfText(const std::string& text);
 
 }  // namespace OmbreliaHost
 
