@@ -10,8 +10,8 @@
 #include "host/results/ReportContent.h"
 #include "host/results/ReportReader.h"
 #include "host/results/ReportRepair.h"
-#include "host/results/WholeFile.h"
 #include "host/run/DatafileList.h"
+#include "host/run/WholeFile.h"
 
 namespace fs = std::filesystem;
 
@@ -49,6 +49,12 @@ void Print(const ReportFault& fault, const fs::path& report,
             << "\n";
 }
 
+void Write(const fs::path& path, const std::string& text) {
+  WholeFile file(path);
+  file.Stream() << text;
+  file.Close();
+}
+
 }  // namespace
 
 ExitStatus RunRepairCommand(const RepairArguments& arguments) {
@@ -64,7 +70,7 @@ ExitStatus RunRepairCommand(const RepairArguments& arguments) {
     std::cout << PathShown(name) << ": the report is well-formed, " << reading.countOfEntries
               << "\n";
     if (!arguments.output.empty()) {
-      WriteWholeFile(copy, report);
+      Write(copy, report);
       std::cout << PathShown(copy.string()) << ": a copy of it, byte for byte\n";
     }
     return ExitStatus::NoFailingTest;
@@ -81,7 +87,7 @@ ExitStatus RunRepairCommand(const RepairArguments& arguments) {
   std::cout << LineShown(reading.fault) << "\n";
   const std::vector<DatafileResult> datafiles = DatafilesOf(readBack.results);
   for (const ReportFault& fault : repaired.faults) Print(fault, arguments.report, datafiles);
-  WriteWholeFile(copy, repaired.text);
+  Write(copy, repaired.text);
   std::cout << PathShown(copy.string()) << ": a well-formed copy, " << readBack.countOfEntries
             << std::endl;
   if (readBack.fault.empty()) return ExitStatus::NoFailingTest;

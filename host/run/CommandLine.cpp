@@ -8,6 +8,8 @@
 #include <functional>
 #include <map>
 
+#include "host/run/Commit.h"
+
 namespace OmbreliaHost {
 
 namespace {
@@ -69,8 +71,9 @@ std::optional<Shard> PartitionOf(const std::string& word) {
 }
 
 void AddRunOptions(CLI::App& app, RunArguments& run) {
-  app.add_option("--plugin", run.plugin,
-                 "The plug-in library (default: in ../lib beside this program)")
+  app.add_option(
+         "--plugin", run.plugin,
+         "The plug-in library (default: the one that was built or installed with this program)")
       ->type_name("PATH");
   app.add_option("--work-dir", run.workDir, "Working directory of the run")->type_name("DIR");
   AddChoice<ShowMode>(
@@ -101,6 +104,11 @@ void AddRunOptions(CLI::App& app, RunArguments& run) {
       "Tell also what would fail on a machine of this kind: ordinary, small, large")
       ->type_name("KIND");
   AddOutputOptions(app, run.output);
+}
+
+std::string VersionText() {
+  const std::string version = std::string("verify-datafiles ") + OMBRELIA_VERSION;
+  return *COMMIT == '\0' ? version : version + "\ncommit " + COMMIT;
 }
 
 CLI::App* AddRepairCommand(CLI::App& app, RepairArguments& repair) {
@@ -159,7 +167,7 @@ std::variant<CommandLine, ExitStatus> ParseCommandLine(int argc, char** argv) {
       "Hands data files to the data-hook plug-in, as the host does after each experiment, and sums "
       "up the report that the plug-in writes.",
       "verify-datafiles");
-  app.set_version_flag("--version", std::string("verify-datafiles ") + OMBRELIA_VERSION);
+  app.set_version_flag("--version", VersionText());
   app.footer(
       "Stimulus areas of X.txt stand in X.stimareas.tsv beside it.\n"
       "The report goes below DIR into scons-out/opt/tests/auto_experiment_tests.\n"
@@ -187,7 +195,7 @@ std::variant<CommandLine, ExitStatus> ParseCommandLine(int argc, char** argv) {
   explainApp->add_option("name", explain.name, "The experiment")->type_name("NAME")->required();
   explainApp
       ->add_option("--datafile", explain.datafile,
-                   "A good data file of it (default: the sample that was built with this program)")
+                   "A good data file of it (default: the sample that came with this program)")
       ->type_name("FILE");
 
   MergeArguments merge;

@@ -26,8 +26,12 @@ class PluginLibrary {
   Ombrelia::Interface_DataHookPlugin* m_plugin;
 };
 
-// The library that was built with this program, in ../lib beside the folder that holds it.
+// The library that was built with this program: in ../lib beside the folder that holds it, as in a build tree, or where
+// an installation puts it below that.
 std::filesystem::path DefaultPluginLibrary();
+
+// The samples that were built or installed with this program.
+std::filesystem::path SamplesFolder();
 
 }  // namespace OmbreliaHost
 
