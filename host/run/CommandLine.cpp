@@ -71,9 +71,8 @@ std::optional<Shard> PartitionOf(const std::string& word) {
 }
 
 void AddRunOptions(CLI::App& app, RunArguments& run) {
-  app.add_option(
-         "--plugin", run.plugin,
-         "The plug-in library (default: the one that was built or installed with this program)")
+  app.add_option("--plugin", run.plugin,
+                 "The plug-in library (default: the one that came with this program)")
       ->type_name("PATH");
   app.add_option("--work-dir", run.workDir, "Working directory of the run")->type_name("DIR");
   AddChoice<ShowMode>(

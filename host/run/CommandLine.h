@@ -30,7 +30,7 @@ struct OutputArguments {
 
 // A run of data files, which is what the program does without a subcommand.
 struct RunArguments {
-  std::filesystem::path plugin;   // empty: the library that was built with this program
+  std::filesystem::path plugin;   // empty: the library that came with this program
   std::filesystem::path workDir;  // empty: the present working directory
   ShowMode progress = ShowMode::Auto;
   std::vector<std::filesystem::path> inputs;  // files and folders, in the order given; at least one
@@ -49,7 +49,7 @@ struct ListArguments {
 
 struct ExplainArguments {
   std::string name;
-  std::filesystem::path datafile;  // a good one; empty: the sample that was built with this program
+  std::filesystem::path datafile;  // a good one; empty: the sample that came with this program
 };
 
 struct MergeArguments {

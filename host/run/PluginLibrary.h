@@ -26,11 +26,9 @@ class PluginLibrary {
   Ombrelia::Interface_DataHookPlugin* m_plugin;
 };
 
-// The library that was built with this program: in ../lib beside the folder that holds it, as in a build tree, or where
-// an installation puts it below that.
+// What came with this program, in the folders of an installation or of a build tree, wherever these have been moved. The
+// library may be missing, and so may the samples.
 std::filesystem::path DefaultPluginLibrary();
-
-// The samples that were built or installed with this program.
 std::filesystem::path SamplesFolder();
 
 }  // namespace OmbreliaHost
