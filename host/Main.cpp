@@ -5,9 +5,11 @@
 #include <iostream>
 #include <variant>
 
+#include "host/commands/CollectCommand.h"
 #include "host/commands/ExplainCommand.h"
 #include "host/commands/ListCommand.h"
 #include "host/commands/MergeCommand.h"
+#include "host/commands/RepairCommand.h"
 #include "host/commands/RunCommand.h"
 #include "host/results/ExitStatus.h"
 #include "host/results/WideText.h"
@@ -20,6 +22,8 @@ ExitStatus RunCommandOf(const RunArguments& arguments) { return RunRunCommand(ar
 ExitStatus RunCommandOf(const ListArguments& arguments) { return RunListCommand(arguments); }
 ExitStatus RunCommandOf(const ExplainArguments& arguments) { return RunExplainCommand(arguments); }
 ExitStatus RunCommandOf(const MergeArguments& arguments) { return RunMergeCommand(arguments); }
+ExitStatus RunCommandOf(const RepairArguments& arguments) { return RunRepairCommand(arguments); }
+ExitStatus RunCommandOf(const CollectArguments& arguments) { return RunCollectCommand(arguments); }
 
 ExitStatus RunProgram(int argc, char** argv) {
   try {
