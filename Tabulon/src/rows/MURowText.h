@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 
 #include "Tabulon/src/rows/MUDataFileBlock.h"
 
@@ -43,6 +44,11 @@ class MURowText {
   const MURowOverlays* Overlays() const { return m_overlays; }
   // The same, made if there are none; the first call of a row changes its block's VersionOfRows.
   MURowOverlays& MakeOverlays() const;
+  // Gives entries to a row of a block that has none of its own; changes the block's VersionOfRows, too.
+  void LendOverlays(std::unique_ptr<MURowOverlays> overlays) const;
+  // Takes all entries from a row that had none at that version of its block, since when the block has seen no
+  // other change: it goes back to that version.
+  std::unique_ptr<MURowOverlays> TakeOverlaysBack(unsigned long version) const;
 
  private:
   MUDataFileBlockPtr m_block;

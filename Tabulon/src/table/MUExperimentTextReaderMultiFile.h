@@ -37,6 +37,7 @@ struct MUColumnNamePlusProperties;
 class MUInterfaceDataFileInputErrorHandler;
 class MUInterfaceExperimentDataFileInputReader;
 class MUQueryCachingBroker;
+class MURowKeySet;
 class wxFile;
 
 class MUExperimentTextReaderMultiFile : public wxEvtHandler,
@@ -286,9 +287,7 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
                                                          const RowIndexList* indices);
   void SafeStoreNonCachedConstPointerToDeleteLater(const RowIndexList* indices);
   MUSelectedTexts DistinctTexts(const wxString& column, const RowKeys& keys, bool trim) const;
-  template <typename ACTION>
-  void ForEachRowWhere(const wxString& column, const wxString& text, const RowKeys& keys,
-                       ACTION action) const;
+  MURowKeySet RowsWhere(const wxString& column, const wxString& text, const RowKeys& keys) const;
   // Sorting
   void DropAnswersThatDependOnRowOrder();
   // Batches
