@@ -45,10 +45,37 @@ void ForEachControlCharacter(const wchar_t* begin, const wchar_t* end, const TAK
   }
 }
 
+template <typename MARK, typename TAKE>
+void ForEachMarked(const char* begin, const char* end, const MARK& mark, const TAKE& take) {
+  MUForEachMarked(begin, 0, static_cast<std::size_t>(end - begin), mark,
+                  [&](std::size_t position) { take(begin + position); });
+}
+
 template <typename TAKE>
 void ForEachControlCharacter(const char* begin, const char* end, const TAKE& take) {
-  MUForEachMarked(begin, 0, static_cast<std::size_t>(end - begin), MUMarkControlCharacters,
-                  [&](std::size_t position) { take(begin + position); });
+  ForEachMarked(begin, end, MUMarkControlCharacters, take);
+}
+
+// Where the text goes on behind the line end at the place.
+const char* BehindLineEnd(const char* at, const char* end) {
+  return end - at > 1 && at[1] == '\n' ? at + 2 : at + 1;
+}
+
+// How long the text is once its line ends are line feeds and its control characters are visible.
+std::size_t VisibleLength(const char* begin, const char* end) {
+  MUVisibleMeasure measure;
+  const char* piece = begin;
+  ForEachMarked(begin, end, MUMarkOddCharacters, [&](const char* at) {
+    measure.characters += static_cast<std::size_t>(at - piece);
+    if (*at == '\r') {
+      piece = BehindLineEnd(at, end);
+      ++measure.characters;
+    } else {
+      piece = MUBeginsEscapePair(at, end) ? at + 2 : at + 1;
+      measure.Add(at, piece);
+    }
+  });
+  return measure.characters + static_cast<std::size_t>(end - piece);
 }
 
 }  // namespace
@@ -83,6 +110,27 @@ MUDataFileBlockPtr MUDataFileBlockBuilder::TakeNarrowLines(MUPoolVector<char>& t
     builder.AppendPlainRows(first, mostCells, block.m_longCellEnds);
   }
   return builder.Take();
+}
+
+MUDataFileBlockPtr MUDataFileBlockBuilder::TakeOddLines(const char* begin, const char* end) {
+  const std::size_t length = VisibleLength(begin, end);
+  if (length > LARGEST_OFFSET) return nullptr;
+  MUPoolVector<char> text;
+  text.reserve(length);
+  const char* piece = begin;
+  ForEachMarked(begin, end, MUMarkOddCharacters, [&](const char* at) {
+    AppendAs(text, piece, at);
+    if (*at == '\r') {
+      text.push_back('\n');
+      piece = BehindLineEnd(at, end);
+    } else {
+      piece = MUAppendVisibleForm(at, end, text);
+    }
+  });
+  AppendAs(text, piece, end);
+  MUPlainTextMeasure measure;
+  MUMeasureVisibleText(text.data(), text.size(), &measure);
+  return TakeNarrowLines(text, 0, measure.lineFeeds + 1, measure.tabs + measure.lineFeeds + 1);
 }
 
 template <typename END>
