@@ -151,15 +151,25 @@ bool MUDataFileBlockBuilder::AppendPlainRows(std::size_t start, std::size_t most
     EndRow(rowStart, static_cast<std::size_t>(end - ends.data()));
     firstEnd = end;
   };
-  MUForEachDelimiter(text, rowStart, length, [&](std::size_t position) {
-    if (text[position] == '\t') {
-      *end++ = static_cast<END>(position - rowStart);
-      return;
+  // Written out, for all of it is to stay in the processor's registers.
+  constexpr std::size_t MASKS_AT_ONCE = 16;
+  MUByteMask masks[MASKS_AT_ONCE];
+  for (std::size_t from = start; from < length; from += MASKS_AT_ONCE * MU_MASK_WIDTH) {
+    const std::size_t count = std::min(length - from, MASKS_AT_ONCE * MU_MASK_WIDTH);
+    MUMarkDelimiters(text + from, count, masks);
+    for (std::size_t first = 0; first < count; first += MU_MASK_WIDTH) {
+      for (MUByteMask left = masks[first / MU_MASK_WIDTH]; left != 0; left &= left - 1) {
+        const std::size_t position = from + first + MULowestBit(left);
+        if (text[position] == '\t') {
+          *end++ = static_cast<END>(position - rowStart);
+          continue;
+        }
+        const bool isDosLineEnd = position > rowStart && text[position - 1] == '\r';
+        endRow(isDosLineEnd ? position - 1 : position);
+        rowStart = position + 1;
+      }
     }
-    const bool isDosLineEnd = position > rowStart && text[position - 1] == '\r';
-    endRow(isDosLineEnd ? position - 1 : position);
-    rowStart = position + 1;
-  });
+  }
   if (rowStart < length) endRow(length);
   ends.resize(static_cast<std::size_t>(end - ends.data()));
   return longestRow <= std::numeric_limits<END>::max();
