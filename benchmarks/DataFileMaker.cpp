@@ -150,11 +150,12 @@ void WriteDataFile(const std::filesystem::path& file, const std::string& bytes) 
 }
 
 std::vector<std::filesystem::path> WriteDataFiles(const std::filesystem::path& folder,
-                                                  std::size_t count, std::size_t size) {
+                                                  std::size_t count, std::size_t size,
+                                                  Spelling spelling) {
   std::vector<std::filesystem::path> files;
   for (std::size_t i = 0; i < count; ++i) {
     files.push_back(folder / Text("data%04u.txt", static_cast<unsigned>(i)));
-    WriteDataFile(files.back(), MakeDataFile(size, i + 1));
+    WriteDataFile(files.back(), MakeDataFile(size, i + 1, spelling));
   }
   return files;
 }

@@ -48,7 +48,8 @@ void WriteDataFile(const std::filesystem::path& file, const std::string& bytes);
 
 // Writes count files data0000.txt ... of at most size bytes each into the folder, which must exist.
 std::vector<std::filesystem::path> WriteDataFiles(const std::filesystem::path& folder,
-                                                  std::size_t count, std::size_t size);
+                                                  std::size_t count, std::size_t size,
+                                                  Spelling spelling = Spelling::Ascii);
 
 // Number of data rows in the bytes of a plain file.
 std::size_t RowsIn(const std::string& bytes);
