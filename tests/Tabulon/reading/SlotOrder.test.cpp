@@ -38,6 +38,7 @@ class TellingReader : public Reader {
   }
   ~TellingReader() override { calls.push_back("destroyed"); }
 
+  static void* operator new(std::size_t bytes) { return ::operator new(bytes); }
   static void operator delete(void* memory) {
     calls.push_back("deleted");
     ::operator delete(memory);
@@ -72,7 +73,7 @@ TEST(SlotOrder, OfTheReadersDestructors) {
   auto* const first = new TellingReader;
   CallSlot<void>(static_cast<Reader*>(first), 7);
   EXPECT_EQ((Calls{"destroyed"}), calls) << "the complete one";
-  ::operator delete(first);
+  TellingReader::operator delete(first);
   calls.clear();
   CallSlot<void>(static_cast<Reader*>(new TellingReader), 8);
   EXPECT_EQ((Calls{"destroyed", "deleted"}), calls) << "the deleting one";
