@@ -31,11 +31,13 @@ MUColumnDictionary::MUColumnDictionary(const MURowStore& rows, const wxString& c
       m_numbers(rows.Runs().empty() ? 0 : rows.Runs().back().endKey - m_firstKey),
       m_slots(FIRST_SLOTS),
       m_mostTexts(mostTexts) {
-  std::fill(m_numbers.begin(), m_numbers.end(), NONE);
   std::fill(m_slots.begin(), m_slots.end(), Slot{0, NONE});
 
   MUColumnReader reader(column);
+  unsigned long nextKey = m_firstKey;
   for (const MURowStore::Run& run : rows.Runs()) {
+    std::fill(&m_numbers[nextKey - m_firstKey], &m_numbers[run.firstKey - m_firstKey], NONE);
+    nextKey = run.endKey;
     if (run.block != nullptr && (m_files.empty() || m_files.back().block != run.block)) {
       m_files.push_back({run.block, run.versionOfRows});
     }

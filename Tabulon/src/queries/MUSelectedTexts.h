@@ -22,10 +22,12 @@ struct MUSelectedTexts {
 
   std::vector<wxString> ToTexts() const {
     constexpr std::size_t TEXTS_AHEAD = 16;  // are fetched into the cache
-    std::vector<wxString> copies(texts.size());
+    std::vector<wxString> copies;
+    copies.reserve(texts.size());
     for (std::size_t i = 0; i < texts.size(); ++i) {
       if (i + TEXTS_AHEAD < texts.size()) texts[i + TEXTS_AHEAD].Prefetch();
-      texts[i].CopyInto(copies[i]);
+      copies.emplace_back();
+      texts[i].CopyInto(copies.back());
     }
     return copies;
   }

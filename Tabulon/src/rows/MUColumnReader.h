@@ -42,6 +42,11 @@ class MUColumnReader {
     return m_hiddenText != nullptr ? ViewOf(*m_hiddenText) : block.Cell(line, m_position);
   }
 
+  // Calls up into the cache what TextOf reads of a line that comes later, most likely in the file that was met last.
+  void Prefetch(const MUDataFileBlock& block, std::size_t line) const {
+    block.PrefetchCell(line, m_position);
+  }
+
   // True, with the cell's position in the row's line, if the row is a mere view of its file's block and the cell is
   // not a hidden one. Otherwise false, and only the row's maps know the cell.
   bool FindPosition(const MUSingleRowDataPlusRowProperties& row, std::size_t& position) {

@@ -51,7 +51,7 @@ void MUKeyPacking<WORDS>::Finish() {
   m_bits = 0;
   m_complete = true;
   for (std::size_t word = 0; word < WORDS; ++word) {
-    const std::uint64_t differing = m_anySet[word] & ~m_allSet[word];
+    const std::uint64_t differing = m_anySet[word] & ~m_allSet[word] & m_anyUnlikeNext[word];
     for (int bit = 63; bit >= 0; --bit) {
       if ((differing >> bit & 1) == 0) continue;
       if (m_bits == MOST_BITS) {

@@ -9,6 +9,7 @@
 
 #include "Tabulon/src/queries/MUColumnDictionary.h"
 #include "Tabulon/src/rows/MUColumnReader.h"
+#include "Tabulon/src/rows/MURowStore.h"
 #include "Tabulon/src/sorting/MUSortFunctors.h"
 #include "Tabulon/src/sorting/MUTextSort.h"
 
@@ -16,6 +17,8 @@ namespace {
 
 using Row = MUSingleRowDataPlusRowProperties;
 using Places = MUScratchArray<MUPlace>;
+
+constexpr std::size_t ROWS_AHEAD = 16;  // are fetched into the cache
 
 Places PlacesInTheirOrder(std::size_t count) {
   Places places(count);
@@ -26,11 +29,12 @@ Places PlacesInTheirOrder(std::size_t count) {
 // For rows with keys that their texts do not have: the holder of a row's record may have written them.
 class RecordSort {
  public:
-  RecordSort(const Row* const* rows, std::size_t count, const wxString& column) {
+  RecordSort(const MURowStore& rows, const unsigned long* keys, std::size_t count,
+             const wxString& column) {
     m_records.reserve(count);
     MUColumnReader reader(column);
     for (std::size_t i = 0; i < count; ++i) {
-      const Row& row = *rows[i];
+      const Row& row = *rows.find(keys[i]);
       m_records.push_back({{KeyOfNumber(row.m_hash01.ValueOrDefault(column)),
                             KeyOfNumber(row.m_hash02.ValueOrDefault(column)),
                             KeyOfNumber(row.m_hash03.ValueOrDefault(column))},
@@ -72,36 +76,58 @@ bool HaveEqualKeys(const MUCellText& a, const MUCellText& b) {
   return a.FitsInSortKeys() && b.FitsInSortKeys();
 }
 
+// Adds the text of a row whose line does not tell all. False if the row's keys are not those of its text.
+bool AddTextOfRow(const Row& row, const wxString& column, const MUCellText& text,
+                  MUTextSort& sort) {
+  const double keys[] = {row.m_hash01.ValueOrDefault(column), row.m_hash02.ValueOrDefault(column),
+                         row.m_hash03.ValueOrDefault(column)};
+  const bool fits = row.m_textFitsInHash.ValueOrDefault(column);
+  if (keys[0] == text.SortKey(0) && keys[1] == text.SortKey(1) && keys[2] == text.SortKey(2) &&
+      fits == text.FitsInSortKeys()) {
+    sort.Add(text);
+    return true;
+  }
+  if (keys[0] == 0.0 && keys[1] == 0.0 && keys[2] == 0.0 && !fits) {
+    sort.AddWithoutKeys(text);
+    return true;
+  }
+  return false;
+}
+
+// The number of keys, from the first one on, that follow one another without a gap below endKey.
+std::size_t LengthOfStretch(const unsigned long* keys, std::size_t count, unsigned long endKey) {
+  std::size_t length = 1;
+  while (length < count && keys[length] == keys[0] + length && keys[length] < endKey) ++length;
+  return length;
+}
+
 // The rows' texts for a sort; none if a row's keys are not those of its text.
-std::optional<MUTextSort> TextsOf(const Row* const* rows, std::size_t count,
-                                  const wxString& column) {
+std::optional<MUTextSort> TextsOf(const MURowStore& rows, const unsigned long* keys,
+                                  std::size_t count, const wxString& column) {
   std::optional<MUTextSort> sort(count);
   MUColumnReader reader(column);
-  // A line without any cell has its own keys under the empty name; only the maps know them.
-  const bool linesTellAll = !column.empty();
-  for (std::size_t i = 0; i < count; ++i) {
-    const Row& row = *rows[i];
-    std::size_t position = 0;
-    if (linesTellAll && reader.FindPosition(row, position)) {
-      // A row whose line does not reach the column has no keys.
-      if (row.HasSortKeysAt(position)) {
-        sort->Add(row.CellAt(position));
-      } else {
-        sort->AddWithoutKeys(MUCellText());
-      }
-      continue;
-    }
-    const MUCellText text = reader.TextOf(row);
-    const double keys[] = {row.m_hash01.ValueOrDefault(column), row.m_hash02.ValueOrDefault(column),
-                           row.m_hash03.ValueOrDefault(column)};
-    const bool fits = row.m_textFitsInHash.ValueOrDefault(column);
-    if (keys[0] == text.SortKey(0) && keys[1] == text.SortKey(1) && keys[2] == text.SortKey(2) &&
-        fits == text.FitsInSortKeys()) {
-      sort->Add(text);
-    } else if (keys[0] == 0.0 && keys[1] == 0.0 && keys[2] == 0.0 && !fits) {
-      sort->AddWithoutKeys(text);
+  rows.Runs();  // so that all plain ones are known
+  const MURowStore::Run* run = nullptr;
+  for (std::size_t i = 0; i < count;) {
+    run = rows.FindPlainRun(keys[i], run);
+    // A line without any cell has its own keys under the empty name; only the maps know them.
+    if (run != nullptr && !column.empty() && run->block->FindHiddenCell(column) == nullptr) {
+      const std::size_t length = LengthOfStretch(keys + i, count - i, run->endKey);
+      const std::size_t line = run->LineOf(keys[i]);
+      run->block->ForEachCell(run->block->PositionOf(column), line, line + length,
+                              [&sort](const MUCellText& text, bool isThere) {
+                                // A row whose line does not reach the column has no keys.
+                                if (isThere) {
+                                  sort->Add(text);
+                                } else {
+                                  sort->AddWithoutKeys(text);
+                                }
+                              });
+      i += length;
     } else {
-      return std::nullopt;
+      const Row& row = *rows.find(keys[i]);
+      if (!AddTextOfRow(row, column, reader.TextOf(row), *sort)) return std::nullopt;
+      ++i;
     }
   }
   // Where no text fits, the full texts alone decide: the keys of narrow ones say the same.
@@ -111,12 +137,14 @@ std::optional<MUTextSort> TextsOf(const Row* const* rows, std::size_t count,
 
 }  // namespace
 
-MUScratchArray<MUPlace> SortedPlacesByReactionTime(
-    const MUSingleRowDataPlusRowProperties* const* rows, std::size_t count, bool descending) {
+MUScratchArray<MUPlace> SortedPlacesByReactionTime(const MURowStore& rows,
+                                                   const unsigned long* rowKeys, std::size_t count,
+                                                   bool descending) {
   MUScratchArray<std::uint64_t> keys(count);
   MUKeyPacking<1> packing;
   for (std::size_t i = 0; i < count; ++i) {
-    keys[i] = KeyOfNumber(SortableReactionTime(*rows[i]));
+    if (i + ROWS_AHEAD < count) rows.Prefetch(rowKeys[i + ROWS_AHEAD]);
+    keys[i] = KeyOfNumber(SortableReactionTime(*rows.find(rowKeys[i])));
     packing.Examine({keys[i]});
   }
   packing.Finish();
@@ -135,12 +163,12 @@ MUScratchArray<MUPlace> SortedPlacesByReactionTime(
   return places;
 }
 
-MUScratchArray<MUPlace> SortedPlaces(const MUSingleRowDataPlusRowProperties* const* rows,
+MUScratchArray<MUPlace> SortedPlaces(const MURowStore& rows, const unsigned long* keys,
                                      std::size_t count, const wxString& column, bool descending) {
-  if (std::optional<MUTextSort> texts = TextsOf(rows, count, column)) {
+  if (std::optional<MUTextSort> texts = TextsOf(rows, keys, count, column)) {
     return texts->Sorted(descending);
   }
-  return RecordSort(rows, count, column).Sorted(descending);
+  return RecordSort(rows, keys, count, column).Sorted(descending);
 }
 
 std::optional<MUScratchArray<MUPlace>> SortedPlaces(const MUColumnDictionary& dictionary,

@@ -277,6 +277,7 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
   MUSingleRowDataPlusRowProperties* FindShownRow(int shownRow) const;
   const RowKeys* KeysOfSet(TARGETED_ROW_SEARCH_SET set) const;
   bool SortColumnHasAnActiveFile() const;
+  bool RowsAreOurs() const;
   MURowKeyLists KeyLists() { return {m_allRowKeys, m_activeRowKeys, *m_currentShownRowKeys}; }
   // Queries
   void NoteRedFlagDependence(const MUCachingKeySelectedData& key, unsigned flags) const;

@@ -22,9 +22,12 @@ int NearestInt(unsigned long count) {
 }  // namespace
 
 void MUExperimentTextReaderMultiFile::ResetKeysIntoCurrentRowsAll() {
-  // A derived viewer may have written whatever the members allow.
-  const bool rowsAreOurs = typeid(*this) == typeid(MUExperimentTextReaderMultiFile);
-  m_loadOrder.Write(m_rows, KeyLists(), rowsAreOurs);
+  m_loadOrder.Write(m_rows, KeyLists(), RowsAreOurs());
+}
+
+// A derived viewer may have written whatever the members allow.
+bool MUExperimentTextReaderMultiFile::RowsAreOurs() const {
+  return typeid(*this) == typeid(MUExperimentTextReaderMultiFile);
 }
 
 void MUExperimentTextReaderMultiFile::EraseAllCachedStatefulOptimizedStoredData() {

@@ -50,21 +50,27 @@ void ForEachRow(const MULargeVector<unsigned long>& keys, const MURowStore& rows
 // because in a sorted table neighbours are far apart.
 MUSelectedTexts TextsInOrder(const MULargeVector<unsigned long>& keys, MURowKeySet& found,
                              const MURowStore& rows, const wxString& column) {
-  const auto keeper = std::make_shared<MUTextKeeper>();
-  MUScratchArray<MUCellText> texts(found.CountRanks());
+  MUScratchArray<unsigned long> foundKeys(found.CountRanks());
   std::size_t count = 0;
+  found.ForEach([&](unsigned long key) { foundKeys[count++] = key; });
+  const auto keeper = std::make_shared<MUTextKeeper>();
+  MUScratchArray<MUCellText> texts(count);
   MUColumnReader reader(column);
   const MURowStore::Run* run = nullptr;
-  found.ForEach([&](unsigned long key) {
-    run = rows.FindPlainRun(key, run);
+  const MURowStore::Run* runAhead = nullptr;
+  for (std::size_t i = 0; i < count; ++i) {
+    const unsigned long keyAhead = foundKeys[std::min(i + ROWS_AHEAD, count - 1)];
+    runAhead = rows.FindPlainRun(keyAhead, runAhead);
+    if (runAhead != nullptr) reader.Prefetch(*runAhead->block, runAhead->LineOf(keyAhead));
+    run = rows.FindPlainRun(foundKeys[i], run);
     if (run != nullptr) {
       keeper->KeepAll(*run->block);
-      texts[count++] = reader.TextOf(*run->block, run->LineOf(key));
+      texts[i] = reader.TextOf(*run->block, run->LineOf(foundKeys[i]));
     } else {
-      const Row& row = *rows.find(key);
-      texts[count++] = keeper->Keep(row, reader.TextOf(row));
+      const Row& row = *rows.find(foundKeys[i]);
+      texts[i] = keeper->Keep(row, reader.TextOf(row));
     }
-  });
+  }
   MUSelectedTexts selected;
   selected.keeper = keeper;
   selected.texts.reserve(count);

@@ -72,6 +72,12 @@ void MULoadOrder::Forget() {
   m_commonKeyCount = 0;
 }
 
+bool MULoadOrder::HoldsAllRowsAsShown(const MURowStore& rows, const MURowKeyLists& lists,
+                                      bool rowsAreOurs) const {
+  return rowsAreOurs && m_shownKeys == &lists.shown && OnlyRowsArrived(rows, lists) &&
+         m_shownKeyCount == rows.size();
+}
+
 void MULoadOrder::Lend(unsigned long key) {
   if (key >= m_isLent.size()) m_isLent.resize(key + 1);
   if (m_isLent[key]) return;

@@ -46,6 +46,10 @@ class MULoadOrder {
   // It came back from the call as it was. wasLent: what LendForACall answered.
   void ReturnFromACall(bool wasLent) { m_lentForACall = m_lentForACall && wasLent; }
 
+  // Whether all rows are fully shown and all lists hold all of their keys in load order. rowsAreOurs: as for Write.
+  bool HoldsAllRowsAsShown(const MURowStore& rows, const MURowKeyLists& lists,
+                           bool rowsAreOurs) const;
+
   // Whether the lists stand in load order, complete but for rows that have arrived since.
   bool Stands() const { return m_stands; }
   // The number of keys with which both buffers of shown keys are known to begin.

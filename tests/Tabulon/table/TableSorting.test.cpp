@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 #include <map>
 #include <memory>
@@ -11,7 +12,9 @@
 #include <random>
 #include <vector>
 
+#include "Tabulon/src/queries/MUInterfaceRowTruthDecider.h"
 #include "Tabulon/src/rows/MUColumnNamePlusProperties.h"
+#include "Tabulon/src/rows/MURowStore.h"
 #include "Tabulon/src/rows/MUSingleRowDataPlusRowProperties.h"
 #include "Tabulon/src/sorting/MUKeyedSort.h"
 #include "Tabulon/src/sorting/MURowSort.h"
@@ -455,15 +458,87 @@ TEST(SortFunctors, NotANumberTakesThePlaceOfNoNumber) {
   EXPECT_FALSE(less(&negative, &nan));
 }
 
+// ---- What may have happened to rows between the notification and the sort
+
+// Of the class itself, which takes the keys of a sort from lists that stand.
+class SortOfOurOwnRows : public testing::Test {
+ protected:
+  void SetUp() override {
+    ASSERT_TRUE(Tests::LoadAndShow(
+        table, folder.WriteData("a.txt", {"A", "B"}, {{"c", "1"}, {"a", "2"}, {"b", "3"}})));
+  }
+  Texts SortedColumn() {
+    table.SetSortColumn(wxT("A"), false);
+    table.EraseCachesOfQueries();
+    Texts texts;
+    for (const wxString& text : table.GetAllFromCol_X_WhereField_Y_Matches_Z(
+             wxT("B"), wxT("no such column"), wxT(""), true)) {
+      texts.push_back(Tests::Utf8(text));
+    }
+    return texts;
+  }
+
+  TemporaryFolder folder;
+  MUExperimentTextReaderMultiFile table{nullptr};
+};
+
+TEST_F(SortOfOurOwnRows, KnowsAllRowsAfterANotification) {
+  EXPECT_EQ(SortedColumn(), Texts({"2", "3", "1"}));
+  EXPECT_EQ((table.*&ProbeTable::m_activeRowKeys), Keys({1, 2, 0}));
+}
+
+TEST_F(SortOfOurOwnRows, SeesFlagsThatTheHolderOfARecordWrote) {
+  table.GetRowByRowIndexAndVisibilityFilter(1, ProbeTable::ALL_ROWS)->m_rowPropertyFlags =
+      MU_ROW_FLAG_HIDDEN_BY_USER;
+  EXPECT_EQ(SortedColumn(), Texts({"3", "1", "2"}));
+}
+
+TEST_F(SortOfOurOwnRows, SeesFlagsThatADeciderWrote) {
+  class : public MUInterfaceRowTruthDecider {
+   public:
+    int DecideRow(Row* row) override {
+      if (row->m_cells[wxT("A")] == wxT("b")) row->m_rowPropertyFlags = MU_ROW_FLAG_HIDDEN_BY_USER;
+      return 0;
+    }
+    bool ResultMayBeCached() override { return false; }
+    wxString GetIdentityString() override { return wxT("hides"); }
+  } decider;
+  table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true);
+  EXPECT_EQ(SortedColumn(), Texts({"2", "1", "3"}));
+}
+
+TEST_F(SortOfOurOwnRows, SeesRowsThatCameAndWentSince) {
+  EXPECT_FALSE(table.AddExperimentOcurrence(wxFileName(folder.PathOf("none.txt")), false));
+  ASSERT_TRUE(table.AddExperimentOcurrence(
+      wxFileName(folder.WriteData("b.txt", {"A", "B"}, {{"aa", "4"}})), false));
+  EXPECT_EQ(SortedColumn(), Texts({"2", "4", "3", "1"}));
+  table.RevertAnyAndAllSortOptions();
+  table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("A"), wxT("a"));
+  EXPECT_EQ(SortedColumn(), Texts({"4", "3", "1"}));
+}
+
+TEST_F(SortOfOurOwnRows, SeesRowsThatTheUserHid) {
+  table.HideOneSingleRowPerArbitraryUserRequest(0);
+  EXPECT_EQ(SortedColumn(), Texts({"2", "3", "1"}));
+  EXPECT_EQ((table.*&ProbeTable::m_activeRowKeys), Keys({1, 2, 0}));
+  EXPECT_EQ(*(table.*&ProbeTable::m_currentShownRowKeys), Keys({1, 2}));
+}
+
 // ---- The sort against the passes that define it
 
 using Rows = std::vector<Row*>;
 
 Rows Sorted(const Rows& rows, const wxString& column, bool reverse) {
   Rows sorted;
+  MURowStore store;
+  std::vector<unsigned long> keys;
+  for (Row* const row : rows) {
+    keys.push_back(keys.size() + keys.size() / 7);
+    store.insert(keys.back(), row);
+  }
   const auto places = column == wxT("Reaction\nTime")
-                          ? SortedPlacesByReactionTime(rows.data(), rows.size(), reverse)
-                          : SortedPlaces(rows.data(), rows.size(), column, reverse);
+                          ? SortedPlacesByReactionTime(store, keys.data(), keys.size(), reverse)
+                          : SortedPlaces(store, keys.data(), keys.size(), column, reverse);
   for (const MUPlace place : places) sorted.push_back(rows[place]);
   return sorted;
 }
@@ -620,6 +695,18 @@ TEST(KeyedSort, IsAStableSort) {
       sort.WriteSorted(sorted.data());
       ASSERT_EQ(sorted, expected) << bits << " bits, descending " << descending;
     }
+  }
+}
+
+TEST(KeyPacking, LeavesOutBitsThatFollowFromOthers) {
+  MUKeyPacking<1> packing;
+  const double numbers[] = {-999999.0, 150.0, 151.0, 2000.0};
+  for (const double number : numbers) packing.Examine({KeyOfNumber(number)});
+  packing.Finish();
+  EXPECT_TRUE(packing.IsComplete());
+  EXPECT_LE(packing.Bits(), 32u);
+  for (std::size_t i = 1; i < std::size(numbers); ++i) {
+    EXPECT_LT(packing.Pack({KeyOfNumber(numbers[i - 1])}), packing.Pack({KeyOfNumber(numbers[i])}));
   }
 }
 
