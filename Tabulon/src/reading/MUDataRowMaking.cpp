@@ -5,6 +5,24 @@
 #include "Tabulon/src/reading/MUInterfaceExperimentDataFileInputReader.h"
 #include "Tabulon/src/rows/MUSingleRowDataPlusRowProperties.h"
 
+namespace {
+
+// The number that the text is if it is a short run of digits, the ordinary case, which a double holds exactly; -1 for
+// any other text. length: at least 1.
+template <typename CHAR>
+std::int64_t ShortInteger(const CHAR* digit, std::size_t length) {
+  constexpr std::size_t DIGITS_THAT_ARE_EXACT = 15;
+  if (length > DIGITS_THAT_ARE_EXACT) return -1;
+  std::int64_t integer = 0;
+  for (const CHAR* const end = digit + length; digit != end; ++digit) {
+    if (*digit < CHAR('0') || *digit > CHAR('9')) return -1;
+    integer = integer * 10 + (*digit - CHAR('0'));
+  }
+  return integer;
+}
+
+}  // namespace
+
 void MUAppendColumnsForCellsBeyondHeadings(MUDataFileBlock* block, std::size_t row,
                                            MUUniqueNameIndex* namesInUse, const MUColumnMaker& make,
                                            MUColumns* columns) {
@@ -27,19 +45,11 @@ MUSingleRowDataPlusRowProperties* MUNewRow(const MUDataFileBlockPtr& block, std:
 }
 
 double MUReactionTimeOf(const MUCellText& cell) {
-  // A short run of digits, the ordinary case, is exact as an integer.
-  const std::size_t digitsThatAreExact = 15;
-  std::int64_t integer = 0;
-  std::size_t digits = 0;
-  while (digits < cell.Length() && digits < digitsThatAreExact && cell[digits] >= wxT('0') &&
-         cell[digits] <= wxT('9')) {
-    integer = integer * 10 + (cell[digits] - wxT('0'));
-    ++digits;
-  }
-  if (digits > 0 && digits == cell.Length()) return static_cast<double>(integer);
-
+  if (cell.IsEmpty()) return MUSingleRowDataPlusRowProperties::NO_REACTION_TIME;
+  const std::int64_t integer = cell.Narrow() != nullptr ? ShortInteger(cell.Narrow(), cell.Length())
+                                                        : ShortInteger(cell.Wide(), cell.Length());
+  if (integer >= 0) return static_cast<double>(integer);
   double number = 0.0;
-  return !cell.IsEmpty() && cell.ToString().ToDouble(&number)
-             ? number
-             : MUSingleRowDataPlusRowProperties::NO_REACTION_TIME;
+  return cell.ToString().ToDouble(&number) ? number
+                                           : MUSingleRowDataPlusRowProperties::NO_REACTION_TIME;
 }

@@ -88,9 +88,8 @@ bool MUDataTextFile::TakeLines(MUDecodedText& text) {
     m_lines.block = Builder::TakeOddLines(rows, end);
     return m_lines.block != nullptr;
   }
-  m_lines.block =
-      Builder::TakeNarrowLines(text.narrow, static_cast<std::size_t>(rows - begin),
-                               measure.lineFeeds + 1, measure.tabs + measure.lineFeeds + 1);
+  const auto first = static_cast<std::size_t>(rows - begin);
+  m_lines.block = Builder::TakeNarrowLines(text.narrow, first, measure, first);
   return true;
 }
 

@@ -92,22 +92,23 @@ bool MUDataFileBlockBuilder::TakePlainBytes(MUPoolVector<char>& bytes, std::size
   }
   lines->header.clear();
   const std::size_t start = TakeHeaderLines(bytes, headerLines, &lines->header);
-  lines->block =
-      TakeNarrowLines(bytes, start, measure.lineFeeds + 1, measure.tabs + measure.lineFeeds + 1);
+  lines->block = TakeNarrowLines(bytes, start, measure, 0);
   return true;
 }
 
 MUDataFileBlockPtr MUDataFileBlockBuilder::TakeNarrowLines(MUPoolVector<char>& text,
-                                                           std::size_t first, std::size_t lineCount,
-                                                           std::size_t mostCells) {
+                                                           std::size_t first,
+                                                           const MUPlainTextMeasure& delimiters,
+                                                           std::size_t measuredFrom) {
   MUDataFileBlockBuilder builder(Width::NARROW);
   MUDataFileBlock& block = *builder.m_block;
-  block.m_rows.reserve(lineCount + 1);
+  // The text may end without a line feed, and a further row begins behind the last one.
+  block.m_rows.reserve(delimiters.lineFeeds + 2);
   block.m_narrowText = std::move(text);
-  if (!builder.AppendPlainRows(first, mostCells, block.m_shortCellEnds)) {
+  if (!builder.AppendPlainRows(first, delimiters, measuredFrom, block.m_shortCellEnds)) {
     MUPoolVector<std::uint16_t>().swap(block.m_shortCellEnds);
     block.m_rows.resize(1);
-    builder.AppendPlainRows(first, mostCells, block.m_longCellEnds);
+    builder.AppendPlainRows(first, delimiters, measuredFrom, block.m_longCellEnds);
   }
   return builder.Take();
 }
@@ -130,15 +131,16 @@ MUDataFileBlockPtr MUDataFileBlockBuilder::TakeOddLines(const char* begin, const
   AppendAs(text, piece, end);
   MUPlainTextMeasure measure;
   MUMeasureVisibleText(text.data(), text.size(), &measure);
-  return TakeNarrowLines(text, 0, measure.lineFeeds + 1, measure.tabs + measure.lineFeeds + 1);
+  return TakeNarrowLines(text, 0, measure, 0);
 }
 
 template <typename END>
-bool MUDataFileBlockBuilder::AppendPlainRows(std::size_t start, std::size_t mostCells,
-                                             MUPoolVector<END>& ends) {
+bool MUDataFileBlockBuilder::AppendPlainRows(std::size_t start,
+                                             const MUPlainTextMeasure& delimiters,
+                                             std::size_t measuredFrom, MUPoolVector<END>& ends) {
   const char* const text = m_block->m_narrowText.data();
   const std::size_t length = m_block->m_narrowText.size();
-  ends.resize(mostCells);
+  ends.resize(delimiters.tabs + delimiters.lineFeeds + 1);
   END* end = ends.data();
   END* firstEnd = end;
   std::size_t rowStart = start;
@@ -152,22 +154,20 @@ bool MUDataFileBlockBuilder::AppendPlainRows(std::size_t start, std::size_t most
     firstEnd = end;
   };
   // Written out, for all of it is to stay in the processor's registers.
-  constexpr std::size_t MASKS_AT_ONCE = 16;
-  MUByteMask masks[MASKS_AT_ONCE];
-  for (std::size_t from = start; from < length; from += MASKS_AT_ONCE * MU_MASK_WIDTH) {
-    const std::size_t count = std::min(length - from, MASKS_AT_ONCE * MU_MASK_WIDTH);
-    MUMarkDelimiters(text + from, count, masks);
-    for (std::size_t first = 0; first < count; first += MU_MASK_WIDTH) {
-      for (MUByteMask left = masks[first / MU_MASK_WIDTH]; left != 0; left &= left - 1) {
-        const std::size_t position = from + first + MULowestBit(left);
-        if (text[position] == '\t') {
-          *end++ = static_cast<END>(position - rowStart);
-          continue;
-        }
-        const bool isDosLineEnd = position > rowStart && text[position - 1] == '\r';
-        endRow(isDosLineEnd ? position - 1 : position);
-        rowStart = position + 1;
+  const std::size_t skipped = start - measuredFrom;
+  MUByteMask wanted = ~MUByteMask{0} << skipped % MU_MASK_WIDTH;
+  for (std::size_t number = skipped / MU_MASK_WIDTH;; ++number, wanted = ~MUByteMask{0}) {
+    const std::size_t from = measuredFrom + number * MU_MASK_WIDTH;
+    if (from >= length) break;
+    for (MUByteMask left = delimiters.masks[number] & wanted; left != 0; left &= left - 1) {
+      const std::size_t position = from + MULowestBit(left);
+      if (text[position] == '\t') {
+        *end++ = static_cast<END>(position - rowStart);
+        continue;
       }
+      const bool isDosLineEnd = position > rowStart && text[position - 1] == '\r';
+      endRow(isDosLineEnd ? position - 1 : position);
+      rowStart = position + 1;
     }
   }
   if (rowStart < length) endRow(length);

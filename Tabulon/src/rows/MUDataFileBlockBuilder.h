@@ -9,6 +9,7 @@
 
 #include "Tabulon/src/rows/MUDataFileBlock.h"
 #include "Tabulon/src/rows/MUDataFileLines.h"
+#include "Tabulon/src/text/MUPlainTextScan.h"
 
 // Makes one block, either of a text as a whole or row by row. A text is taken in one or two passes.
 // For one thread. Throws std::bad_alloc and std::length_error for want of memory.
@@ -28,11 +29,12 @@ class MUDataFileBlockBuilder {
   static bool TakePlainBytes(MUPoolVector<char>& bytes, std::size_t headerLines,
                              MUDataFileLines* lines);
 
-  // The same for text of one byte per character with no control character in it but tabs and line ends (see
-  // MUMeasureVisibleText), beginning at first. lineCount and mostCells: there are no more lines and cells than
-  // these. The text must not be too long for the block's offsets.
+  // The same for text of one byte per character with no control character in it but tabs and line ends, beginning
+  // at first. delimiters: what MUMeasurePlainText or MUMeasureVisibleText found in the text from measuredFrom on,
+  // which is not behind first. The text must not be too long for the block's offsets.
   static MUDataFileBlockPtr TakeNarrowLines(MUPoolVector<char>& text, std::size_t first,
-                                            std::size_t lineCount, std::size_t mostCells);
+                                            const MUPlainTextMeasure& delimiters,
+                                            std::size_t measuredFrom);
 
   // The same for text of one byte per character of any kind: a line may also end in a carriage return alone, and
   // control characters become visible. Two passes more and a copy. Null if the text becomes too long for the
@@ -55,7 +57,8 @@ class MUDataFileBlockBuilder {
   bool AppendRowTo(MUPoolVector<OUT>& text, const CHAR* begin, const CHAR* end);
   // Splits the block's text from start on. False if a row is too long for END; the rows are of no use then.
   template <typename END>
-  bool AppendPlainRows(std::size_t start, std::size_t mostCells, MUPoolVector<END>& ends);
+  bool AppendPlainRows(std::size_t start, const MUPlainTextMeasure& delimiters,
+                       std::size_t measuredFrom, MUPoolVector<END>& ends);
   void AppendRowEnds();
   // cellCount: cells of the block up to the row's end.
   void EndRow(std::size_t textStart, std::size_t cellCount);

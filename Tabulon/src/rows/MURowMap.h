@@ -121,7 +121,8 @@ class MURowMap {
 // A row's text and the five maps over it, side by side: a map finds the text by its place in this record.
 struct MURowMaps {
   MURowMaps() = default;
-  explicit MURowMaps(const MURowText& text) : m_text(text) {}
+  MURowMaps(const MUDataFileBlockPtr& block, std::size_t row, std::size_t columnCount)
+      : m_text(block, row, columnCount) {}
 
   MURowText m_text;                         // what the maps look at; of no use to others
   MURowMap<MURowMapKind::CELLS> m_cells;    // column name to text, with the hidden cells

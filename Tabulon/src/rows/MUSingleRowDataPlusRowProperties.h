@@ -28,7 +28,7 @@ struct MUSingleRowDataPlusRowProperties : MURowMaps {
   // columnCount: number of columns that the block has when the row is read.
   MUSingleRowDataPlusRowProperties(const MUDataFileBlockPtr& block, std::size_t row,
                                    std::size_t columnCount)
-      : MURowMaps(MURowText(block, row, columnCount)) {}
+      : MURowMaps(block, row, columnCount) {}
 
   // Rows of one file lie side by side.
   static void* operator new(std::size_t bytes) { return MUAllocatePooled(bytes); }

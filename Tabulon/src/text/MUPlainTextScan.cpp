@@ -1,5 +1,7 @@
 #include "Tabulon/src/text/MUPlainTextScan.h"
 
+#include <utility>
+
 #include "Tabulon/src/text/MUCellSplitting.h"
 
 #if MU_HAS_SSE2
@@ -115,28 +117,44 @@ std::size_t SumOfBytes(__m128i bytes) {
          static_cast<std::size_t>(_mm_cvtsi128_si64(_mm_unpackhi_epi64(sums, sums)));
 }
 
-// Measures as many whole vectors as there are. The counts of matches are kept per byte, for as many vectors
-// as a byte can count, and added up only then.
+// True if the bytes that a mask stands for hold nothing odd but carriage returns with a line feed behind them.
+template <typename OTHER>
+bool HoldOnlyLineEnds(const char* text, std::size_t from, std::size_t length) {
+  for (const std::size_t end = from + MU_MASK_WIDTH; from < end; from += WIDTH) {
+    const __m128i bytes = Load(text + from);
+    const MUByteMask odd = MaskOf(_mm_andnot_si128(Delimiter::Of(bytes), OTHER::Of(bytes)));
+    const MUByteMask returns = MaskOf(_mm_cmpeq_epi8(bytes, _mm_set1_epi8('\r')));
+    if (odd != returns || !LineFeedsFollow(text, from, length, returns)) return false;
+  }
+  return true;
+}
+
+// Measures the bytes of as many whole masks as there are. The counts of matches are kept per byte, for as many
+// vectors as a byte can count, and added up only then.
 template <typename OTHER>
 bool MeasureVectors(const char* text, std::size_t length, std::size_t* from,
                     MUPlainTextMeasure* found) {
-  constexpr std::size_t mostVectors = 255;
-  while (length - *from >= WIDTH) {
-    const std::size_t vectors = std::min((length - *from) / WIDTH, mostVectors);
+  constexpr std::size_t mostMasks = 255 * WIDTH / MU_MASK_WIDTH;
+  while (length - *from >= MU_MASK_WIDTH) {
+    const std::size_t count = std::min((length - *from) / MU_MASK_WIDTH, mostMasks);
     __m128i tabCounts = _mm_setzero_si128();
     __m128i lineFeedCounts = _mm_setzero_si128();
-    for (std::size_t i = 0; i < vectors; ++i, *from += WIDTH) {
-      const __m128i bytes = Load(text + *from);
-      const __m128i tabs = _mm_cmpeq_epi8(bytes, _mm_set1_epi8('\t'));
-      const __m128i lineFeeds = _mm_cmpeq_epi8(bytes, _mm_set1_epi8('\n'));
-      // A match is all ones, that is -1.
-      tabCounts = _mm_sub_epi8(tabCounts, tabs);
-      lineFeedCounts = _mm_sub_epi8(lineFeedCounts, lineFeeds);
-      const __m128i others = _mm_andnot_si128(_mm_or_si128(tabs, lineFeeds), OTHER::Of(bytes));
-      const MUByteMask odd = MaskOf(others);
-      if (odd == 0) continue;
-      const MUByteMask returns = MaskOf(_mm_cmpeq_epi8(bytes, _mm_set1_epi8('\r')));
-      if (odd != returns || !LineFeedsFollow(text, *from, length, returns)) return false;
+    for (std::size_t i = 0; i < count; ++i, *from += MU_MASK_WIDTH) {
+      __m128i odd = _mm_setzero_si128();
+      const auto measure = [&](std::size_t place) {
+        const __m128i bytes = Load(text + *from + place);
+        const __m128i tabs = _mm_cmpeq_epi8(bytes, _mm_set1_epi8('\t'));
+        const __m128i lineFeeds = _mm_cmpeq_epi8(bytes, _mm_set1_epi8('\n'));
+        // A match is all ones, that is -1.
+        tabCounts = _mm_sub_epi8(tabCounts, tabs);
+        lineFeedCounts = _mm_sub_epi8(lineFeedCounts, lineFeeds);
+        const __m128i delimiters = _mm_or_si128(tabs, lineFeeds);
+        odd = _mm_or_si128(odd, _mm_andnot_si128(delimiters, OTHER::Of(bytes)));
+        return MaskOf(delimiters) << place;
+      };
+      found->masks[*from / MU_MASK_WIDTH] =
+          measure(0) | measure(WIDTH) | measure(2 * WIDTH) | measure(3 * WIDTH);
+      if (MaskOf(odd) != 0 && !HoldOnlyLineEnds<OTHER>(text, *from, length)) return false;
     }
     found->tabs += SumOfBytes(tabCounts);
     found->lineFeeds += SumOfBytes(lineFeedCounts);
@@ -149,24 +167,26 @@ bool MeasureVectors(const char* text, std::size_t length, std::size_t* from,
 // OTHER: tells the bytes that the text must not hold, tabs and line ends aside.
 template <typename OTHER>
 bool Measure(const char* text, std::size_t length, MUPlainTextMeasure* measure) {
-  MUPlainTextMeasure found = {0, 0};
+  MUPlainTextMeasure found;
+  found.masks.reset(new MUByteMask[length / MU_MASK_WIDTH + 1]);  // without values
   std::size_t from = 0;
 #if MU_HAS_SSE2
   if (!MeasureVectors<OTHER>(text, length, &from, &found)) return false;
 #endif
   for (; from < length; ++from) {
     const char byte = text[from];
-    if (byte == '\t') {
-      ++found.tabs;
-    } else if (byte == '\n') {
-      ++found.lineFeeds;
+    MUByteMask& mask = found.masks[from / MU_MASK_WIDTH];
+    if (from % MU_MASK_WIDTH == 0) mask = 0;
+    if (Delimiter::Of(byte)) {
+      ++(byte == '\t' ? found.tabs : found.lineFeeds);
+      mask |= MUByteMask{1} << from % MU_MASK_WIDTH;
     } else if (byte == '\r') {
       if (from + 1 == length || text[from + 1] != '\n') return false;
     } else if (OTHER::Of(byte)) {
       return false;
     }
   }
-  *measure = found;
+  *measure = std::move(found);
   return true;
 }
 
@@ -178,10 +198,6 @@ bool MUMeasurePlainText(const char* text, std::size_t length, MUPlainTextMeasure
 
 bool MUMeasureVisibleText(const char* text, std::size_t length, MUPlainTextMeasure* measure) {
   return Measure<Control>(text, length, measure);
-}
-
-void MUMarkDelimiters(const char* bytes, std::size_t count, MUByteMask* masks) {
-  Mark<Delimiter>(bytes, count, masks);
 }
 
 void MUMarkOddCharacters(const char* bytes, std::size_t count, MUByteMask* masks) {

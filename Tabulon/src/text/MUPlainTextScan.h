@@ -5,13 +5,19 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 
 #include "Tabulon/src/machine/MUMachine.h"
 
-// What a text has of the two delimiters.
+// One mask stands for MU_MASK_WIDTH bytes, its lowest bit for the first one.
+using MUByteMask = std::uint64_t;
+constexpr std::size_t MU_MASK_WIDTH = 64;
+
+// The tabs and line feeds of a text.
 struct MUPlainTextMeasure {
-  std::size_t tabs;
-  std::size_t lineFeeds;
+  std::size_t tabs = 0;
+  std::size_t lineFeeds = 0;
+  std::unique_ptr<MUByteMask[]> masks;  // where they are, with a mask for every MU_MASK_WIDTH bytes
 };
 
 // True if every byte is from blank to '~', a tab, a line feed, or a carriage return directly before a line
@@ -24,14 +30,8 @@ bool MUMeasurePlainText(const char* text, std::size_t length, MUPlainTextMeasure
 // but tabs, line feeds and carriage returns directly before line feeds.
 bool MUMeasureVisibleText(const char* text, std::size_t length, MUPlainTextMeasure* measure);
 
-// One mask stands for MU_MASK_WIDTH bytes, its lowest bit for the first one.
-using MUByteMask = std::uint64_t;
-constexpr std::size_t MU_MASK_WIDTH = 64;
-
 // Fill one mask for every MU_MASK_WIDTH of the bytes; the bits beyond the last byte are 0.
-// Delimiters are tabs and line feeds. Control characters are those of MUIsControlCharacter, tabs included; odd
-// ones are those that are no delimiters.
-void MUMarkDelimiters(const char* bytes, std::size_t count, MUByteMask* masks);
+// Control characters are those of MUIsControlCharacter, tabs included; odd ones are all but tabs and line feeds.
 void MUMarkOddCharacters(const char* bytes, std::size_t count, MUByteMask* masks);
 void MUMarkControlCharacters(const char* bytes, std::size_t count, MUByteMask* masks);
 
@@ -51,12 +51,6 @@ void MUForEachMarked(const char* text, std::size_t from, std::size_t length, con
     }
     from += count;
   }
-}
-
-// Calls take(position) for each tab and line feed at or after the position from, in order.
-template <typename TAKE>
-void MUForEachDelimiter(const char* text, std::size_t from, std::size_t length, const TAKE& take) {
-  MUForEachMarked(text, from, length, MUMarkDelimiters, take);
 }
 
 #endif
