@@ -77,7 +77,7 @@ ExitStatus RunRepairCommand(const RepairArguments& arguments) {
   }
 
   const RepairedReport repaired = RepairReport(report, {});
-  const ReportReading readBack = ReadReportText(repaired.text, copy.string(), {});
+  const ReportReading readBack = ReadRepairedText(repaired.text, copy.string());
   if (readBack.results.empty()) {
     throw RunError(ExitStatus::WrongUse,
                    name +

@@ -97,7 +97,7 @@ void Collection::AddMalformed(const ProcessTraces& traces, const std::string& te
   for (const ReportFault& fault : repaired.faults) {
     m_results.faults.push_back(traces.report.string() + ": " + DescribeFault(fault, {}));
   }
-  ReportReading reading = ReadReportText(repaired.text, traces.report.string(), {});
+  ReportReading reading = ReadRepairedText(repaired.text, traces.report.string());
   const bool whole = reading.fault.empty();
   if (!whole) AddFault("report_is_not_whole", reading.fault);
   const std::size_t before = m_results.datafiles.size();

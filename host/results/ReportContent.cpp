@@ -18,11 +18,11 @@ bool StartsWith(const std::string& text, const std::string& start) {
   return text.compare(0, start.size(), start) == 0;
 }
 
-// Takes the texts over. number: the result's place in the report, from 1, which the report gives with three digits or more.
-TestOutcome OutcomeOf(TestResult& result, std::size_t number) {
-  const std::size_t digits = std::max<std::size_t>(3, std::to_string(number).size());
+// Takes the texts over. The report gives the number with three digits or more.
+TestOutcome OutcomeOf(TestResult& result) {
+  const std::size_t digits = std::max<std::size_t>(3, std::to_string(result.number).size());
   TestOutcome test;
-  test.number = static_cast<int>(number);
+  test.number = static_cast<int>(result.number);
   test.name = result.name.substr(std::string("test").size() + digits);
   if (!result.failed) return test;
   test.outcome = Outcome::Failed;
@@ -64,10 +64,10 @@ Outcome OutcomeOf(const std::vector<TestOutcome>& tests) {
 
 ReportContent ContentOf(std::vector<TestResult> results) {
   ReportContent content;
-  for (std::size_t i = 0; i < results.size(); ++i) {
-    if (StartsDatafile(results[i])) content.ofDatafiles.emplace_back();
+  for (TestResult& result : results) {
+    if (StartsDatafile(result)) content.ofDatafiles.emplace_back();
     (content.ofDatafiles.empty() ? content.beforeFirst : content.ofDatafiles.back())
-        .push_back(OutcomeOf(results[i], i + 1));
+        .push_back(OutcomeOf(result));
   }
   return content;
 }

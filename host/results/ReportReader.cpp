@@ -157,6 +157,25 @@ std::string DatafileOf(const std::vector<TestResult>& results,
   return ", among the results of " + datafiles[started - 1].string();
 }
 
+bool HasNumber(const TestResult& result, std::size_t number) {
+  const std::string prefix = NumberPrefix(number);
+  return result.name.compare(0, prefix.size(), prefix) == 0;
+}
+
+// Numbers the results. Gives how many there are before the first one whose number does not follow; gap: how many numbers
+// may be missing before each.
+std::size_t Number(std::vector<TestResult>& results, std::size_t gap) {
+  std::size_t number = 0;
+  for (std::size_t i = 0; i < results.size(); ++i) {
+    const std::size_t last = number + 1 + gap;
+    do {
+      if (++number > last) return i;
+    } while (!HasNumber(results[i], number));
+    results[i].number = number;
+  }
+  return results.size();
+}
+
 }  // namespace
 
 bool StartsDatafile(const TestResult& result) {
@@ -172,20 +191,21 @@ std::string TextOfReport(const fs::path& path) {
   return text;
 }
 
-ReportReading ReadReportText(const std::string& report, const std::string& name,
-                             const std::vector<fs::path>& datafiles) {
+namespace {
+
+ReportReading Read(const std::string& report, const std::string& name,
+                   const std::vector<fs::path>& datafiles, std::size_t gap) {
   ReportParser parser;
   const bool wellFormed = parser.Parse(report);
   ReportReading reading;
   std::vector<TestResult>& results = reading.results;
   results = std::move(parser.Results());
 
-  // The numbers run on without a gap: the first that does not was made by another test's text.
-  for (std::size_t i = 0; i < results.size(); ++i) {
-    const std::string prefix = NumberPrefix(i + 1);
-    if (results[i].name.compare(0, prefix.size(), prefix) == 0) continue;
-    const std::string culprit = i == 0 ? results[i].name : results[i - 1].name;
-    results.resize(i);
+  // The numbers run on: the first that does not was made by another test's text.
+  const std::size_t numbered = Number(results, gap);
+  if (numbered < results.size()) {
+    const std::string culprit = results[numbered == 0 ? 0 : numbered - 1].name;
+    results.resize(numbered);
     reading.fault = name + ": the report is not as the plug-in counted it; broken by test " +
                     culprit + DatafileOf(results, datafiles);
     return reading;
@@ -213,6 +233,18 @@ ReportReading ReadReportText(const std::string& report, const std::string& name,
                     ", its entries are " + reading.countOfEntries;
   }
   return reading;
+}
+
+}  // namespace
+
+ReportReading ReadReportText(const std::string& report, const std::string& name,
+                             const std::vector<fs::path>& datafiles) {
+  return Read(report, name, datafiles, 0);
+}
+
+ReportReading ReadRepairedText(const std::string& report, const std::string& name) {
+  constexpr std::size_t MOST_IN_A_ROW = 1000;
+  return Read(report, name, {}, MOST_IN_A_ROW);
 }
 
 std::vector<TestResult> ReadReport(const fs::path& path, const std::vector<fs::path>& datafiles) {

@@ -10,7 +10,8 @@ namespace OmbreliaHost {
 
 // One entry of the report; texts are UTF-8. A passing test has a name only.
 struct TestResult {
-  std::string name;  // with its number, as in "test001SingleDummyPassingTest"
+  std::size_t number = 0;  // from 1
+  std::string name;        // with its number, as in "test001SingleDummyPassingTest"
   bool failed = false;
   std::string subject;
   std::string location;
@@ -35,6 +36,9 @@ struct ReportReading {
 // handed over, for the same words; empty if they are not known.
 ReportReading ReadReportText(const std::string& report, const std::string& name,
                              const std::vector<std::filesystem::path>& datafiles);
+
+// The same for a report that was repaired: numbers of tests may be missing, for those of which nothing is left.
+ReportReading ReadRepairedText(const std::string& report, const std::string& name);
 
 // All results in their order. Ends the run: NoReport if the file cannot be read; MalformedReport if it
 // is no well-formed XML, or if its entries are not those that its head counts, since no text in it is

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdio>
 #include <map>
+#include <set>
 #include <utility>
 
 #include "host/results/CodePoints.h"
@@ -64,6 +65,7 @@ class Repair {
   void TakeHead();
   void TakeLine();
   void TakeUnknown();
+  bool PassOverMissingTests();
   void AddEntry(const Entry& entry);
   void FollowKnownTests(const Entry& entry);
   void NoteFaults(const Entry& entry, const TestOutcome* known);
@@ -175,26 +177,57 @@ std::optional<Entry> Repair::TakeEntryByFrame() {
   return entry;
 }
 
-void Repair::TakeHead() {
-  const std::size_t end = m_report.find(">\n", HEAD.size());
-  if (StandsAt(0, HEAD) && end != std::string::npos) {
-    m_at = end + 2;
-    m_repaired.text = m_report.substr(0, m_at);
-  } else {
-    m_repaired.text = HEAD + ">\n";
+// Is the text one start tag, such as <testsuite name="a" tests="1">, as XML may hold it? No attribute
+// stands there twice.
+bool IsStartTag(const std::string& text) {
+  const auto isName = [](const std::string& name) {
+    return !name.empty() &&
+           std::all_of(name.begin(), name.end(), [](char c) { return c >= 'a' && c <= 'z'; });
+  };
+  std::set<std::string> names;
+  std::size_t at = std::min(text.find_first_of(" >"), text.size());
+  if (!isName(text.substr(1, at - 1))) return false;
+  while (at < text.size() && text[at] == ' ') {
+    const std::size_t equals = text.find("=\"", at);
+    const std::size_t end = equals == std::string::npos ? equals : text.find('"', equals + 2);
+    if (end == std::string::npos) return false;
+    const std::string name = text.substr(at + 1, equals - at - 1);
+    const std::string value = text.substr(equals + 2, end - equals - 2);
+    if (!isName(name) || !names.insert(name).second || XmlAttribute(value) != value) return false;
+    at = end + 1;
   }
+  return at + 1 == text.size() && text[at] == '>';
+}
+
+void Repair::TakeHead() {
+  m_repaired.text = HEAD + ">\n";
+  const std::size_t begin = HEAD.rfind('<');
+  const std::size_t end = m_report.find(">\n", HEAD.size());
+  if (!StandsAt(0, HEAD) || end == std::string::npos) return;
+  m_at = end + 2;
+  if (IsStartTag(m_report.substr(begin, end + 1 - begin))) {
+    m_repaired.text = m_report.substr(0, m_at);
+  }
+}
+
+// A line of the frame, which holds no text of a data file. It must end. Of the start of a suite that is damaged, its name
+// remains, as far as it can be told.
+void Repair::TakeLine() {
+  const std::size_t end = m_report.find(">\n", m_at) + 2;
+  const std::string line = m_report.substr(m_at, end - m_at);
+  const std::string tag = line.substr(line.find('<'), line.size() - line.find('<') - 1);
+  if (line == END_OF_SUITE || IsStartTag(tag)) {
+    m_repaired.text += line;
+  } else {
+    const std::string rest = line.substr(SUITE.size());
+    m_repaired.text += SUITE + XmlAttribute(rest.substr(0, rest.find_first_of("\"\n"))) + "\">\n";
+  }
+  m_at = end;
 }
 
 void Repair::OpenSuite() {
   if (!m_suiteIsOpen) m_repaired.text += SUITE + "\">\n";
   m_suiteIsOpen = true;
-}
-
-// A line of the frame, which holds no text of a data file. It must be whole.
-void Repair::TakeLine() {
-  const std::size_t end = m_report.find(">\n", m_at) + 2;
-  m_repaired.text += m_report.substr(m_at, end - m_at);
-  m_at = end;
 }
 
 // What is no entry stays as plain text, up to the next line of the frame.
@@ -299,6 +332,18 @@ void Repair::FollowKnownTests(const Entry& entry) {
   if (entry.name.compare(0, ASSERTION_FAILURE.size(), ASSERTION_FAILURE) != 0) ++m_known;
 }
 
+// Nothing is left of some tests before the one that stands here. False if there is none such.
+bool Repair::PassOverMissingTests() {
+  constexpr int MOST_IN_A_ROW = 1000;
+  if (!StandsAt(m_at, ENTRY)) return false;
+  for (int number = m_number + 1; number <= m_number + MOST_IN_A_ROW; ++number) {
+    if (!StandsAt(m_at, EntryStart(number))) continue;
+    m_number = number;
+    return true;
+  }
+  return false;
+}
+
 RepairedReport Repair::Run() {
   TakeHead();
   while (m_at < m_report.size()) {
@@ -319,6 +364,8 @@ RepairedReport Repair::Run() {
     } else if (StandsAt(m_at, END_OF_SUITE) && m_suiteIsOpen) {
       m_suiteIsOpen = false;
       TakeLine();
+      continue;
+    } else if (PassOverMissingTests()) {
       continue;
     } else if (m_report.compare(m_at, std::string::npos, END_OF_SUITES + "\n") == 0) {
       break;

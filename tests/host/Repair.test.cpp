@@ -155,6 +155,39 @@ TEST_F(RepairTest, EveryTruncationEndsWithAWellFormedCopyOrAWord) {
   }
 }
 
+// What is left of the damaged parts stays as plain text.
+TEST_F(RepairTest, ADamagedFrameBecomesWellFormed) {
+  const std::string report = ReportWithFailure("s", "m");
+  for (const std::string& part :
+       {std::string("<testsuites "), std::string("<testsuite "), std::string("failures="),
+        std::string(" name=\"AllTests\""), std::string("\"s\""), std::string("test002"),
+        std::string("    </testsuite>"), std::string("</testsuites>")}) {
+    for (const char* damage : {"]]>", "<", "&", "\"", "\x01", "\xFF", "\n", " x=\"1\" x=\"1\""}) {
+      std::string damaged = report;
+      damaged.insert(damaged.find(part) + part.size() / 2, damage);
+      File("r.xml", damaged);
+      unlink((m_folder / "r.repaired.xml").c_str());
+      const Finished finished = Verify({"repair", "r.xml"});
+      EXPECT_NE(finished.status, 2) << finished.err;
+      if (finished.out.find("the report is well-formed") != std::string::npos) continue;
+      const XmlElement copy = ReadXml(ReadFile(m_folder / "r.repaired.xml"));
+      EXPECT_GE(ElementsOf(copy, "testcase").size(), 3u) << damaged;
+    }
+  }
+}
+
+TEST_F(RepairTest, ATestOfWhichNothingIsLeftTakesNoOtherAlong) {
+  std::string report = ReportWithFailure("s", "m");
+  const std::size_t begin = report.find("        <testcase name=\"test002");
+  report.erase(begin, report.find("        <testcase name=\"test003") - begin);
+  File("r.xml", report);
+  const Finished finished = Verify({"repair", "r.xml"});
+  EXPECT_EQ(finished.status, 3);
+  EXPECT_NE(finished.out.find("r.repaired.xml: a well-formed copy, 3 tests, 1 failing\n"),
+            std::string::npos)
+      << finished.out;
+}
+
 TEST_F(RepairTest, AMegabyteOfTextIsCutWhereItIsShown) {
   const std::string much(1000000, 'x');
   File("r.xml", ReportWithFailure("s", much + "]]>" + much));
