@@ -90,30 +90,26 @@ std::string CardOf(const ExperimentHistory& history, const std::string& id) {
 }
 
 std::string ChancesMarkup(const HistorySummary& summary) {
-  HtmlTable table("Tests that chance can fail");
-  table.AddColumn("Experiment", HtmlTable::Align::Left);
-  table.AddColumn("Test", HtmlTable::Align::Left);
-  table.AddColumn("Seen", HtmlTable::Align::Left);
-  table.AddColumn("Why chance fails it", HtmlTable::Align::Left);
-  bool any = false;
+  std::string items;
   for (const ExperimentHistory& history : summary.experiments) {
     for (const ExperimentHistory::Chances& chances : history.chances) {
-      any = true;
       const bool look = chances.count.verdict == ChanceVerdict::LookAtIt;
-      table.AddRow({Text(history.experiment), Text(chances.chance.test),
-                    look ? Badge("failed", chances.count.words) : Text(chances.count.words),
-                    Text(chances.chance.derivation)},
-                   "", true);
+      items += "<li>" + Text(history.experiment + ", " + chances.chance.test + ": ") +
+               (look ? Badge("failed", chances.count.words)
+                     : "<b>" + Text(chances.count.words) + "</b>") +
+               "<br/><span class=\"muted small\">" + Text(WordsOnProbability(chances)) +
+               "</span></li>\n";
     }
   }
-  return any ? table.Markup() : Paragraph("No test here fails by chance.");
+  return items.empty() ? Paragraph("No test here fails by chance.") : "<ul>\n" + items + "</ul>\n";
 }
 
 std::string TotalsMarkup(const HistorySummary& summary) {
   std::string totals = "<dl class=\"totals\">\n";
   for (const State state : {State::NewlyBroken, State::StillBroken, State::Mended, State::Good}) {
-    totals += "<div><dt>" + NameOf(state) + "</dt><dd>" +
-              std::to_string(CountExperiments(summary, state)) + "</dd></div>\n";
+    const std::size_t count = CountExperiments(summary, state);
+    totals += "<div" + HtmlAttribute("class", count > 0 ? ClassOf(state) : "") + "><dt>" +
+              NameOf(state) + "</dt><dd>" + std::to_string(count) + "</dd></div>\n";
   }
   return totals + "</dl>\n";
 }

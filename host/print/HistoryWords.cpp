@@ -72,6 +72,10 @@ std::string WordsOnChances(const ExperimentHistory::Chances& chances) {
   return chances.chance.test + ": " + chances.count.words;
 }
 
+std::string WordsOnProbability(const ExperimentHistory::Chances& chances) {
+  return "p=" + Number("%.3g", chances.probability) + ". " + chances.chance.derivation;
+}
+
 std::string WordsOnTotals(const HistorySummary& summary) {
   using State = ExperimentHistory::State;
   std::string words = std::to_string(summary.experiments.size()) + " experiments:";

@@ -20,6 +20,9 @@ std::string WordsOnBound(const ExperimentHistory::Bound& bound);
 // "Block_One_Is_V4_Jumbled: 2 in 400, chance allows it"
 std::string WordsOnChances(const ExperimentHistory::Chances& chances);
 
+// "p=0.0714. Four vehicles and four animals have 70 orders of kinds. ..."
+std::string WordsOnProbability(const ExperimentHistory::Chances& chances);
+
 // "3 experiments: 1 newly broken, 0 still broken, 1 mended, 1 good"
 std::string WordsOnTotals(const HistorySummary& summary);
 

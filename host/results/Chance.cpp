@@ -77,6 +77,8 @@ std::string HowOften(double tail, double spanSeconds) {
 
 double CoinOutsideBand(long rows) {
   if (rows < 1) return 1;
+  // No data file has so many rows, but a line of a history may say so.
+  rows = std::min(rows, 1000000000L);
   const long lowest =
       FirstThat(0, rows + 1, [&](long blue) { return IsInBand(blue, rows) || 2 * blue > rows; });
   const long above = FirstThat(lowest, rows + 1, [&](long blue) { return !IsInBand(blue, rows); });

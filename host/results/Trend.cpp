@@ -11,6 +11,7 @@ constexpr std::size_t MOST_NUMBERS = 100;
 constexpr std::size_t FEWEST_FOR_A_TREND = 5;
 constexpr double SURE = 3;
 constexpr double MOST_RUNS = 1e6;
+constexpr double ROUNDING = 1e-6;  // the numbers are whole
 
 }  // namespace
 
@@ -18,7 +19,10 @@ Trend TrendOf(const std::vector<long>& numbers) {
   Trend trend;
   const std::size_t count = std::min(numbers.size(), MOST_NUMBERS);
   if (count == 0) return trend;
-  const std::vector<double> last(numbers.end() - static_cast<std::ptrdiff_t>(count), numbers.end());
+  std::vector<double> last(numbers.end() - static_cast<std::ptrdiff_t>(count), numbers.end());
+  // So that equal numbers have no spread from rounding.
+  const double first = last.front();
+  for (double& number : last) number -= first;
   const double n = static_cast<double>(count);
   const double middle = (n - 1) / 2;
   double mean = 0;
@@ -30,7 +34,7 @@ Trend TrendOf(const std::vector<long>& numbers) {
     xx += x * x;
     xy += x * (last[i] - mean);
   }
-  trend.level = mean;
+  trend.level = first + mean;
   if (count < 3) return trend;
   trend.perRun = xy / xx;
   double squares = 0;
@@ -38,7 +42,8 @@ Trend TrendOf(const std::vector<long>& numbers) {
     const double x = static_cast<double>(i) - middle;
     squares += std::pow(last[i] - mean - trend.perRun * x, 2);
   }
-  trend.spread = std::sqrt(squares / (n - 2));
+  const double spread = std::sqrt(squares / (n - 2));
+  trend.spread = spread < ROUNDING ? 0 : spread;
   trend.isSure = count >= FEWEST_FOR_A_TREND && trend.perRun != 0 &&
                  std::abs(trend.perRun) > SURE * *trend.spread / std::sqrt(xx);
   if (trend.isSure) trend.level += trend.perRun * (n - 1 - middle);

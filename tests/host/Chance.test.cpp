@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 
 namespace Tests {
 namespace {
@@ -68,6 +69,7 @@ TEST(Chance, TheCoinsBandIsSummedUpBySingleWays) {
   EXPECT_EQ(CoinOutsideBand(0), 1) << "no number lies in the band";
   EXPECT_EQ(CoinOutsideBand(-1), 1);
   EXPECT_LT(CoinOutsideBand(10000), 1e-40);
+  EXPECT_EQ(CoinOutsideBand(std::numeric_limits<long>::max()), 0);
 }
 
 TEST(Chance, AMissingLevelIsCertainBelowThreeRows) {

@@ -15,7 +15,9 @@ TEST(Trend, OfALineIsItsSlopeWithoutSpread) {
   EXPECT_DOUBLE_EQ(trend.perRun, 2);
   EXPECT_DOUBLE_EQ(trend.level, 108);
   EXPECT_TRUE(trend.isSure);
-  EXPECT_NEAR(*trend.spread, 0, 1e-9);
+  EXPECT_EQ(*trend.spread, 0) << "also in rounding";
+  EXPECT_EQ(TrendOf(std::vector<long>(77, 30)).spread, 0);
+  EXPECT_EQ(OutlookOf({0, 100, 30}, TrendOf(std::vector<long>(77, 30))).spreads, std::nullopt);
 }
 
 TEST(Trend, OfNumbersThatGoUpAndDownIsNotSure) {
