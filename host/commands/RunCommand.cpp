@@ -66,8 +66,8 @@ class VerdictsOnTheScreen : public VerdictListener {
 
 // Does anybody ask what the data files and the verifiers were? The answer takes a look at every byte.
 bool AsksForDigests(const OutputArguments& output) {
-  return !output.json.empty() || !output.junit.empty() || !output.history.empty() ||
-         output.tolerate;
+  return !output.json.empty() || !output.junit.empty() || !output.html.empty() ||
+         !output.history.empty() || output.tolerate;
 }
 
 // A page and a history want the bounds and the rows of all; whoever keeps results asks for the rows that a

@@ -215,7 +215,7 @@ TEST(ChanceOfVerifiers, ThreeVariablesThatComeOutSorted) {
   const std::vector<int> levels = {1, 2, 3};
   // Three draws are used up before the next three.
   const auto isSorted = [&] { return host.Shuffled(levels) == levels; };
-  constexpr std::size_t RUNS = 2000000;
+  constexpr std::size_t RUNS = 1000000;
   const std::size_t failures = Count(RUNS, [&] {
     for (int i = 0; i < 6; ++i) {
       if (!isSorted()) return false;
