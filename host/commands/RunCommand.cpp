@@ -3,6 +3,7 @@
 #include <wx/datetime.h>
 #include <wx/debug.h>
 
+#include <algorithm>
 #include <iostream>
 #include <system_error>
 #include <utility>
@@ -10,6 +11,7 @@
 
 #include "host/commands/ResultsOutput.h"
 #include "host/results/Digest.h"
+#include "host/results/Manifest.h"
 #include "host/results/SecondVerification.h"
 #include "host/results/WideText.h"
 #include "host/run/DatafileList.h"
@@ -46,6 +48,7 @@ DatafileResult VerifyAgain(const Datafile& datafile, std::optional<MachineKind> 
       VerifyInThisProcess(datafile.path, datafile.areas, machine.value_or(ThisMachine()));
   DatafileResult result;
   result.tests = std::move(verdict.tests);
+  result.rows = verdict.rows;
   return result;
 }
 
@@ -61,6 +64,23 @@ class VerdictsOnTheScreen : public VerdictListener {
   TerminalPrinter& m_printer;
 };
 
+// Does anybody ask what the data files and the verifiers were? The answer takes a look at every byte.
+bool AsksForDigests(const OutputArguments& output) {
+  return !output.json.empty() || !output.junit.empty() || !output.html.empty() ||
+         !output.history.empty() || output.tolerate;
+}
+
+// A page and a history want the bounds and the rows of all; whoever keeps results asks for the rows that a
+// probability goes by.
+bool AsksForAll(const OutputArguments& output, const std::string& experiment) {
+  if (!output.history.empty() || !output.html.empty()) return true;
+  const VerifierEntry* const verifier = FindVerifier(experiment);
+  return !output.json.empty() && verifier != nullptr &&
+         std::any_of(
+             verifier->chanceFailures.begin(), verifier->chanceFailures.end(),
+             [](const ChanceFailure& chance) { return chance.law != ChanceFailure::Law::Fixed; });
+}
+
 Supervisor::Plan PlanOf(const RunArguments& arguments, const std::optional<Shard>& shard) {
   Supervisor::Plan plan;
   plan.library = arguments.plugin.empty() ? DefaultPluginLibrary() : fs::absolute(arguments.plugin);
@@ -69,17 +89,25 @@ Supervisor::Plan PlanOf(const RunArguments& arguments, const std::optional<Shard
   plan.timeout = arguments.timeout.count();
   plan.jobs = static_cast<std::size_t>(arguments.jobs);
   plan.machine = arguments.machine;
-  plan.bounds = !arguments.output.html.empty();
   plan.verifyAgain = &VerifyAgain;
+  plan.askForAll = [&output = arguments.output](const std::string& experiment) {
+    return AsksForAll(output, experiment);
+  };
   return plan;
 }
 
-// digests: does anybody ask for them? They take a look at every byte.
+// The version of the project, and the library that was built of it.
+std::string VersionOfVerifiers(const fs::path& library) {
+  return std::string(OMBRELIA_VERSION) + "+" + DigestOf(library).substr(0, 8);
+}
+
 RunResults ResultsOf(const Supervisor::Plan& plan, const std::optional<Shard>& shard,
                      bool digests) {
   RunResults results;
   results.machine = ThisMachine();
   results.started = UtcNow();
+  results.host = NameOfThisHost();
+  if (digests) results.verifiers = VersionOfVerifiers(plan.library);
   results.shard = shard;
   results.datafiles.reserve(plan.datafiles.size());
   for (const Datafile& datafile : plan.datafiles) {
@@ -99,7 +127,7 @@ ExitStatus RunRunCommand(const RunArguments& arguments) {
   const std::optional<Shard> shard =
       arguments.partition ? arguments.partition : ShardOfEnvironment();
   const Supervisor::Plan plan = PlanOf(arguments, shard);
-  RunResults results = ResultsOf(plan, shard, !arguments.output.json.empty());
+  RunResults results = ResultsOf(plan, shard, AsksForDigests(arguments.output));
   ResultsOutput output(arguments.output, results.machine);
   ConfirmShards();
   EnterWorkingDirectory(arguments.workDir);
@@ -111,7 +139,7 @@ ExitStatus RunRunCommand(const RunArguments& arguments) {
   const int signal = supervisor.Run();
   results.seconds = ChildProcess::Now() - start;
 
-  const ExitStatus status = output.Finish(results);
+  const ExitStatus status = output.Finish(results, HistoryLinesOf(results));
   for (const std::string& text : supervisor.BadUnloads()) {
     std::cerr << "verify-datafiles: " << text << std::endl;
   }

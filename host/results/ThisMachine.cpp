@@ -1,5 +1,9 @@
 #include "host/results/ThisMachine.h"
 
+#include <unistd.h>
+
+#include <array>
+
 #include "framework/HostNames.h"
 #include "plugin/HostProbes.h"
 
@@ -10,6 +14,11 @@ MachineKind ThisMachine() {
   if (CurrSystemMatchesLocalHostName(Ombrelia::BIG_MACOSX_SERVER)) return MachineKind::Large;
   if (CurrSystemMatchesLocalHostName(Ombrelia::SMALL_MACOSX_TESTBOX)) return MachineKind::Small;
   return MachineKind::Ordinary;
+}
+
+std::string NameOfThisHost() {
+  std::array<char, 256> name{};
+  return gethostname(name.data(), name.size() - 1) == 0 ? name.data() : "";
 }
 
 }  // namespace OmbreliaHost

@@ -2,6 +2,8 @@
 #ifndef OMBRELIA_HOST_RESULTS_THISMACHINE_H
 #define OMBRELIA_HOST_RESULTS_THISMACHINE_H
 
+#include <string>
+
 #include "host/results/RunResults.h"
 
 namespace OmbreliaHost {
@@ -9,6 +11,9 @@ namespace OmbreliaHost {
 // By the rule of the plug-in, which goes by the host's name. A machine that is both small and large has the
 // bounds of both; it is called large.
 MachineKind ThisMachine();
+
+// Empty if the system does not tell.
+std::string NameOfThisHost();
 
 }  // namespace OmbreliaHost
 
