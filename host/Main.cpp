@@ -9,6 +9,7 @@
 #include "host/commands/ListCommand.h"
 #include "host/commands/MergeCommand.h"
 #include "host/commands/RunCommand.h"
+#include "host/commands/WatchedCommand.h"
 #include "host/results/ExitStatus.h"
 #include "host/results/WideText.h"
 #include "host/run/CommandLine.h"
@@ -20,6 +21,7 @@ ExitStatus RunCommandOf(const RunArguments& arguments) { return RunRunCommand(ar
 ExitStatus RunCommandOf(const ListArguments& arguments) { return RunListCommand(arguments); }
 ExitStatus RunCommandOf(const ExplainArguments& arguments) { return RunExplainCommand(arguments); }
 ExitStatus RunCommandOf(const MergeArguments& arguments) { return RunMergeCommand(arguments); }
+ExitStatus RunCommandOf(const WatchedArguments& arguments) { return RunWatchedCommand(arguments); }
 
 ExitStatus RunProgram(int argc, char** argv) {
   try {

@@ -12,4 +12,11 @@ MachineKind ThisMachine() {
   return MachineKind::Ordinary;
 }
 
+bool IsKnownBy(MachineKind machine, const wxString& hostNameText) {
+  // One machine may be of both kinds that have bounds of their own.
+  if (machine == ThisMachine()) return Halvex::CurrSystemMatchesLocalHostName(hostNameText);
+  return (machine == MachineKind::Small && hostNameText == Ombrelia::SMALL_MACOSX_TESTBOX) ||
+         (machine == MachineKind::Large && hostNameText == Ombrelia::BIG_MACOSX_SERVER);
+}
+
 }  // namespace OmbreliaHost

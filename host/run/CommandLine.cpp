@@ -105,6 +105,37 @@ void AddRunOptions(CLI::App& app, RunArguments& run) {
   AddOutputOptions(app, run.output);
 }
 
+CLI::App* AddWatchedCommand(CLI::App& app, WatchedArguments& watched) {
+  CLI::App* const command = app.add_subcommand(
+      "watched", "Show which cells, rows and bounds of a good data file its verifier notices");
+  command
+      ->add_option("names", watched.names,
+                   "Good data files, or experiments, of which the sample is taken that was built "
+                   "with this program (default: all experiments)")
+      ->type_name("FILE|EXPERIMENT");
+  command
+      ->add_option_function<int>(
+          "--jobs", [&watched](int jobs) { watched.jobs = jobs; },
+          "Verify in N processes side by side (default: one for each processor)")
+      ->type_name("N")
+      ->check(CLI::Range(1, 1000));
+  command
+      ->add_option_function<double>(
+          "--timeout",
+          [&watched](double seconds) { watched.timeout = std::chrono::duration<double>(seconds); },
+          "A verification that takes more of the processor's time never ends (default: 1)")
+      ->type_name("SECONDS")
+      ->check(CLI::Range(0.001, 1e6));
+  command->add_option("--json", watched.json, "Write what was found as JSON")->type_name("FILE");
+  command->footer(
+      "Each cell is changed up to three times: to a text close to it (a number to one more, any\n"
+      "other text to one with \" 2\" behind it), to the next other text of its column, and to "
+      "none.\n"
+      "It counts as noticed if other tests fail then, each time; or else, at least once, in part.\n"
+      "Example: verify-datafiles watched two_sublists_tagging.om5 --json watched.json");
+  return command;
+}
+
 }  // namespace
 
 std::variant<CommandLine, ExitStatus> ParseCommandLine(int argc, char** argv) {
@@ -148,8 +179,12 @@ std::variant<CommandLine, ExitStatus> ParseCommandLine(int argc, char** argv) {
   AddOutputOptions(*mergeApp, merge.output);
   mergeApp->add_option("files", merge.files, "Results of runs")->type_name("FILE")->required();
 
-  const std::array<CLI::App*, 3> subcommands = {listApp, explainApp, mergeApp};
-  for (CLI::App* const one : subcommands) one->footer("");
+  for (CLI::App* const one : {listApp, explainApp, mergeApp}) one->footer("");
+
+  WatchedArguments watched;
+  CLI::App* const watchedApp = AddWatchedCommand(app, watched);
+
+  const std::array<CLI::App*, 4> subcommands = {listApp, explainApp, mergeApp, watchedApp};
   const auto allowSubcommands = [&](bool allowed) {
     for (CLI::App* const one : subcommands) one->disabled(!allowed);
   };
@@ -168,6 +203,7 @@ std::variant<CommandLine, ExitStatus> ParseCommandLine(int argc, char** argv) {
   if (listApp->parsed()) return list;
   if (explainApp->parsed()) return explain;
   if (mergeApp->parsed()) return merge;
+  if (watchedApp->parsed()) return watched;
   return run;
 }
 

@@ -58,7 +58,17 @@ struct MergeArguments {
   OutputArguments output;
 };
 
-using CommandLine = std::variant<RunArguments, ListArguments, ExplainArguments, MergeArguments>;
+struct WatchedArguments {
+  std::vector<std::string>
+      names;                // data files and experiments; none: the samples of all experiments
+  std::optional<int> jobs;  // at least 1; absent: one for each processor
+  std::chrono::duration<double> timeout =
+      std::chrono::seconds(1);  // of the processor's time, per change
+  std::filesystem::path json;
+};
+
+using CommandLine =
+    std::variant<RunArguments, ListArguments, ExplainArguments, MergeArguments, WatchedArguments>;
 
 // A subcommand is one only as the first argument: any later word of that name is an input. An exit
 // status comes back when the program is to end at once: after the help and the version, which it prints,
