@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "host/commands/ExperimentNames.h"
+#include "host/print/WatchedPage.h"
 #include "host/print/WatchedPrinter.h"
 #include "host/results/Explanation.h"
 #include "host/results/ResultsJson.h"
@@ -75,6 +76,8 @@ int Watch(const WatchedArguments& arguments) {
   plan.timeout = arguments.timeout.count();
   std::optional<WholeFile> json;
   if (!arguments.json.empty()) json.emplace(arguments.json);
+  std::optional<WholeFile> html;
+  if (!arguments.html.empty()) html.emplace(arguments.html);
 
   std::vector<WatchedDatafile> results;
   WatchedPrinter printer(std::cout);
@@ -84,10 +87,17 @@ int Watch(const WatchedArguments& arguments) {
     results.push_back(datafile);
   };
   if (const int signal = WatchedRun::Do(plan)) return signal;
-  if (results.size() > 1) printer.PrintTotals(results);
+  if (results.size() > 1) {
+    std::cout << "\n";
+    printer.PrintTotals(results);
+  }
   if (json) {
     json->Stream() << JsonText(ToJson(results)) << "\n";
     json->Close();
+  }
+  if (html) {
+    WatchedPage(html->Stream()).Print(results);
+    html->Close();
   }
   return 0;
 }

@@ -1,6 +1,5 @@
 #include "host/print/WatchedPrinter.h"
 
-#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -22,12 +21,6 @@ std::string ShareText(const WatchedColumn& column) {
   if (const std::size_t some = column.CountOf(Share::Some))
     text += ", " + std::to_string(some) + " in part";
   return text;
-}
-
-std::size_t CountNoticed(const std::vector<WatchedBound>& bounds) {
-  const auto count = std::count_if(bounds.begin(), bounds.end(),
-                                   [](const WatchedBound& bound) { return bound.IsNoticed(); });
-  return static_cast<std::size_t>(count);
 }
 
 }  // namespace
@@ -55,8 +48,7 @@ void WatchedPrinter::PrintShares(const WatchedDatafile& datafile) {
   const std::array<std::pair<const char*, const std::vector<ChangeOutcome>*>, 2> rows = {
       {{"(a row dropped)", &datafile.dropped}, {"(a row doubled)", &datafile.doubled}}};
   for (const auto& [name, outcomes] : rows) {
-    if (!outcomes->empty())
-      table.AddRow({name, OfText(OmbreliaHost::CountNoticed(*outcomes), outcomes->size())});
+    if (!outcomes->empty()) table.AddRow({name, OfText(CountNoticed(*outcomes), outcomes->size())});
   }
   if (!datafile.bounds.empty())
     table.AddRow({"(bounds)", OfText(CountNoticed(datafile.bounds), datafile.bounds.size())});
@@ -115,13 +107,13 @@ void WatchedPrinter::PrintTotals(const std::vector<WatchedDatafile>& datafiles) 
       inPart += column.CountOf(Share::Some);
     }
     rows += datafile.dropped.size();
-    dropped += OmbreliaHost::CountNoticed(datafile.dropped);
-    doubled += OmbreliaHost::CountNoticed(datafile.doubled);
+    dropped += CountNoticed(datafile.dropped);
+    doubled += CountNoticed(datafile.doubled);
     bounds += datafile.bounds.size();
     boundsNoticed += CountNoticed(datafile.bounds);
     changes += datafile.changes;
   }
-  m_out << "\nOf " << datafiles.size() << " data files and " << changes << " changes: cells "
+  m_out << "Of " << datafiles.size() << " data files and " << changes << " changes: cells "
         << OfText(noticed, cells) << ", " << inPart << " in part; rows dropped "
         << OfText(dropped, rows) << ", doubled " << OfText(doubled, rows) << "; bounds "
         << OfText(boundsNoticed, bounds) << "\n";

@@ -17,11 +17,12 @@ class WatchedPrinter {
   explicit WatchedPrinter(std::ostream& out) : m_out(out) {}
 
   void Print(const WatchedDatafile& datafile);
+  // A sentence for each change that leaves no verdict, and for each end of a bound that is not kept.
+  void PrintTraps(const WatchedDatafile& datafile);
   void PrintTotals(const std::vector<WatchedDatafile>& datafiles);
 
  private:
   void PrintShares(const WatchedDatafile& datafile);
-  void PrintTraps(const WatchedDatafile& datafile);
   void PrintTrap(ChangeOutcome outcome, const std::string& change);
   void PrintBound(const WatchedBound& bound);
 

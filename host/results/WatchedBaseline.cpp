@@ -41,8 +41,8 @@ void AddBounds(const VerificationRecorder& recorder, std::vector<WatchedBaseline
 std::string WatchedBaseline::Line() const {
   json all = json::array();
   for (const Bound& bound : bounds)
-    all.push_back({bound.test, NameOf(bound.machine), bound.column, bound.isExpansion, bound.min,
-                   bound.max});
+    all.push_back(
+        {bound.test, NameOf(bound.machine), bound.column, bound.isExpansion, bound.min, bound.max});
   return JsonText({{"failing", failing}, {"columns", columns}, {"bounds", all}}, -1);
 }
 

@@ -27,4 +27,10 @@ std::size_t CountNoticed(const std::vector<ChangeOutcome>& outcomes) {
   return static_cast<std::size_t>(std::count_if(outcomes.begin(), outcomes.end(), &IsNoticed));
 }
 
+std::size_t CountNoticed(const std::vector<WatchedBound>& bounds) {
+  const auto count = std::count_if(bounds.begin(), bounds.end(),
+                                   [](const WatchedBound& bound) { return bound.IsNoticed(); });
+  return static_cast<std::size_t>(count);
+}
+
 }  // namespace OmbreliaHost

@@ -72,6 +72,7 @@ struct WatchedDatafile {
 };
 
 std::size_t CountNoticed(const std::vector<ChangeOutcome>& outcomes);
+std::size_t CountNoticed(const std::vector<WatchedBound>& bounds);
 
 }  // namespace OmbreliaHost
 

@@ -127,6 +127,8 @@ CLI::App* AddWatchedCommand(CLI::App& app, WatchedArguments& watched) {
       ->type_name("SECONDS")
       ->check(CLI::Range(0.001, 1e6));
   command->add_option("--json", watched.json, "Write what was found as JSON")->type_name("FILE");
+  command->add_option("--html", watched.html, "Write what was found as a page of heat maps")
+      ->type_name("FILE");
   command->footer(
       "Each cell is changed up to three times: to a text close to it (a number to one more, any\n"
       "other text to one with \" 2\" behind it), to the next other text of its column, and to "

@@ -65,6 +65,7 @@ struct WatchedArguments {
   std::chrono::duration<double> timeout =
       std::chrono::seconds(1);  // of the processor's time, per change
   std::filesystem::path json;
+  std::filesystem::path html;
 };
 
 using CommandLine =

@@ -2,11 +2,13 @@
 #include <signal.h>
 
 #include <chrono>
+#include <map>
 #include <nlohmann/json.hpp>
 #include <thread>
 
 #include "host/results/Manifest.h"
 #include "tests/BuildPaths.h"
+#include "tests/host/ReadXml.h"
 #include "tests/host/VerifyDatafiles.h"
 #include "tests/support/DataFile.h"
 
@@ -115,6 +117,34 @@ TEST_F(WatchedTest, MovesTheNumberToBothSidesOfBothEndsOfEachBound) {
   EXPECT_EQ(bounds.at(0).at("machine"), "ordinary");
   EXPECT_EQ(bounds.at(0).at("min"), 900);
   EXPECT_EQ(bounds.at(0).at("max"), 5200);
+}
+
+TEST_F(WatchedTest, WritesAPageWithTheShares) {
+  Watched({TAGGING, SEARCHING, "--timeout", "0.2", "--html", "watched.html"});
+  const XmlElement page = ReadXml(ReadFile(m_folder / "watched.html"));
+  EXPECT_EQ(ElementsOf(page, "h1").at(0).text, "What the verifiers notice");
+  const std::vector<XmlElement> cards = ElementsOf(page, "article");
+  ASSERT_EQ(cards.size(), 2u);
+  EXPECT_EQ(cards[0]["id"], TAGGING);
+  std::map<std::string, std::string> shares;
+  std::map<std::string, std::string> heat;
+  for (const XmlElement& row : ElementsOf(cards[0], "tr")) {
+    if (row.children.size() < 2 || row.children[1].name != "td") continue;
+    shares[row.children[0].text] = row.children[1].text;
+    heat[row.children[0].text] = row.children[1]["class"];
+  }
+  EXPECT_EQ(shares["color"], "9 of 9");
+  EXPECT_EQ(heat["color"], "heat10");
+  EXPECT_EQ(shares["Event Name"], "0 of 9");
+  EXPECT_EQ(heat["Event Name"], "heat0");
+  EXPECT_EQ(shares["Cumulative Time"], "0 of 9, 1 in part");
+  EXPECT_EQ(shares["(bounds)"], "5 of 5");
+  EXPECT_EQ(ElementsOf(cards[1], "li").at(0).text,
+            "The verification never ends if Event Name is empty in all rows.");
+  // The map of all of them has a row for each, with a link.
+  const XmlElement all = ElementsOf(page, "section").at(0);
+  EXPECT_EQ(ElementsOf(all, "tr").size(), 3u);
+  EXPECT_EQ(ElementsOf(all, "a").at(1)["href"], "#" + SEARCHING);
 }
 
 TEST_F(WatchedTest, AddsARowWhereThereIsToBeNone) {
