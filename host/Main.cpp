@@ -9,6 +9,7 @@
 #include "host/commands/ListCommand.h"
 #include "host/commands/MergeCommand.h"
 #include "host/commands/RunCommand.h"
+#include "host/commands/WatchCommand.h"
 #include "host/commands/WatchedCommand.h"
 #include "host/results/ExitStatus.h"
 #include "host/results/WideText.h"
@@ -22,6 +23,7 @@ ExitStatus RunCommandOf(const ListArguments& arguments) { return RunListCommand(
 ExitStatus RunCommandOf(const ExplainArguments& arguments) { return RunExplainCommand(arguments); }
 ExitStatus RunCommandOf(const MergeArguments& arguments) { return RunMergeCommand(arguments); }
 ExitStatus RunCommandOf(const WatchedArguments& arguments) { return RunWatchedCommand(arguments); }
+ExitStatus RunCommandOf(const WatchArguments& arguments) { return RunWatchCommand(arguments); }
 
 ExitStatus RunProgram(int argc, char** argv) {
   try {

@@ -1,17 +1,11 @@
 #include "host/commands/RunCommand.h"
 
-#include <wx/datetime.h>
-#include <wx/debug.h>
-
 #include <iostream>
-#include <system_error>
-#include <utility>
-#include <vector>
 
 #include "host/commands/ResultsOutput.h"
+#include "host/commands/RunSetup.h"
 #include "host/results/Digest.h"
-#include "host/results/SecondVerification.h"
-#include "host/results/WideText.h"
+#include "host/results/ThisMachine.h"
 #include "host/run/DatafileList.h"
 #include "host/run/PluginLibrary.h"
 #include "host/run/Progress.h"
@@ -25,41 +19,6 @@ namespace fs = std::filesystem;
 namespace OmbreliaHost {
 
 namespace {
-
-void EnterWorkingDirectory(const fs::path& directory) {
-  if (directory.empty()) return;
-  std::error_code error;
-  fs::current_path(directory, error);
-  if (error) {
-    throw RunError(ExitStatus::WrongUse,
-                   directory.string() + ": not usable as working directory: " + error.message());
-  }
-}
-
-std::string UtcNow() { return Utf8OfText(wxDateTime::Now().ToUTC().FormatISOCombined()) + "Z"; }
-
-// In a child process.
-DatafileResult VerifyAgain(const Datafile& datafile, std::optional<MachineKind> machine) {
-  // A failed assertion is the plug-in's to tell.
-  wxDisableAsserts();
-  OwnVerdict verdict =
-      VerifyInThisProcess(datafile.path, datafile.areas, machine.value_or(ThisMachine()));
-  DatafileResult result;
-  result.tests = std::move(verdict.tests);
-  return result;
-}
-
-class VerdictsOnTheScreen : public VerdictListener {
- public:
-  explicit VerdictsOnTheScreen(TerminalPrinter& printer) : m_printer(printer) {}
-  void OnBeforeFirst(const std::vector<TestOutcome>& tests) override {
-    m_printer.PrintBeforeFirst(tests);
-  }
-  void OnVerdict(const DatafileResult& datafile) override { m_printer.PrintDatafile(datafile); }
-
- private:
-  TerminalPrinter& m_printer;
-};
 
 Supervisor::Plan PlanOf(const RunArguments& arguments, const std::optional<Shard>& shard) {
   Supervisor::Plan plan;

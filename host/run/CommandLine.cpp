@@ -70,15 +70,20 @@ std::optional<Shard> PartitionOf(const std::string& word) {
   return shard;
 }
 
-void AddRunOptions(CLI::App& app, RunArguments& run) {
+// What a run of data files that are there has, and one of those that come has not.
+enum class Extent { OfAList, OfWhatComes };
+
+void AddRunOptions(CLI::App& app, RunArguments& run, Extent extent = Extent::OfAList) {
   app.add_option("--plugin", run.plugin,
                  "The plug-in library (default: in ../lib beside this program)")
       ->type_name("PATH");
   app.add_option("--work-dir", run.workDir, "Working directory of the run")->type_name("DIR");
-  AddChoice<ShowMode>(
-      app, "--progress", SHOW_MODES, [&run](ShowMode mode) { run.progress = mode; },
-      "Show progress on standard error: auto (on a terminal only), always, never")
-      ->type_name("WHEN");
+  if (extent == Extent::OfAList) {
+    AddChoice<ShowMode>(
+        app, "--progress", SHOW_MODES, [&run](ShowMode mode) { run.progress = mode; },
+        "Show progress on standard error: auto (on a terminal only), always, never")
+        ->type_name("WHEN");
+  }
   AddGlobs(app, run.only,
            "Take only data files whose name, or its part before the first blank, matches; "
            "may be given again");
@@ -91,18 +96,38 @@ void AddRunOptions(CLI::App& app, RunArguments& run) {
   app.add_option("--jobs", run.jobs, "Verify in N processes side by side (default: 1)")
       ->type_name("N")
       ->check(CLI::Range(1, 1000));
-  app.add_option_function<std::string>(
-         "--partition", [&run](const std::string& word) { run.partition = PartitionOf(word); },
-         "Take only the M-th of N shares, counted from 1")
-      ->type_name("slice:M/N")
-      ->check([](const std::string& word) {
-        return PartitionOf(word) ? std::string() : word + " is not slice:M/N with M from 1 to N";
-      });
+  if (extent == Extent::OfAList) {
+    app.add_option_function<std::string>(
+           "--partition", [&run](const std::string& word) { run.partition = PartitionOf(word); },
+           "Take only the M-th of N shares, counted from 1")
+        ->type_name("slice:M/N")
+        ->check([](const std::string& word) {
+          return PartitionOf(word) ? std::string() : word + " is not slice:M/N with M from 1 to N";
+        });
+  }
   AddChoice<MachineKind>(
       app, "--machine", MACHINES, [&run](MachineKind kind) { run.machine = kind; },
       "Tell also what would fail on a machine of this kind: ordinary, small, large")
       ->type_name("KIND");
   AddOutputOptions(app, run.output);
+}
+
+CLI::App* AddWatchCommand(CLI::App& app, WatchArguments& watch) {
+  CLI::App* const command =
+      app.add_subcommand("watch", "Verify the data files of a folder as they arrive");
+  command->add_option("folder", watch.folder, "Its *.txt files, not those of folders below it")
+      ->type_name("FOLDER")
+      ->required();
+  command->add_flag("--new-only", watch.newOnly,
+                    "Do not verify what is there at the start, unless it changes");
+  AddRunOptions(*command, watch.run, Extent::OfWhatComes);
+  command->footer(
+      "A data file is verified when it has not changed for a second, and again when it is written\n"
+      "again: then the last verdict counts. Control-C ends the watch; the files that were asked "
+      "for\n"
+      "are written then, and the exit status is that of a run of all of them.\n"
+      "Example: verify-datafiles watch run --json results.json --html results.html");
+  return command;
 }
 
 CLI::App* AddWatchedCommand(CLI::App& app, WatchedArguments& watched) {
@@ -185,8 +210,11 @@ std::variant<CommandLine, ExitStatus> ParseCommandLine(int argc, char** argv) {
 
   WatchedArguments watched;
   CLI::App* const watchedApp = AddWatchedCommand(app, watched);
+  WatchArguments watch;
+  CLI::App* const watchApp = AddWatchCommand(app, watch);
 
-  const std::array<CLI::App*, 4> subcommands = {listApp, explainApp, mergeApp, watchedApp};
+  const std::array<CLI::App*, 5> subcommands = {listApp, explainApp, mergeApp, watchedApp,
+                                                watchApp};
   const auto allowSubcommands = [&](bool allowed) {
     for (CLI::App* const one : subcommands) one->disabled(!allowed);
   };
@@ -206,6 +234,7 @@ std::variant<CommandLine, ExitStatus> ParseCommandLine(int argc, char** argv) {
   if (explainApp->parsed()) return explain;
   if (mergeApp->parsed()) return merge;
   if (watchedApp->parsed()) return watched;
+  if (watchApp->parsed()) return watch;
   return run;
 }
 

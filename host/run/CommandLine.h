@@ -68,8 +68,14 @@ struct WatchedArguments {
   std::filesystem::path html;
 };
 
-using CommandLine =
-    std::variant<RunArguments, ListArguments, ExplainArguments, MergeArguments, WatchedArguments>;
+struct WatchArguments {
+  std::filesystem::path folder;
+  bool newOnly = false;  // what is there at the start is not verified until it changes
+  RunArguments run;      // but for its inputs, the progress and the partition
+};
+
+using CommandLine = std::variant<RunArguments, ListArguments, ExplainArguments, MergeArguments,
+                                 WatchedArguments, WatchArguments>;
 
 // A subcommand is one only as the first argument: any later word of that name is an input. An exit
 // status comes back when the program is to end at once: after the help and the version, which it prints,

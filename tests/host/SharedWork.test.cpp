@@ -62,7 +62,7 @@ TEST(SharedWork, LosesNoMoreThanThePieceThatNeverEnds) {
 
 // It takes no time of the processor.
 TEST(SharedWork, LosesNoMoreThanThePieceThatWaitsForEver) {
-  const auto outcomes = Outcomes(3, 1, 0.05, [](std::size_t i) {
+  const auto outcomes = Outcomes(3, 1, 0.2, [](std::size_t i) {
     while (i == 1) pause();
     return std::string("ok");
   });

@@ -75,7 +75,7 @@ TEST_F(WatchedTest, ShowsTheShareOfEachColumn) {
 }
 
 TEST_F(WatchedTest, SaysWhereASearchNeverEnds) {
-  const std::string text = Watched({SEARCHING, "--timeout", "0.2"});
+  const std::string text = Watched({SEARCHING, "--timeout", "0.5"});
   EXPECT_TRUE(Has(text, "    The verification never ends if Event Name is empty in all rows.\n"));
   EXPECT_TRUE(Has(text, "    The verification never ends without the column Event Name.\n"));
   EXPECT_TRUE(Has(text, "    Event Name ")) << text;
@@ -120,7 +120,7 @@ TEST_F(WatchedTest, MovesTheNumberToBothSidesOfBothEndsOfEachBound) {
 }
 
 TEST_F(WatchedTest, WritesAPageWithTheShares) {
-  Watched({TAGGING, SEARCHING, "--timeout", "0.2", "--html", "watched.html"});
+  Watched({TAGGING, SEARCHING, "--timeout", "0.5", "--html", "watched.html"});
   const XmlElement page = ReadXml(ReadFile(m_folder / "watched.html"));
   EXPECT_EQ(ElementsOf(page, "h1").at(0).text, "What the verifiers notice");
   const std::vector<XmlElement> cards = ElementsOf(page, "article");
@@ -193,7 +193,7 @@ TEST_F(WatchedTest, RefusesADatafileOnWhichTheVerifierIsLost) {
   DataFile sample = DataFile::Sample(SEARCHING);
   for (std::size_t i = 0; i < sample.RowCount(); ++i) sample.Set(i, "Event\nName", "x");
   const Finished finished =
-      Verify({"watched", "--timeout", "0.2", File(SEARCHING + " 2.txt", sample.Text())});
+      Verify({"watched", "--timeout", "0.5", File(SEARCHING + " 2.txt", sample.Text())});
   EXPECT_EQ(finished.status, 2);
   EXPECT_TRUE(Has(finished.err, ": no good data file: its verification takes too long\n"))
       << finished.err;
