@@ -125,6 +125,20 @@ std::string MakeDataFile(std::size_t largestSize, std::uint64_t seed, Spelling s
   }
 }
 
+std::string MakeFileOfLetters(std::size_t largestSize, bool alike) {
+  static const char* const letters[3] = {"\xC5\xA1", "\xC5\xA2", "\xC9\xA1"};  // U+0161, 0162, 0261
+  std::string bytes = "participant\nLetters\n2015-10-29 14:05:12\n\nCondition\n\n";
+  for (unsigned number = 0;; ++number) {
+    std::string row;
+    for (int bit = 0; bit < 16; ++bit) {
+      row += letters[(number >> bit & 1) == 0 ? 0 : alike ? 2 : 1];
+    }
+    row += '\n';
+    if (bytes.size() + row.size() > largestSize) return bytes;
+    bytes += row;
+  }
+}
+
 void WriteDataFile(const std::filesystem::path& file, const std::string& bytes) {
   std::ofstream stream(file, std::ios::binary);
   stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
@@ -136,11 +150,12 @@ void WriteDataFile(const std::filesystem::path& file, const std::string& bytes) 
 }
 
 std::vector<std::filesystem::path> WriteDataFiles(const std::filesystem::path& folder,
-                                                  std::size_t count, std::size_t size) {
+                                                  std::size_t count, std::size_t size,
+                                                  Spelling spelling) {
   std::vector<std::filesystem::path> files;
   for (std::size_t i = 0; i < count; ++i) {
     files.push_back(folder / Text("data%04u.txt", static_cast<unsigned>(i)));
-    WriteDataFile(files.back(), MakeDataFile(size, i + 1));
+    WriteDataFile(files.back(), MakeDataFile(size, i + 1, spelling));
   }
   return files;
 }

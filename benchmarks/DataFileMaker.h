@@ -38,12 +38,18 @@ constexpr std::size_t COLUMN_COUNT = 20;
 std::string MakeDataFile(std::size_t largestSize, std::uint64_t seed,
                          Spelling spelling = Spelling::Ascii);
 
+// The bytes of a UTF-8 file of one column, FEW_VALUES, in which all rows have different texts of 16 accented letters.
+// alike: whether the letters' numbers are equal in their low eight bits, as one would choose them for a hash that
+// looks at no more.
+std::string MakeFileOfLetters(std::size_t largestSize, bool alike);
+
 // Writes the file. Ends the program with a message if that fails.
 void WriteDataFile(const std::filesystem::path& file, const std::string& bytes);
 
 // Writes count files data0000.txt ... of at most size bytes each into the folder, which must exist.
 std::vector<std::filesystem::path> WriteDataFiles(const std::filesystem::path& folder,
-                                                  std::size_t count, std::size_t size);
+                                                  std::size_t count, std::size_t size,
+                                                  Spelling spelling = Spelling::Ascii);
 
 // Number of data rows in the bytes of a plain file.
 std::size_t RowsIn(const std::string& bytes);

@@ -42,11 +42,12 @@ void TimeOnce(benchmark::State& state, const std::function<void()>& work) {
 }  // namespace
 
 void RegisterOnFreshTable(const std::string& name, const std::function<void(Table&)>& work,
-                          const std::function<void(Table&)>& prepare) {
+                          const std::function<void(Table&)>& prepare, const Files& files) {
   benchmark::RegisterBenchmark(name.c_str(),
                                [=](benchmark::State& state) {
                                  for (auto round : state) {
-                                   const auto table = LoadBatch(ManyFiles().Paths());
+                                   const auto table =
+                                       LoadBatch(files.empty() ? ManyFiles().Paths() : files);
                                    if (prepare) prepare(*table);
                                    TimeOnce(state, [&] { work(*table); });
                                  }

@@ -14,9 +14,10 @@
 namespace Bench {
 
 // A work on a table that was loaded just before and asked nothing yet, except what prepare asks. Only
-// the work is timed.
+// the work is timed. files: what the table is loaded from; the two hundred if none are named.
 void RegisterOnFreshTable(const std::string& name, const std::function<void(Table&)>& work,
-                          const std::function<void(Table&)>& prepare = nullptr);
+                          const std::function<void(Table&)>& prepare = nullptr,
+                          const Files& files = {});
 
 // A work on the peer's table t; registered only if there is a peer. prepare runs once.
 void RegisterOnDuckDb(const std::string& name, const std::function<void(DuckDb&)>& work,

@@ -1,17 +1,34 @@
 // Queries of the table of two hundred files. "first" is the first question after loading; "again" is the
 // same question once more after the cached answers, and nothing else, were dropped; "sorted" is the first
 // question after a sort by many values, which leaves neighbours far apart in memory, and "after_its_sort"
-// after one by the column that is asked for.
+// after one by the column that is asked for. "searched" is the first question after a search by a predicate.
 #include <string>
 #include <vector>
 
+#include "Tabulon/src/queries/MUInterfaceRowTruthDecider.h"
+#include "Tabulon/src/rows/MUSingleRowDataPlusRowProperties.h"
 #include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
 #include "benchmarks/DataFileMaker.h"
 #include "benchmarks/ManyRows.h"
+#include "benchmarks/ScratchFolder.h"
 
 namespace {
 
 using namespace Bench;
+
+// Reads one cell of each row, as a caller does who knows nothing but the record.
+class CellDecider : public MUInterfaceRowTruthDecider {
+ public:
+  int DecideRow(MUSingleRowDataPlusRowProperties* row) override {
+    return row->m_cells[m_column] == m_wanted ? 1 : 0;
+  }
+  bool ResultMayBeCached() override { return false; }
+  wxString GetIdentityString() override { return m_wanted; }
+
+ private:
+  const wxString m_column = FEW_VALUES;
+  const wxString m_wanted = ONE_OF_FEW_VALUES;
+};
 
 void RegisterQuery(const std::string& kind, const std::function<void(Table&)>& query) {
   RegisterOnFreshTable("query/first/" + kind, query);
@@ -27,13 +44,40 @@ void Distinct(Table& table, const wxString& column) {
   benchmark::DoNotOptimize(values.data());
 }
 
+void Where(Table& table) {
+  benchmark::DoNotOptimize(table.GetAllFromCol_X_WhereField_Y_Matches_Z(MANY_VALUES, FEW_VALUES,
+                                                                        ONE_OF_FEW_VALUES, true));
+}
+
+void SearchByPredicate(Table& table) {
+  CellDecider decider;
+  benchmark::DoNotOptimize(table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true));
+}
+
+// The different texts of one file of the largest size.
+void RegisterLetters(const std::string& name, bool alike) {
+  static const ScratchFolder folder;
+  const std::filesystem::path file = folder.Path() / (alike ? "alike.txt" : "ordinary.txt");
+  WriteDataFile(file, MakeFileOfLetters(LARGEST_FILE, alike));
+  RegisterOnFreshTable(name, [](Table& table) { Distinct(table, FEW_VALUES); }, nullptr, {file});
+}
+
 const bool registered = [] {
+  RegisterLetters("query/letters/ordinary", false);
+  RegisterLetters("query/letters/alike", true);
+  RegisterOnFreshTable("query/first/predicate", SearchByPredicate);
+  RegisterOnFreshTable("query/searched/where", Where, SearchByPredicate);
+  RegisterOnFreshTable(
+      "query/searched/distinct_few", [](Table& table) { Distinct(table, FEW_VALUES); },
+      SearchByPredicate);
+  RegisterOnFreshTable(
+      "query/searched/sort_few", [](Table& table) { table.SetSortColumn(FEW_VALUES, false); },
+      SearchByPredicate);
+  RegisterOnFreshTable("query/unsearched/sort_few",
+                       [](Table& table) { table.SetSortColumn(FEW_VALUES, false); });
   RegisterQuery("distinct_few", [](Table& table) { Distinct(table, FEW_VALUES); });
   RegisterQuery("distinct_many", [](Table& table) { Distinct(table, MANY_VALUES); });
-  RegisterQuery("where", [](Table& table) {
-    benchmark::DoNotOptimize(table.GetAllFromCol_X_WhereField_Y_Matches_Z(MANY_VALUES, FEW_VALUES,
-                                                                          ONE_OF_FEW_VALUES, true));
-  });
+  RegisterQuery("where", Where);
   const auto sort = [](Table& table) { table.SetSortColumn(FEW_VALUES, false); };
   const auto sortFar = [](Table& table) { table.SetSortColumn(MANY_VALUES, false); };
   RegisterOnFreshTable(
@@ -42,13 +86,7 @@ const bool registered = [] {
       "query/sorted/distinct_few", [](Table& table) { Distinct(table, FEW_VALUES); }, sortFar);
   RegisterOnFreshTable(
       "query/sorted/distinct_many", [](Table& table) { Distinct(table, MANY_VALUES); }, sortFar);
-  RegisterOnFreshTable(
-      "query/sorted/where",
-      [](Table& table) {
-        benchmark::DoNotOptimize(table.GetAllFromCol_X_WhereField_Y_Matches_Z(
-            MANY_VALUES, FEW_VALUES, ONE_OF_FEW_VALUES, true));
-      },
-      sortFar);
+  RegisterOnFreshTable("query/sorted/where", Where, sortFar);
   RegisterOnFreshTable(
       "query/sorted/read_column",
       [](Table& table) { benchmark::DoNotOptimize(ReadColumn(table, MANY_VALUES)); }, sortFar);

@@ -8,8 +8,8 @@
 
 namespace Bench {
 
-// Makes a new folder the working directory, with the folder in it that reports are written to, and goes
-// back at the end of its life.
+// Makes a new folder the working directory, with the folder in it that reports are written to; the
+// destructor changes back.
 class ReportFolder {
  public:
   ReportFolder();
@@ -22,7 +22,7 @@ class ReportFolder {
   std::filesystem::path m_before;
 };
 
-// Takes that many results into one suite, one of ten a failure, and writes the report.
+// Records this number of results in one suite, every tenth a failure, and writes the report.
 void WriteReport(int results);
 
 }  // namespace Bench

@@ -1,5 +1,6 @@
 #include "benchmarks/TableWork.h"
 
+#include <benchmark/benchmark.h>
 #include <wx/textfile.h>
 
 #include <algorithm>
@@ -9,6 +10,7 @@
 #include <iostream>
 
 #include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
+#include "benchmarks/DataFileMaker.h"
 
 namespace Bench {
 namespace {
@@ -98,6 +100,17 @@ std::unique_ptr<Table> LoadNotified(const Files& files) {
 
 std::unique_ptr<Table> LoadNotifiedIntoViewer(const Files& files) {
   return LoadNotified(std::make_unique<ViewerTable>(nullptr), files);
+}
+
+void AskDistinct(Table& table, const wxString& column) {
+  std::vector<wxString> values;
+  table.SelectDistinctPerColumn(column, values, Table::ALL_ROWS, false);
+  benchmark::DoNotOptimize(values.data());
+}
+
+void AskWhere(Table& table) {
+  benchmark::DoNotOptimize(table.GetAllFromCol_X_WhereField_Y_Matches_Z(MANY_VALUES, FEW_VALUES,
+                                                                        ONE_OF_FEW_VALUES, true));
 }
 
 std::size_t ReadColumn(const Table& table, const wxString& column) {

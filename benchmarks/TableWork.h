@@ -32,7 +32,10 @@ std::unique_ptr<Table> LoadNotified(const Files& files);
 // The same with a viewer's table, which overrides the steps of a load and of a notification.
 std::unique_ptr<Table> LoadNotifiedIntoViewer(const Files& files);
 
-// Sum of the lengths of a column's cells in the order of presentation, without a text of its own for
+// The column's distinct texts, and the cells of MANY_VALUES in the rows of one of the few values.
+void AskDistinct(Table& table, const wxString& column);
+void AskWhere(Table& table);
+// Sum of the lengths of a column's cells in the order of presentation, without a separate text for
 // each cell.
 std::size_t ReadColumn(const Table& table, const wxString& column);
 // The same through a wxString per cell.

@@ -1,5 +1,6 @@
 // bench-work WORK ARGUMENT...: does one work in a fresh process and prints what it took, as lines of a
-// name and a number. Started by the benchmark programs, and under callgrind by scripts/bench.
+// name and a number. Started by the benchmark programs, and under callgrind by scripts/bench. The counted works take
+// the same instructions in every run: nothing in them depends on addresses, on time or on the number of cores.
 #include <wx/init.h>
 
 #include <algorithm>
@@ -135,25 +136,65 @@ void GrowAndSort(const Arguments& arguments) {
   PrintSeconds("sort_many_seconds", [&] { table->SetSortColumn(MANY_VALUES, false); });
 }
 
-// Three fixed works, for their counts of instructions.
-void CountLoad(const Arguments&) {
+// The fixed works whose instructions are counted.
+
+void CountLoad(Spelling spelling) {
   LoadSmallFile();
   const ScratchFolder folder;
   const std::filesystem::path file = folder.Path() / "large.txt";
-  WriteDataFile(file, MakeDataFile(LARGEST_FILE, 1));
+  WriteDataFile(file, MakeDataFile(LARGEST_FILE, 1, spelling));
   MeasuredWork([&] { LoadOne(file); });
 }
 
-void CountSort(const Arguments&) {
+// Of small files, so that the notifications weigh as much as the loads.
+void CountNotifiedLoads() {
+  LoadSmallFile();
+  const ScratchFolder folder;
+  const Files files = WriteDataFiles(folder.Path(), 100, 8192);
+  MeasuredWork([&] { LoadNotified(files); });
+}
+
+// On a table of some forty thousand rows that was asked nothing before, except what prepare asks.
+void CountOnTable(const std::function<void(Table&)>& work,
+                  const std::function<void(Table&)>& prepare = nullptr) {
   LoadSmallFile();
   const ScratchFolder folder;
   const auto table = LoadBatch(WriteDataFiles(folder.Path(), 20, MANY_FILES_SIZE));
-  MeasuredWork([&] { table->SetSortColumn(MANY_VALUES, false); });
+  if (prepare) prepare(*table);
+  MeasuredWork([&] { work(*table); });
 }
 
-void CountReport(const Arguments&) {
+void CountReport() {
   const ReportFolder folder;
   MeasuredWork([] { WriteReport(10000); });
+}
+
+const std::map<std::string, std::function<void()>>& CountedWorks() {
+  static const std::map<std::string, std::function<void()>> works = {
+      {"load-ascii", [] { CountLoad(Spelling::Ascii); }},
+      {"load-utf8", [] { CountLoad(Spelling::Utf8Accents); }},
+      {"load-latin1", [] { CountLoad(Spelling::Latin1Accents); }},
+      {"load-utf16", [] { CountLoad(Spelling::Utf16); }},
+      {"load-control", [] { CountLoad(Spelling::ControlCharacters); }},
+      {"load-notified", CountNotifiedLoads},
+      {"sort-few", [] { CountOnTable([](Table& t) { t.SetSortColumn(FEW_VALUES, false); }); }},
+      {"sort-many", [] { CountOnTable([](Table& t) { t.SetSortColumn(MANY_VALUES, false); }); }},
+      {"distinct", [] { CountOnTable([](Table& t) { AskDistinct(t, FEW_VALUES); }); }},
+      {"where", [] { CountOnTable(AskWhere); }},
+      {"read-column",
+       [] {
+         CountOnTable([](Table& t) { ReadColumn(t, MANY_VALUES); },
+                      [](Table& t) { t.SetSortColumn(FEW_VALUES, false); });
+       }},
+      {"report", CountReport},
+  };
+  return works;
+}
+
+void Count(const Arguments& arguments) { CountedWorks().at(arguments.at(0))(); }
+
+void ListCountedWorks(const Arguments&) {
+  for (const auto& work : CountedWorks()) std::printf("%s\n", work.first.c_str());
 }
 
 int Run(int argc, char** argv) {
@@ -168,9 +209,8 @@ int Run(int argc, char** argv) {
       {"peak-memory-load", PeakMemoryOfLoad},
       {"grow", GrowOnly},
       {"grow-and-sort", GrowAndSort},
-      {"count-load", CountLoad},
-      {"count-sort", CountSort},
-      {"count-report", CountReport},
+      {"count", Count},
+      {"list-counted", ListCountedWorks},
   };
   const auto work = argc > 1 ? works.find(argv[1]) : works.end();
   if (work == works.end()) {

@@ -87,3 +87,15 @@ function(ombrelia_use_pch target)
     target_precompile_headers(${target} REUSE_FROM ombrelia_pch)
   endif()
 endfunction()
+
+# ombrelia_commit(ROOM): makes generated/ROOM/Commit.cpp of the room's template, before the room is built.
+function(ombrelia_commit room)
+  string(MAKE_C_IDENTIFIER "ombrelia_commit_${room}" target)
+  set(output "${PROJECT_BINARY_DIR}/generated/${room}/Commit.cpp")
+  add_custom_target(
+    ${target} BYPRODUCTS "${output}"
+    COMMAND "${CMAKE_COMMAND}" -D "SOURCE=${PROJECT_SOURCE_DIR}" -D
+            "TEMPLATE=${PROJECT_SOURCE_DIR}/${room}/Commit.cpp.in" -D "OUTPUT=${output}" -P
+            "${PROJECT_SOURCE_DIR}/cmake/Commit.cmake"
+    VERBATIM)
+endfunction()

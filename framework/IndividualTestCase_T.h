@@ -67,7 +67,7 @@ class IndividualTestCase_T : public Interface_SpecificIndividualTestVerifier {
              "OnNotifyUnableToReadDatafile.")});
   }
 
-  // Owns the one instance of X, to which every data file goes. Null until OMBRELIA_DEFINE_VERIFIER.
+  // Owns the one instance of X, which verifies every data file. Null until OMBRELIA_DEFINE_VERIFIER.
   static boost::shared_ptr<X> m_singletonVerifier;
 
  protected:

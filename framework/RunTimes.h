@@ -37,7 +37,7 @@ void CheckBounds(const MUExperimentTextReaderMultiFile& reader, FakeJUnitPrinter
 
 bool RunningOnSmallTestBox();
 bool RunningOnMacServer();
-bool RunningOnATestMachine();  // on one of the two, which have bounds of their own
+bool RunningOnATestMachine();  // on one of the two that have separate bounds
 
 // Both record one test that passes and has the measured time in its name, so that the build server's
 // history of test names is a history of run times. Without its column the test fails.

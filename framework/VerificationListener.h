@@ -39,7 +39,7 @@ class VerificationListener {
 
   // The listener of this process; null for none, as at the start.
   static VerificationListener* Current();
-  // Not owned; to be taken away before it goes.
+  // Not owned; reset it to null before the listener is destroyed.
   static void SetCurrent(VerificationListener* listener);
 };
 

@@ -12,7 +12,7 @@ namespace Fuzz {
 // Initialises wx for the rest of the process, without its log on the console.
 void PrepareProcess();
 
-// A file with these bytes below the system's folder for temporary files, removed at the end of its life.
+// A file with these bytes below the system's folder for temporary files, removed by the destructor.
 // Files that live at the same time need different names.
 class ScratchFile {
  public:

@@ -103,7 +103,7 @@ std::vector<Numerals> CollectNumbers(const Column& column, const RowGroups& grou
   return numbers;
 }
 
-// A number as a cell; its text goes into room.
+// A number as a cell; its text is written to room.
 ResultCell NumberCell(const std::optional<double>& number, std::string& room) {
   if (!number) return {"", ResultCell::Kind::Null};
   room = ShortestText(*number);

@@ -6,6 +6,7 @@
 #include <limits>
 #include <map>
 
+#include "Tabulon/cli/Commit.h"
 #include "Tabulon/cli/Help.h"
 
 namespace TabulonCli {
@@ -40,13 +41,18 @@ const std::map<std::string, Format> FORMATS = {{"table", Format::Table}, {"tsv",
                                                {"csv", Format::Csv},     {"json", Format::Json},
                                                {"md", Format::Markdown}, {"line", Format::Line}};
 
+std::string VersionText() {
+  const std::string version = std::string("tabulon-cli ") + OMBRELIA_VERSION;
+  return *COMMIT == '\0' ? version : version + "\ncommit " + COMMIT;
+}
+
 // The commands and their options. What CLI11 cannot check is checked afterwards, in the order of m_checks.
 class Parser {
  public:
   explicit Parser(CommandLine& commandLine)
       : m_line(commandLine),
         m_app("Answers questions about experiment data files.", "tabulon-cli") {
-    m_app.set_version_flag("--version", std::string("tabulon-cli ") + OMBRELIA_VERSION);
+    m_app.set_version_flag("--version", VersionText());
     m_app.require_subcommand(1);
     m_app.footer(FooterOf(HELP_OF_ALL));
     AddShow();

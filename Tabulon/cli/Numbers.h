@@ -22,7 +22,7 @@ bool IsPlainNumber(const MUCellText& text);
 // Nothing but blanks.
 bool IsBlank(const MUCellText& text);
 
-// What the cells of a column are, of which there are so many in all, so many blank ones and so many numbers:
+// What the cells of a column are, by the number of all, of blank ones and of numbers:
 // "empty", "text", "numbers" or "numbers and text".
 const char* KindOfCells(std::size_t cells, std::size_t empty, std::size_t numbers);
 

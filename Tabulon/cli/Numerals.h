@@ -19,9 +19,9 @@ class Numerals {
   std::optional<double> Most() const;
   std::optional<double> Sum() const;
   std::optional<double> Mean() const;
-  // Of a sample: the squares are divided by one less than the count.
+  // Sample standard deviation: the squares are divided by one less than the count.
   std::optional<double> Deviation() const;
-  // Of an even count the middle between the two in the middle.
+  // For an even count, the mean of the two in the middle.
   std::optional<double> Median() const;
 
  private:

@@ -16,10 +16,10 @@ struct PrintOptions {
   Format format = Format::Table;
   std::optional<std::size_t> width;  // of a table; not set: the terminal's, or none
   std::optional<std::size_t>
-      limit;  // rows, 0 for all; not set: all, or some if a table goes to a terminal
+      limit;  // rows, 0 for all; not set: all, or some if a table is shown on a terminal
 };
 
-// Writes to standard output. Of more rows than the limit the first ones are written.
+// Writes to standard output, and no more rows than the limit.
 std::unique_ptr<ResultPrinter> MakePrinter(const PrintOptions& options);
 
 }  // namespace TabulonCli

@@ -65,7 +65,7 @@ struct SqlRows::VirtualTable : sqlite3_vtab {
   SqlRows* rows = nullptr;
 };
 
-// Walks over all rows, or over some in an order of its own.
+// Walks over all rows, or over some in its own order.
 class SqlRows::Cursor : public sqlite3_vtab_cursor {
  public:
   explicit Cursor(SqlRows& rows) : sqlite3_vtab_cursor(), m_rows(rows) {}
@@ -383,7 +383,7 @@ std::optional<std::vector<std::uint32_t>> SqlRows::PlacesWhere(const SqlColumn& 
   return PlacesOfNumber(column.column, number);
 }
 
-// A first question is the table's to answer; one who goes on asking, as a join does, is worth an index.
+// The table answers a first question; a cursor that asks again, as in a join, is worth an index.
 const RowIndex* SqlRows::IndexOf(std::size_t column) {
   constexpr unsigned FEW_QUESTIONS = 2;
   if (++m_questions[column] <= FEW_QUESTIONS) return nullptr;

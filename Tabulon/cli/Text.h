@@ -15,7 +15,7 @@
 
 namespace TabulonCli {
 
-// File names that are no UTF-8 keep a text of their own, so that they are still found. Call once, after
+// File names that are no UTF-8 become distinct texts, so that they are still found. Call once, after
 // wx is initialised.
 void UseUtf8Everywhere();
 
@@ -34,7 +34,7 @@ inline MUCellText CellOf(std::string_view ascii) { return {ascii.data(), ascii.s
 // Columns of the terminal that the text takes.
 std::size_t DisplayWidth(const MUCellText& text);
 std::size_t DisplayWidth(std::string_view utf8);
-// The longest beginning that takes at most so many columns of the terminal.
+// The longest beginning that fits into this number of terminal columns.
 std::string_view CutToWidth(std::string_view utf8, std::size_t width);
 
 // A column's name on one line.

@@ -39,11 +39,8 @@ const VerifierEntry& RequireVerifier(const std::string& name) {
   throw RunError(ExitStatus::WrongUse, words);
 }
 
-// Where samples stand beside the folder of programs; an installed program has none.
 fs::path SampleOf(const std::string& experiment, const std::string& instead) {
-  const fs::path sample = (DefaultPluginLibrary().parent_path() / OMBRELIA_SAMPLES_FROM_LIBRARIES /
-                           (experiment + " 1.txt"))
-                              .lexically_normal();
+  const fs::path sample = SamplesFolder() / (experiment + " 1.txt");
   std::error_code error;
   if (!fs::exists(sample, error))
     throw RunError(ExitStatus::WrongUse,

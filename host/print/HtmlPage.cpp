@@ -34,7 +34,7 @@ std::string JsonForMarkup(const std::string& json) {
   return inert;
 }
 
-// What nobody can have foreseen who wrote a part of the content.
+// A part of the content cannot name it, since it follows from all of it.
 std::string NonceOf(const HtmlPage& page) {
   std::string all = page.title + page.lead + page.data;
   for (const HtmlPage::Section& section : page.sections) all += section.heading + section.body;

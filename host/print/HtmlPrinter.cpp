@@ -24,7 +24,7 @@ namespace OmbreliaHost {
 namespace {
 
 constexpr std::size_t MARKED_UP_DATAFILES = 100;  // the script has the same number
-constexpr std::size_t MOST_EVIDENCE = 24u << 20;  // bytes of markup
+constexpr std::size_t MOST_EVIDENCE = 16u << 20;  // bytes of markup
 constexpr std::size_t MOST_TESTS = 50;            // of a data file, with their evidence
 constexpr std::size_t MOST_NAMES = 20;            // of its other failing tests
 constexpr std::size_t MOST_LINES = 20;            // of one text
@@ -249,7 +249,7 @@ std::string LossMarkup(const DatafileResult& datafile) {
 // What an experiment proves about the host; a failing data file does not prove it.
 std::string ProofMarkup(Outcome outcome, const std::string& proves) {
   const bool proven = outcome == Outcome::Passed || outcome == Outcome::Tolerated;
-  return (proven ? "" : "<span class=\"muted\">Not proven:</span> ") + HtmlText(proves);
+  return (proven ? "" : "<i>Not proven:</i> ") + HtmlText(proves);
 }
 
 std::string CardMarkup(const DatafileResult& datafile, const std::string& id,
@@ -430,7 +430,11 @@ class PageMaker {
           Paragraph(Count(experiment.datafiles.size(), "data file") + ", of which " +
                     NumberWithCommas(static_cast<long>(experiment.notPassed)) + " did not pass");
     }
-    if (!experiment.proves.empty()) html += Paragraph(experiment.proves, "muted");
+    if (!experiment.proves.empty()) {
+      html += "<p class=\"muted\">" +
+              ProofMarkup(experiment.outcome.value_or(Outcome::Passed), experiment.proves) +
+              "</p>\n";
+    }
     return html + "</li>\n";
   }
 

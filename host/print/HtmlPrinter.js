@@ -61,13 +61,13 @@
     previous.disabled = page === 0;
     next.disabled = page + 1 === pages();
   }
-  function filter() {
+  function filter(number) {
     const words = search.value.toLowerCase().split(/\s+/).filter(word => word !== '');
     const outcomes = new Set(boxes.filter(box => box.checked).map(box => box.value));
     shown = all().filter(entry =>
       (outcomes.size === 0 || outcomes.has(entry.outcome)) && words.every(word => textOf(entry).includes(word)));
     status.textContent = `${shown.length} of ${entries.length} data files`;
-    showPage(0);
+    showPage(number);
   }
   function turnTo(number) {
     all();
@@ -85,15 +85,14 @@
     if (place < 0) return;
     search.value = '';
     for (const box of boxes) box.checked = false;
-    filter();
-    showPage(Math.floor(place / PER_PAGE));
+    filter(Math.floor(place / PER_PAGE));
     const node = nodeOf(entries[place]);
     node.focus({ preventScroll: true });
     node.scrollIntoView();
   }
 
   controls.addEventListener('submit', event => event.preventDefault());
-  controls.addEventListener('input', filter);
+  controls.addEventListener('input', () => filter(0));
   previous.addEventListener('click', () => turnTo(page - 1));
   next.addEventListener('click', () => turnTo(page + 1));
   addEventListener('hashchange', follow);

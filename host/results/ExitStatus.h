@@ -10,9 +10,10 @@ namespace OmbreliaHost {
 enum class ExitStatus {
   NoFailingTest = 0,
   SomeFailingTest = 1,
-  WrongUse = 2,         // of the command line, or an input that is missing, unreadable or malformed
-  MalformedReport = 3,  // the report is no well-formed XML, or does not hold what it says
-  NoReport = 4,         // the library does not load, or the report could not be written
+  WrongUse = 2,  // of the command line, or an input that is missing, unreadable or malformed
+  // A report is no well-formed XML, or does not hold what it says, or a process has left none among others that have.
+  MalformedReport = 3,
+  NoReport = 4,  // the library does not load, or what was asked for could not be written
 };
 
 // Ends the run. The text is UTF-8 and goes to standard error as it is.

@@ -89,4 +89,26 @@ void ConcludeFromTests(DatafileResult& datafile) {
   datafile.outcome = OutcomeOf(datafile.tests);
 }
 
+DatafileResult DatafileOfTests(std::vector<TestOutcome> tests) {
+  DatafileResult datafile;
+  std::string name;
+  for (const TestOutcome& test : tests) {
+    const auto rest = [&](const std::string& start) {
+      return StartsWith(test.name, start) ? test.name.substr(start.size()) : std::string();
+    };
+    const std::string called = rest("VerifyDatafile_was_called_for_");
+    const std::string unknown = rest("locating_verifier_for_");
+    const std::string unreadable = rest("open_and_parse_");
+    if (datafile.experiment.empty()) {
+      datafile.experiment = called.empty() ? unknown.substr(0, unknown.find(' ')) : called;
+    }
+    if (name.empty()) name = unknown.empty() ? unreadable : unknown;
+  }
+  if (name.empty()) name = datafile.experiment;
+  datafile.path = PathOfUtf8(name.empty() ? "unknown experiment" : name);
+  datafile.tests = std::move(tests);
+  ConcludeFromTests(datafile);
+  return datafile;
+}
+
 }  // namespace OmbreliaHost

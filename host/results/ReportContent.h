@@ -27,6 +27,11 @@ std::string ExperimentLookedUp(const std::filesystem::path& datafile);
 // failures are tolerated, the outcome and the times that the host needed.
 void ConcludeFromTests(DatafileResult& datafile);
 
+// A data file of which no more is known than its tests, in the report's order. The experiment is the one whose verifier
+// was called, or that was looked for in vain; empty if the tests break off before they tell. In place of the path stands
+// the name of the data file without folder and extension where a test has it, otherwise the experiment.
+DatafileResult DatafileOfTests(std::vector<TestOutcome> tests);
+
 }  // namespace OmbreliaHost
 
 #endif

@@ -2,11 +2,14 @@
 
 #include <expat.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstring>
 #include <fstream>
+#include <iterator>
 #include <memory>
+#include <sstream>
 #include <utility>
 
 #include "host/results/ExitStatus.h"
@@ -42,16 +45,15 @@ std::string AttributeOf(const XML_Char** attributes, const char* name) {
 
 class ReportParser {
  public:
-  explicit ReportParser(const fs::path& path)
-      : m_path(path), m_parser(XML_ParserCreate(nullptr), &XML_ParserFree) {
+  ReportParser() : m_parser(XML_ParserCreate(nullptr), &XML_ParserFree) {
     XML_SetUserData(m_parser.get(), this);
     XML_SetElementHandler(m_parser.get(), &OnStart, &OnEnd);
     XML_SetCdataSectionHandler(m_parser.get(), &OnStartOfDetail, &OnEndOfDetail);
     XML_SetCharacterDataHandler(m_parser.get(), &OnText);
   }
 
-  // True if the whole file is well-formed. The results read so far stay either way.
-  bool Parse();
+  // True if the whole text is well-formed. The results read so far stay either way.
+  bool Parse(const std::string& report);
 
   std::vector<TestResult>& Results() { return m_results; }
   bool TestIsOpen() const { return m_testIsOpen; }
@@ -61,7 +63,6 @@ class ReportParser {
   std::string CountInHead() const {
     return m_testsInHead + " tests, " + m_failuresInHead + " failing";
   }
-  std::string CountOfEntries() const;
 
  private:
   static ReportParser& Self(void* self) { return *static_cast<ReportParser*>(self); }
@@ -71,7 +72,6 @@ class ReportParser {
   static void OnEndOfDetail(void* self) { Self(self).m_inDetail = false; }
   static void OnText(void* self, const XML_Char* text, int length);
 
-  fs::path m_path;
   std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> m_parser;
   std::vector<TestResult> m_results;
   bool m_testIsOpen = false;
@@ -116,23 +116,12 @@ void ReportParser::OnText(void* self, const XML_Char* text, int length) {
   if (parser.m_inDetail) parser.m_detail.append(text, static_cast<std::size_t>(length));
 }
 
-std::string ReportParser::CountOfEntries() const {
-  std::size_t failing = 0;
-  for (const TestResult& result : m_results) failing += result.failed ? 1 : 0;
-  return std::to_string(m_results.size()) + " tests, " + std::to_string(failing) + " failing";
-}
-
-bool ReportParser::Parse() {
-  std::ifstream file(m_path, std::ios::binary);
-  if (!file) throw RunError(ExitStatus::NoReport, m_path.string() + ": the report cannot be read");
-  std::array<char, 65536> block{};
-  for (;;) {
-    file.read(block.data(), block.size());
-    if (file.bad()) {
-      throw RunError(ExitStatus::NoReport, m_path.string() + ": the report cannot be read");
-    }
-    const bool last = file.eof();
-    if (XML_Parse(m_parser.get(), block.data(), static_cast<int>(file.gcount()), last) !=
+bool ReportParser::Parse(const std::string& report) {
+  constexpr std::size_t BLOCK = 65536;
+  for (std::size_t at = 0;; at += BLOCK) {
+    const std::size_t length = std::min(BLOCK, report.size() - at);
+    const bool last = at + length == report.size();
+    if (XML_Parse(m_parser.get(), report.data() + at, static_cast<int>(length), last) !=
         XML_STATUS_OK) {
       return false;
     }
@@ -141,19 +130,29 @@ bool ReportParser::Parse() {
 }
 
 // The line of the report, for a test whose very name broke it: no parser can give that name.
-std::string LineOfFile(const fs::path& path, XML_Size number) {
-  std::ifstream file(path, std::ios::binary);
+std::string LineOfText(const std::string& report, XML_Size number) {
+  std::istringstream lines(report);
   std::string line;
   for (XML_Size i = 0; i < number; ++i) {
-    if (!std::getline(file, line)) return std::string();
+    if (!std::getline(lines, line)) return std::string();
   }
   return line;
 }
 
+// As the head counts them.
+std::string CountOf(const std::vector<TestResult>& results) {
+  std::size_t failing = 0;
+  for (const TestResult& result : results) failing += result.failed ? 1 : 0;
+  return std::to_string(results.size()) + " tests, " + std::to_string(failing) + " failing";
+}
+
+std::size_t CountStarts(const std::vector<TestResult>& results) {
+  return static_cast<std::size_t>(std::count_if(results.begin(), results.end(), &StartsDatafile));
+}
+
 std::string DatafileOf(const std::vector<TestResult>& results,
                        const std::vector<fs::path>& datafiles) {
-  std::size_t started = 0;
-  for (const TestResult& result : results) started += StartsDatafile(result) ? 1 : 0;
+  const std::size_t started = CountStarts(results);
   if (started == 0 || started > datafiles.size()) return std::string();
   return ", among the results of " + datafiles[started - 1].string();
 }
@@ -164,10 +163,22 @@ bool StartsDatafile(const TestResult& result) {
   return !result.failed && NameWithoutNumber(result.name) == START_OF_DATAFILE;
 }
 
-std::vector<TestResult> ReadReport(const fs::path& path, const std::vector<fs::path>& datafiles) {
-  ReportParser parser(path);
-  const bool wellFormed = parser.Parse();
-  std::vector<TestResult>& results = parser.Results();
+std::string TextOfReport(const fs::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  if (!file.is_open() || file.bad()) {
+    throw RunError(ExitStatus::NoReport, path.string() + ": the report cannot be read");
+  }
+  return text;
+}
+
+ReportReading ReadReportText(const std::string& report, const std::string& name,
+                             const std::vector<fs::path>& datafiles) {
+  ReportParser parser;
+  const bool wellFormed = parser.Parse(report);
+  ReportReading reading;
+  std::vector<TestResult>& results = reading.results;
+  results = std::move(parser.Results());
 
   // The numbers run on without a gap: the first that does not was made by another test's text.
   for (std::size_t i = 0; i < results.size(); ++i) {
@@ -175,35 +186,47 @@ std::vector<TestResult> ReadReport(const fs::path& path, const std::vector<fs::p
     if (results[i].name.compare(0, prefix.size(), prefix) == 0) continue;
     const std::string culprit = i == 0 ? results[i].name : results[i - 1].name;
     results.resize(i);
-    throw RunError(ExitStatus::MalformedReport,
-                   path.string() +
-                       ": the report is not as the plug-in counted it; broken by test " + culprit +
-                       DatafileOf(results, datafiles));
+    reading.fault = name + ": the report is not as the plug-in counted it; broken by test " +
+                    culprit + DatafileOf(results, datafiles);
+    return reading;
   }
 
   if (!wellFormed) {
-    std::string text = path.string() + ":" + std::to_string(parser.Line()) +
-                       ": the report is not well-formed XML (" + parser.Error() + ")";
+    reading.fault = name + ":" + std::to_string(parser.Line()) +
+                    ": the report is not well-formed XML (" + parser.Error() + ")";
     if (parser.TestIsOpen()) {
-      text += "; broken by test " + results.back().name;
+      reading.fault += "; broken by test " + results.back().name;
     } else if (!results.empty()) {
-      text += "; broken by the test after " + results.back().name;
+      reading.fault += "; broken by the test after " + results.back().name;
     }
-    text += DatafileOf(results, datafiles);
-    if (!parser.TestIsOpen()) text += ": " + LineOfFile(path, parser.Line());
-    throw RunError(ExitStatus::MalformedReport, text);
+    reading.fault += DatafileOf(results, datafiles);
+    if (!parser.TestIsOpen()) reading.fault += ": " + LineOfText(report, parser.Line());
+    return reading;
   }
 
-  std::size_t started = 0;
-  for (const TestResult& result : results) started += StartsDatafile(result) ? 1 : 0;
-  if (parser.CountInHead() != parser.CountOfEntries() || started != datafiles.size()) {
-    throw RunError(ExitStatus::MalformedReport,
-                   path.string() + ": the report's head counts " + parser.CountInHead() +
-                       ", its entries are " + parser.CountOfEntries() + ", of " +
-                       std::to_string(started) + " data files; " +
-                       std::to_string(datafiles.size()) + " were handed over");
+  reading.countInHead = parser.CountInHead();
+  reading.countOfEntries = CountOf(results);
+  if (results.empty()) {
+    reading.fault = name + ": the report holds no result of any test";
+  } else if (reading.countInHead != reading.countOfEntries) {
+    reading.fault = name + ": the report's head counts " + reading.countInHead +
+                    ", its entries are " + reading.countOfEntries;
   }
-  return results;
+  return reading;
+}
+
+std::vector<TestResult> ReadReport(const fs::path& path, const std::vector<fs::path>& datafiles) {
+  ReportReading reading = ReadReportText(TextOfReport(path), path.string(), datafiles);
+  const std::size_t started = CountStarts(reading.results);
+  const bool counted = !reading.countInHead.empty();
+  if (counted && (!reading.fault.empty() || started != datafiles.size())) {
+    reading.fault = path.string() + ": the report's head counts " + reading.countInHead +
+                    ", its entries are " + reading.countOfEntries + ", of " +
+                    std::to_string(started) + " data files; " + std::to_string(datafiles.size()) +
+                    " were handed over";
+  }
+  if (!reading.fault.empty()) throw RunError(ExitStatus::MalformedReport, reading.fault);
+  return std::move(reading.results);
 }
 
 }  // namespace OmbreliaHost

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <map>
+#include <utility>
 
 #include "host/results/CodePoints.h"
 #include "host/results/XmlText.h"
@@ -53,6 +55,8 @@ class Repair {
   bool StandsAt(std::size_t at, const std::string& text) const {
     return m_report.compare(at, text.size(), text) == 0;
   }
+  std::size_t Find(const std::string& text, std::size_t from);
+  std::size_t FindNextEntry(std::size_t from);
   bool EntryMayEndAt(std::size_t at) const;
   std::optional<Entry> TakeKnownEntry();
   std::optional<Entry> TakeEntryByFrame();
@@ -70,10 +74,33 @@ class Repair {
   RepairedReport m_repaired;
   std::size_t m_at = 0;  // how far the report has been taken
   int m_number = 1;      // of the next test
+  int m_endless = 0;     // the number of a test whose end was looked for in vain
+  std::map<std::string, std::pair<std::size_t, std::size_t>> m_found;  // from where, and where
   bool m_suiteIsOpen = false;
   std::optional<std::size_t> m_datafile;  // the one that is in hand
   std::size_t m_known = 0;                // its test that comes next
 };
+
+// As the report's own find, but nothing is looked through twice: a report may imitate its frame without end.
+std::size_t Repair::Find(const std::string& text, std::size_t from) {
+  const auto [last, isNew] = m_found.try_emplace(text);
+  auto& [begin, found] = last->second;
+  if (isNew || from < begin || from > found) {
+    begin = from;
+    found = m_report.find(text, from);
+  }
+  return found;
+}
+
+// Where a line begins that is the start of the next entry or of the one after it.
+std::size_t Repair::FindNextEntry(std::size_t from) {
+  std::size_t at = Find("\n" + ENTRY, from);
+  while (at != std::string::npos && !StandsAt(at + 1, EntryStart(m_number)) &&
+         !StandsAt(at + 1, EntryStart(m_number + 1))) {
+    at = Find("\n" + ENTRY, at + 1);
+  }
+  return at;
+}
 
 // After an entry there is the next one or the end of the suite; nothing else ends one.
 bool Repair::EntryMayEndAt(std::size_t at) const {
@@ -116,7 +143,7 @@ std::optional<Entry> Repair::TakeKnownEntry() {
 std::optional<Entry> Repair::TakeEntryByFrame() {
   Entry entry;
   const std::size_t nameBegin = m_at + EntryStart(m_number).size();
-  const std::size_t nameEnd = m_report.find(AFTER_NAME, nameBegin);
+  const std::size_t nameEnd = Find(AFTER_NAME, nameBegin);
   if (nameEnd == std::string::npos) return std::nullopt;
   entry.name = m_report.substr(nameBegin, nameEnd - nameBegin);
   const std::size_t timeBegin = nameEnd + AFTER_NAME.size();
@@ -130,15 +157,19 @@ std::optional<Entry> Repair::TakeEntryByFrame() {
   if (!StandsAt(timeEnd, BEFORE_SUBJECT)) return std::nullopt;
   entry.failed = true;
   const std::size_t subjectBegin = timeEnd + BEFORE_SUBJECT.size();
-  const std::size_t subjectEnd = m_report.find(AFTER_SUBJECT, subjectBegin);
+  const std::size_t subjectEnd = Find(AFTER_SUBJECT, subjectBegin);
   if (subjectEnd == std::string::npos) return std::nullopt;
   entry.subject = m_report.substr(subjectBegin, subjectEnd - subjectBegin);
   const std::size_t detailBegin = subjectEnd + AFTER_SUBJECT.size();
-  std::size_t detailEnd = m_report.find(AFTER_DETAIL, detailBegin);
+  if (m_endless == m_number) return std::nullopt;
+  std::size_t detailEnd = Find(AFTER_DETAIL, detailBegin);
   while (detailEnd != std::string::npos && !EntryMayEndAt(detailEnd + AFTER_DETAIL.size())) {
-    detailEnd = m_report.find(AFTER_DETAIL, detailEnd + 1);
+    detailEnd = Find(AFTER_DETAIL, detailEnd + 1);
   }
-  if (detailEnd == std::string::npos) return std::nullopt;
+  if (detailEnd == std::string::npos) {
+    m_endless = m_number;
+    return std::nullopt;
+  }
   entry.detail = m_report.substr(detailBegin, detailEnd - detailBegin);
   m_at = detailEnd + AFTER_DETAIL.size();
   return entry;
@@ -168,10 +199,8 @@ void Repair::TakeLine() {
 
 // What is no entry stays as plain text, up to the next line of the frame.
 void Repair::TakeUnknown() {
-  std::size_t end = m_report.size();
-  for (const std::string& next : {EntryStart(m_number), EntryStart(m_number + 1), END_OF_SUITE}) {
-    end = std::min(end, m_report.find("\n" + next, m_at));
-  }
+  std::size_t end =
+      std::min({m_report.size(), FindNextEntry(m_at), Find("\n" + END_OF_SUITE, m_at)});
   if (end < m_report.size()) ++end;
   if (StandsAt(end, EntryStart(m_number + 1))) ++m_number;
   OpenSuite();
@@ -199,17 +228,24 @@ bool IsReference(const std::string& text, std::size_t at) {
   return name == "amp" || name == "lt" || name == "gt" || name == "quot" || name == "apos";
 }
 
-// The first part of an attribute's text that breaks it; empty if none does.
-std::string CulpritInAttribute(const std::string& text) {
+// A part of a text that breaks the report; empty if none does.
+struct Culprit {
+  std::string text;
+  std::size_t at = 0;  // where it begins, in bytes
+};
+
+// The first one of an attribute.
+Culprit CulpritInAttribute(const std::string& text) {
   for (std::size_t at = 0; at < text.size(); ++at) {
-    if (text[at] == '"' || text[at] == '<') return text.substr(at, 1);
-    if (text[at] == '&' && !IsReference(text, at)) return "&";
+    if (text[at] == '"' || text[at] == '<') return {text.substr(at, 1), at};
+    if (text[at] == '&' && !IsReference(text, at)) return {"&", at};
   }
-  return std::string();
+  return {};
 }
 
 // The first character that XML cannot hold.
-std::string ForbiddenCharacter(const std::string& text) {
+Culprit ForbiddenCharacter(const std::string& text) {
+  std::size_t at = 0;
   for (const CodePoint& point : CodePointsOf(text)) {
     std::string character;
     if (point.valid) {
@@ -217,9 +253,10 @@ std::string ForbiddenCharacter(const std::string& text) {
     } else {
       character = static_cast<char>(point.value);
     }
-    if (HoldsWhatXmlCannot(character)) return character;
+    if (HoldsWhatXmlCannot(character)) return {character, at};
+    at += character.size();
   }
-  return std::string();
+  return {};
 }
 
 std::optional<EvidenceCell> CellWith(const std::string& culprit, const TestOutcome* known) {
@@ -232,18 +269,22 @@ std::optional<EvidenceCell> CellWith(const std::string& culprit, const TestOutco
 }
 
 void Repair::NoteFaults(const Entry& entry, const TestOutcome* known) {
-  const auto note = [&](const char* where, const std::string& markup, const std::string& text) {
-    const std::string culprit = markup.empty() ? ForbiddenCharacter(text) : markup;
-    if (culprit.empty()) return;
+  const auto note = [&](const char* where, const Culprit& markup, const std::string& text) {
+    const Culprit culprit = markup.text.empty() ? ForbiddenCharacter(text) : markup;
+    if (culprit.text.empty()) return;
+    const std::size_t begin = culprit.at == 0 ? 0 : text.rfind('\n', culprit.at - 1) + 1;
+    const std::size_t end = text.find('\n', culprit.at);
     // What XML cannot hold is shown as the repaired report has it.
-    m_repaired.faults.push_back({m_datafile, m_number, entry.name,
-                                 HoldsWhatXmlCannot(culprit) ? XmlContent(culprit) : culprit, where,
-                                 CellWith(culprit, known)});
+    m_repaired.faults.push_back(
+        {m_datafile, m_number, entry.name,
+         HoldsWhatXmlCannot(culprit.text) ? XmlContent(culprit.text) : culprit.text, where,
+         text.substr(begin, end - begin), culprit.at - begin, CellWith(culprit.text, known)});
   };
   note("name", CulpritInAttribute(entry.name), entry.name);
   note("subject", CulpritInAttribute(entry.subject), entry.subject);
-  const bool endsTheData = entry.detail.find("]]>") != std::string::npos;
-  note("message", endsTheData ? "]]>" : "", entry.detail);
+  const std::size_t endOfData = entry.detail.find("]]>");
+  note("message", endOfData == std::string::npos ? Culprit() : Culprit{"]]>", endOfData},
+       entry.detail);
 }
 
 // Failed assertions are in the report only.

@@ -21,6 +21,8 @@ struct ReportFault {
   std::string test;                     // its name without that number
   std::string culprit;                  // what broke it, such as "]]>"; visible characters only
   std::string where;                    // "name", "subject" or "message"
+  std::string line;       // the line of that text that holds the culprit, as the report has it
+  std::size_t place = 0;  // where in that line the culprit begins, in bytes
   std::optional<EvidenceCell> cell;  // the cell that the text has it from, as far as that is known
 };
 

@@ -8,6 +8,8 @@
 #include <functional>
 #include <map>
 
+#include "host/run/Commit.h"
+
 namespace OmbreliaHost {
 
 namespace {
@@ -75,7 +77,7 @@ enum class Extent { OfAList, OfWhatComes };
 
 void AddRunOptions(CLI::App& app, RunArguments& run, Extent extent = Extent::OfAList) {
   app.add_option("--plugin", run.plugin,
-                 "The plug-in library (default: in ../lib beside this program)")
+                 "The plug-in library (default: the one that came with this program)")
       ->type_name("PATH");
   app.add_option("--work-dir", run.workDir, "Working directory of the run")->type_name("DIR");
   if (extent == Extent::OfAList) {
@@ -110,6 +112,60 @@ void AddRunOptions(CLI::App& app, RunArguments& run, Extent extent = Extent::OfA
       "Tell also what would fail on a machine of this kind: ordinary, small, large")
       ->type_name("KIND");
   AddOutputOptions(app, run.output);
+}
+
+std::string VersionText() {
+  const std::string version = std::string("verify-datafiles ") + OMBRELIA_VERSION;
+  return *COMMIT == '\0' ? version : version + "\ncommit " + COMMIT;
+}
+
+CLI::App* AddRepairCommand(CLI::App& app, RepairArguments& repair) {
+  CLI::App* const command =
+      app.add_subcommand("repair", "Make a well-formed copy of a report that a text has broken");
+  command->add_option("report", repair.report, "A report that a host has left")
+      ->type_name("REPORT")
+      ->required();
+  command
+      ->add_option("--output", repair.output,
+                   "Write the copy there (default: X.repaired.xml beside X.xml)")
+      ->type_name("FILE");
+  command->footer(
+      "Example:\n"
+      "  verify-datafiles repair FakeUnitTestsDataHookExperimentRunning_4711.xml\n"
+      "names the tests whose texts broke the report, shows those texts, and writes a copy with "
+      "the\n"
+      "same results. The report stays as it is. A well-formed report is only copied, and only if\n"
+      "--output is given.\n"
+      "Exit status: 0 the report is well-formed, or its copy holds all results, failing ones, "
+      "too;\n"
+      "2 wrong use, or a file that is no report; 3 the report does not hold all that it counts, "
+      "so\n"
+      "that the copy does not, either; 4 the copy could not be written to its end.");
+  return command;
+}
+
+CLI::App* AddCollectCommand(CLI::App& app, CollectArguments& collect) {
+  CLI::App* const command =
+      app.add_subcommand("collect", "Join the reports that processes of the host have left");
+  command
+      ->add_option("folder", collect.folder,
+                   "Where the reports and flag files are, in it or below it")
+      ->type_name("FOLDER")
+      ->required();
+  AddChoice<MachineKind>(
+      *command, "--machine", MACHINES, [&collect](MachineKind kind) { collect.machine = kind; },
+      "The kind of machine that wrote the reports (default: that of this one)")
+      ->type_name("KIND");
+  AddOutputOptions(*command, collect.output);
+  command->footer(
+      "Example:\n"
+      "  verify-datafiles collect nightly --json nightly.json --junit nightly.xml\n"
+      "A report tells the experiment of a data file and not its path, nor when it was verified. A\n"
+      "flag file without a report tells of a process that died, or that has not ended yet.\n"
+      "Exit status: 0 no failing test; 1 some failing test; 2 wrong use, or nothing to collect;\n"
+      "3 a process left no report, or one that is not well-formed or not whole; 4 the results\n"
+      "could not be written.");
+  return command;
 }
 
 CLI::App* AddWatchCommand(CLI::App& app, WatchArguments& watch) {
@@ -170,7 +226,7 @@ std::variant<CommandLine, ExitStatus> ParseCommandLine(int argc, char** argv) {
       "Hands data files to the data-hook plug-in, as the host does after each experiment, and sums "
       "up the report that the plug-in writes.",
       "verify-datafiles");
-  app.set_version_flag("--version", std::string("verify-datafiles ") + OMBRELIA_VERSION);
+  app.set_version_flag("--version", VersionText());
   app.footer(
       "Stimulus areas of X.txt stand in X.stimareas.tsv beside it.\n"
       "The report goes below DIR into scons-out/opt/tests/auto_experiment_tests.\n"
@@ -198,7 +254,7 @@ std::variant<CommandLine, ExitStatus> ParseCommandLine(int argc, char** argv) {
   explainApp->add_option("name", explain.name, "The experiment")->type_name("NAME")->required();
   explainApp
       ->add_option("--datafile", explain.datafile,
-                   "A good data file of it (default: the sample that was built with this program)")
+                   "A good data file of it (default: the sample that came with this program)")
       ->type_name("FILE");
 
   MergeArguments merge;
@@ -206,15 +262,18 @@ std::variant<CommandLine, ExitStatus> ParseCommandLine(int argc, char** argv) {
   AddOutputOptions(*mergeApp, merge.output);
   mergeApp->add_option("files", merge.files, "Results of runs")->type_name("FILE")->required();
 
-  for (CLI::App* const one : {listApp, explainApp, mergeApp}) one->footer("");
-
+  RepairArguments repair;
+  CLI::App* const repairApp = AddRepairCommand(app, repair);
+  CollectArguments collect;
+  CLI::App* const collectApp = AddCollectCommand(app, collect);
   WatchedArguments watched;
   CLI::App* const watchedApp = AddWatchedCommand(app, watched);
   WatchArguments watch;
   CLI::App* const watchApp = AddWatchCommand(app, watch);
 
-  const std::array<CLI::App*, 5> subcommands = {listApp, explainApp, mergeApp, watchedApp,
-                                                watchApp};
+  for (CLI::App* const one : {listApp, explainApp, mergeApp}) one->footer("");
+  const std::array<CLI::App*, 7> subcommands = {listApp,    explainApp, mergeApp, repairApp,
+                                                collectApp, watchedApp, watchApp};
   const auto allowSubcommands = [&](bool allowed) {
     for (CLI::App* const one : subcommands) one->disabled(!allowed);
   };
@@ -233,6 +292,8 @@ std::variant<CommandLine, ExitStatus> ParseCommandLine(int argc, char** argv) {
   if (listApp->parsed()) return list;
   if (explainApp->parsed()) return explain;
   if (mergeApp->parsed()) return merge;
+  if (repairApp->parsed()) return repair;
+  if (collectApp->parsed()) return collect;
   if (watchedApp->parsed()) return watched;
   if (watchApp->parsed()) return watch;
   return run;

@@ -31,7 +31,7 @@ struct OutputArguments {
 
 // A run of data files, which is what the program does without a subcommand.
 struct RunArguments {
-  std::filesystem::path plugin;   // empty: the library that was built with this program
+  std::filesystem::path plugin;   // empty: the library that came with this program
   std::filesystem::path workDir;  // empty: the present working directory
   ShowMode progress = ShowMode::Auto;
   std::vector<std::filesystem::path> inputs;  // files and folders, in the order given; at least one
@@ -50,11 +50,22 @@ struct ListArguments {
 
 struct ExplainArguments {
   std::string name;
-  std::filesystem::path datafile;  // a good one; empty: the sample that was built with this program
+  std::filesystem::path datafile;  // a good one; empty: the sample that came with this program
 };
 
 struct MergeArguments {
   std::vector<std::filesystem::path> files;  // in the order given; at least one
+  OutputArguments output;
+};
+
+struct RepairArguments {
+  std::filesystem::path report;
+  std::filesystem::path output;  // empty: beside the report
+};
+
+struct CollectArguments {
+  std::filesystem::path folder;
+  std::optional<MachineKind> machine;  // that wrote the reports; absent: the kind of this one
   OutputArguments output;
 };
 
@@ -74,8 +85,9 @@ struct WatchArguments {
   RunArguments run;      // but for its inputs, the progress and the partition
 };
 
-using CommandLine = std::variant<RunArguments, ListArguments, ExplainArguments, MergeArguments,
-                                 WatchedArguments, WatchArguments>;
+using CommandLine =
+    std::variant<RunArguments, ListArguments, ExplainArguments, MergeArguments, RepairArguments,
+                 CollectArguments, WatchedArguments, WatchArguments>;
 
 // A subcommand is one only as the first argument: any later word of that name is an input. An exit
 // status comes back when the program is to end at once: after the help and the version, which it prints,

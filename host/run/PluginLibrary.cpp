@@ -53,7 +53,20 @@ PluginLibrary::PluginLibrary(const std::filesystem::path& path)
 PluginLibrary::~PluginLibrary() { dlclose(m_handle); }
 
 std::filesystem::path DefaultPluginLibrary() {
-  return ThisProgram().parent_path().parent_path() / "lib" / OMBRELIA_PLUGIN_FILE_NAME;
+  const std::filesystem::path prefix = ThisProgram().parent_path().parent_path();
+  const std::filesystem::path installed =
+      prefix / OMBRELIA_INSTALLED_LIBRARIES / OMBRELIA_PLUGIN_FILE_NAME;
+  std::error_code error;
+  if (std::filesystem::exists(installed, error)) return installed;
+  return prefix / "lib" / OMBRELIA_PLUGIN_FILE_NAME;
+}
+
+std::filesystem::path SamplesFolder() {
+  const std::filesystem::path prefix = ThisProgram().parent_path().parent_path();
+  const std::filesystem::path installed = prefix / OMBRELIA_INSTALLED_SAMPLES;
+  std::error_code error;
+  if (std::filesystem::exists(installed, error)) return installed;
+  return (prefix / OMBRELIA_SAMPLES_FROM_BUILD).lexically_normal();
 }
 
 }  // namespace OmbreliaHost

@@ -26,8 +26,10 @@ class PluginLibrary {
   Ombrelia::Interface_DataHookPlugin* m_plugin;
 };
 
-// The library that was built with this program, in ../lib beside the folder that holds it.
+// What came with this program, in the folders of an installation or of a build tree, wherever these have been moved. The
+// library may be missing, and so may the samples.
 std::filesystem::path DefaultPluginLibrary();
+std::filesystem::path SamplesFolder();
 
 }  // namespace OmbreliaHost
 

@@ -10,6 +10,7 @@
 #include "host/run/AssertionForwarder.h"
 #include "host/run/PluginLibrary.h"
 #include "host/run/ReportFile.h"
+#include "host/run/SignalWatch.h"
 
 namespace OmbreliaHost {
 
@@ -49,6 +50,8 @@ class Verification {
     m_steps.Tell("flush");
     m_library.Plugin().FlushTestOutput();
     m_steps.Tell(report.IsWritten() ? "report" : "no-report");
+    // So that the report is read while the plug-in is unloaded.
+    SignalWatch::WakeParent();
   }
 
  private:

@@ -74,6 +74,8 @@ int SignalWatch::Take() {
   return stopSignal;
 }
 
+void SignalWatch::WakeParent() { kill(getppid(), SIGCHLD); }
+
 void SignalWatch::RestoreInChild() {
   for (const int signal : SIGNALS) {
     struct sigaction action = {};

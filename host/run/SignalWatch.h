@@ -19,6 +19,8 @@ class SignalWatch {
   // Makes the descriptor wait for the next signal; the signal that asked the program to end, 0 if none did.
   int Take();
 
+  // Makes the watch of the process that forked this one wait no longer, as the end of this one would.
+  static void WakeParent();
   // Gives the signals back their ordinary meaning; in a child process, right after the fork.
   static void RestoreInChild();
   // Ends this process as the signal would have ended it.

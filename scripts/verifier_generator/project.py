@@ -21,6 +21,10 @@ def verifiers(root=ROOT):
     return json.loads((root / MANIFEST).read_text(encoding="utf-8"))["verifiers"]
 
 
+def sample_file(experiment, run, ending="txt"):
+    return f"samples/datafiles/{experiment} {run}.{ending}"
+
+
 def class_of(experiment):
     """A C++ name made of the experiment's, or a Problem that asks for one."""
     stem = re.sub(r"\.om[45]$", "", experiment, flags=re.I)
@@ -44,8 +48,7 @@ def check_names(experiment, name, root=ROOT):
             raise Problem(f"{entry['experiment']} has a verifier already: verifiers/{entry['class']}.cpp.")
         if entry["class"].upper() == name.upper():
             raise Problem(f"The class {entry['class']} is taken; give another one with --class.")
-    for file in (f"verifiers/{name}.cpp", f"tests/verifiers/{name}.test.cpp",
-                 f"samples/datafiles/{experiment} 1.txt"):
+    for file in (f"verifiers/{name}.cpp", f"tests/verifiers/{name}.test.cpp", sample_file(experiment, 1)):
         if (root / file).exists():
             raise Problem(f"{file} is there already.")
 
@@ -82,7 +85,7 @@ def laid_out(file, text):
                           capture_output=True, text=True, check=True, cwd=ROOT).stdout
 
 
-def files_of(experiment, name, proves, base, sample, source, test, rules, bounds, root=ROOT):
+def files_of(experiment, name, proves, base, samples, source, test, rules, bounds, root=ROOT):
     """Every file that changes, by its path below the root, with its new bytes."""
     def read(file):
         return (root / file).read_text(encoding="utf-8")
@@ -92,17 +95,18 @@ def files_of(experiment, name, proves, base, sample, source, test, rules, bounds
     texts = {
         MANIFEST: _with_manifest_entry(read(MANIFEST), entry),
         f"verifiers/{name}.cpp": laid_out(f"verifiers/{name}.cpp", source),
-        f"samples/datafiles/{experiment} 1.txt": sample.neutral_text(),
         f"tests/verifiers/{name}.test.cpp": laid_out(f"tests/verifiers/{name}.test.cpp", test),
         BOUNDS: read(BOUNDS) + "".join(f"{experiment}\t{bound.call}\t{bound.minimum}\t{bound.maximum}\n"
                                        for bound in bounds),
-        WATCHED: read(WATCHED) + watched.line(experiment, sample, rules, bounds),
+        WATCHED: read(WATCHED) + watched.line(experiment, samples[0], rules, bounds),
         PARITY: _with_one_more(read(PARITY)),
         CHANGES: _with_change(read(CHANGES), name, experiment),
     }
     contents = {file: text.encode() for file, text in texts.items()}
-    if sample.area_file:
-        contents[f"samples/datafiles/{experiment} 1.stimareas.tsv"] = sample.area_file.read_bytes()
+    for run, sample in enumerate(samples, 1):
+        contents[sample_file(experiment, run)] = sample.neutral_text().encode()
+        if sample.area_file:
+            contents[sample_file(experiment, run, "stimareas.tsv")] = sample.area_file.read_bytes()
     return contents
 
 

@@ -12,7 +12,8 @@ def _rule_failure(check):
             f"{cpp.narrow(check.message)})")
 
 
-def text(name, experiment, sample, rules, checks, bounds):
+def text(name, experiment, samples, rules, checks, bounds):
+    sample = samples[0]
     passing = [f"suite {experiment}", f"pass VerifyDatafile_was_called_for_{experiment}"]
     passing += [f"pass {check.name}" for check in checks]
     kinds = {"duration_all": "Experiment_duration_", "expansion_all": "Expansion_duration_"}
@@ -25,6 +26,14 @@ def text(name, experiment, sample, rules, checks, bounds):
 
     tests = f"""TEST({name}, PassesItsSample) {{
   EXPECT_EQ(DataFile::Sample(EXPERIMENT).Verify(), PASSING);
+}}
+"""
+    if len(samples) > 1:
+        tests += f"""
+TEST({name}, PassesItsFurtherSamples) {{
+  for (int run = 2; run <= {len(samples)}; ++run) {{
+    EXPECT_EQ(DataFile::Sample(EXPERIMENT, run).Failures(), Lines{{}}) << run;
+  }}
 }}
 """
     for number, column in enumerate(verbatim, 1):

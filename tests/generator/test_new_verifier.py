@@ -90,6 +90,18 @@ class WhatIsWritten(Project):
         self.run_program("bells.om5", "--from", str(path))
         self.assertEqual((self.root / "samples/datafiles/bells.om5 1.stimareas.tsv").read_text(), areas)
 
+    def test_each_run_becomes_a_sample(self):
+        runs = [self.data_file(["Event\nName"], [["ding"], ["dong"]], f"bells.om5 {run}.txt") for run in (7, 8)]
+        areas = "x\ty\twidth\theight\tresponse_id\tarea_name\n1\t2\t3\t4\t5\tleft\n"
+        pathlib.Path(runs[1]).with_suffix(".stimareas.tsv").write_text(areas)
+        self.run_program("bells.om5", "--from", *runs)
+        folder = self.root / "samples/datafiles"
+        self.assertEqual(sorted(path.name for path in folder.iterdir()),
+                         ["bells.om5 1.txt", "bells.om5 2.stimareas.tsv", "bells.om5 2.txt"])
+        self.assertNotIn("Ann Other", (folder / "bells.om5 2.txt").read_text())
+        tests = (self.root / "tests/verifiers/Test_bells.test.cpp").read_text()
+        self.assertIn("run <= 2", tests)
+
     def test_a_dry_run_shows_the_same_and_writes_nothing(self):
         before = self.files()
         said = self.run_program("bells.om5", "--from", self.bells(), "--dry-run")
@@ -151,6 +163,10 @@ class WhatIsRefused(Project):
     def test_a_run_that_tells_no_times(self):
         path = make_experiments.data_file(self.folder / "x.txt", ["Event\nName"], [["a"], ["b"]])
         self.expect_refusal("tells no duration", "bells.om5", "--from", path)
+
+    def test_a_further_run_that_tells_no_times(self):
+        path = make_experiments.data_file(self.folder / "bare.txt", ["Event\nName"], [["ding"]])
+        self.expect_refusal("bare.txt tells no duration", "bells.om5", "--from", self.bells(), path)
 
     def test_a_column_for_which_no_rule_holds(self):
         runs = [self.data_file(["Event\nName"], [[text] for text in texts], f"{texts}.txt") for texts in ("ab", "cd")]

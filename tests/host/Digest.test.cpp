@@ -8,6 +8,7 @@ namespace Tests {
 namespace {
 
 using OmbreliaHost::DigestOf;
+using OmbreliaHost::DigestOfText;
 
 class DigestTest : public testing::Test {
  protected:
@@ -28,6 +29,12 @@ TEST_F(DigestTest, IsThatOfOtherTools) {
 TEST_F(DigestTest, IsEmptyForAFileThatCannotBeRead) {
   EXPECT_EQ(DigestOf(m_folder / "missing"), "");
   EXPECT_EQ(DigestOf(m_folder.Path()), "");
+}
+
+TEST_F(DigestTest, OfATextIsThatOfAFileWithItsBytes) {
+  for (const std::string& text : {std::string(), std::string(200000, 'x')}) {
+    EXPECT_EQ(DigestOfText(text), DigestOfContent(text));
+  }
 }
 
 }  // namespace

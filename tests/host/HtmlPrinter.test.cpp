@@ -51,7 +51,8 @@ XmlElement Card(const XmlElement& page, const std::string& id) {
 }
 
 std::string TotalOf(const XmlElement& page, std::size_t list, const std::string& what) {
-  for (const XmlElement& total : ElementsOf(page, "dl").at(list).children) {
+  const XmlElement totals = ElementsOf(page, "dl").at(list);
+  for (const XmlElement& total : totals.children) {
     if (Has(total.children.at(0), what)) return total.children.at(1).text;
   }
   return "none";
@@ -312,12 +313,12 @@ TEST(HtmlPrinter, EvidenceOfThousandsOfFailingDataFilesIsLeftOutInWords) {
   RunResults results;
   DatafileResult datafile = DatafileWithOneWrongCell();
   datafile.tests.resize(40, datafile.tests[1]);
-  results.datafiles.resize(1500, datafile);
+  results.datafiles.resize(1000, datafile);
   const std::string text = Printed(results);
-  EXPECT_LT(text.size(), 40u << 20);
+  EXPECT_LT(text.size(), 20u << 20);
   const nlohmann::json further =
       nlohmann::json::parse(WithId(ReadXml(text), "script", "page:data").text);
-  EXPECT_EQ(further.size(), 1400u);
+  EXPECT_EQ(further.size(), 900u);
   const std::string last = further.back()[2];
   EXPECT_NE(last.find("Without evidence here"), std::string::npos);
   EXPECT_NE(last.find("and 19 further tests"), std::string::npos);

@@ -11,7 +11,7 @@ namespace Tests {
 struct XmlElement {
   std::string name;
   std::map<std::string, std::string> attributes;
-  std::string text;  // character data of its own, in order
+  std::string text;  // its own character data, in order
   std::vector<XmlElement> children;
 
   // Empty if there is no such attribute.

@@ -467,7 +467,7 @@ TEST(Evidence, ListsAThousandCellsAtMost) {
                                    "More cells were read than the 1000 that are listed."}));
 }
 
-// As many cells for each of so many failing tests would fill the memory.
+// This many cells for each of thousands of failing tests would fill the memory.
 TEST(Evidence, ListsFewCellsAfterAHundredFailures) {
   const std::string experiment = "2014-06-16_sync_trials.om5";
   DataFile file = DataFile::Sample(experiment);

@@ -33,7 +33,7 @@ class ShownEvidenceTest : public VerifyDatafilesTest {
     result.tests = verdict.tests;
     return result;
   }
-  // Of one failing test, all that stands below the data file's own line.
+  // All that is shown of one failing test below the data file's line.
   static std::string Shown(const DatafileResult& result) {
     std::ostringstream out;
     TerminalPrinter(out, MachineKind::Ordinary, Verbosity::Normal, false).PrintDatafile(result);

@@ -87,7 +87,7 @@ TEST_F(SurvivalTest, ACrashInTheThirdDataFileLosesThatOneAlone) {
   for (const char* name : {"1.txt", "2.txt", "4.txt", "5.txt"}) {
     EXPECT_EQ(Verdict(finished, name), Ok(name));
   }
-  // The rest goes on before what the lost process had verified is verified again.
+  // The remaining data files are verified before those of the lost process are verified again.
   EXPECT_EQ(Processed(), "1.txt 2.txt 3-crash-.txt 4.txt 5.txt 1.txt 2.txt ");
   EXPECT_EQ(Reports().size(), 1u);
   EXPECT_NE(finished.out.find("Data files: 5, 1 crashed; tests: 9, 9 passed, 0 failed\n"),

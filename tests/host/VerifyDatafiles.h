@@ -27,7 +27,7 @@ class VerifyDatafilesTest : public testing::Test {
   // With the fake plug-in, which answers the flush with this report, ids and all as it stands.
   Finished VerifyWithReport(const std::string& report, const Arguments& arguments);
   Finished VerifyWithFake(const Arguments& arguments, const Arguments& environment);
-  // With the fake plug-in, which answers with a report of its own, two passing tests for each data file.
+  // With the fake plug-in, whose report has two passing tests for each data file.
   Finished VerifyWithOwnReport(const Arguments& arguments, const Arguments& environment = {});
   // The same, but it is not waited for.
   std::unique_ptr<Process> StartWithOwnReport(const Arguments& arguments);

@@ -19,6 +19,7 @@ import json
 import os
 import pathlib
 import shutil
+import signal
 import subprocess
 import sys
 import tempfile
@@ -155,6 +156,12 @@ def run(browser, step):
     return None
 
 
+def give_up(*_):
+    sys.exit("the browser takes too long")
+
+
+signal.signal(signal.SIGALRM, give_up)
+signal.alarm(180)
 profile = tempfile.mkdtemp()
 browser = Browser(profile)
 try:

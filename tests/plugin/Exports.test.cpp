@@ -47,7 +47,7 @@ TEST(Exports, AreOneFunctionAndTwoData) {
   }
 }
 
-// Tests simulate the machine and the day by sources of their own, and none of them is in here.
+// Tests simulate the machine and the day by separate sources, and none of them is linked here.
 TEST(Exports, AndAllOtherSymbolsHoldNothingOfTheTests) {
   const Tests::Finished nm = Tests::RunProgram({"nm", "--demangle", OMBRELIA_PLUGIN_FILE});
   EXPECT_EQ(nm.status, 0) << nm.err;

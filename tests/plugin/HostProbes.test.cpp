@@ -64,7 +64,7 @@ TEST(HostProbes, AnswersTheConstantsOfThisPlatform) {
   EXPECT_FALSE(Halvex::RunningOnPowerPC(wxT("anything")));
 }
 
-// The environment is read once per process, so each question is asked by a process of its own: the
+// The environment is read once per process, so each question is asked by a separate process: the
 // tests below run again in a process whose environment is set up for them.
 Tests::Finished Ask(const char* test, const std::string& variable) {
   Tests::ProcessSetup setup;

@@ -28,7 +28,7 @@ TEST(LookupKey, NeedsNoBlank) {
 
 TEST(LookupKey, DropsTheLastExtensionOnly) {
   EXPECT_EQ(LookupKeyOfDatafile(wxT("a.b.c.d")), wxString(wxT("A.B.C")));
-  // Without one of its own a data file loses the experiment's.
+  // A data file without stimulus areas drops those of the experiment before it.
   EXPECT_EQ(LookupKeyOfDatafile(wxT("x.om4")), wxString(wxT("X")));
   EXPECT_EQ(LookupKeyOfDatafile(wxT("x.om4 1")), wxString(wxT("X")));
 }

@@ -183,7 +183,7 @@ TEST_F(WholeRoadTest, AGoodFileAnUnknownOneAFailingOneAndABrokenOne) {
       "</testsuites>\n");
 }
 
-// The small test machine has a duration bound of its own and no expansion bound.
+// The small test machine has a separate duration bound and no expansion bound.
 TEST_F(WholeRoadTest, OnTheSmallTestMachineItsOwnBoundsCount) {
   std::string slow = ONE_TRIAL;
   slow.replace(slow.find("812"), 3, "881");

@@ -112,11 +112,11 @@ Lines FailuresOf(const Lines& lines) {
   return failures;
 }
 
-DataFile DataFile::Sample(const std::string& experiment) {
+DataFile DataFile::Sample(const std::string& experiment, int run) {
   const char* const folder = std::getenv("OMBRELIA_SAMPLES");
   const std::string stem =
       (folder ? std::string(folder) : std::string(OMBRELIA_SOURCE_DIR) + "/samples/datafiles") +
-      "/" + experiment + " 1";
+      "/" + experiment + " " + std::to_string(run);
   const std::vector<std::string> lines = LinesOfFile(stem + ".txt");
   if (lines.size() < 6) Stop("the sample of " + experiment + " has no heading rows");
   DataFile file;

@@ -26,9 +26,9 @@ Lines FailuresOf(const Lines& lines);
 // which fails it.
 class DataFile {
  public:
-  // The sample of this experiment, with its stimulus areas if it has any. The variable
+  // A sample of this experiment, with its stimulus areas if it has any. run: counts from 1. The variable
   // OMBRELIA_SAMPLES names another folder of samples.
-  static DataFile Sample(const std::string& experiment);
+  static DataFile Sample(const std::string& experiment, int run = 1);
   // A new file of this experiment: column names, with a line feed between the two heading rows, and
   // rows of cells.
   static DataFile Of(const std::string& experiment, const std::vector<std::string>& columns,

@@ -1,4 +1,4 @@
-// drive-plugin LIBRARY STEP...: does to the plug-in library, in a process of its own, what a host could
+// drive-plugin LIBRARY STEP...: does to the plug-in library, in a separate process, what a host could
 // do, one step after the other. Linked with nothing of the plug-in.
 //
 //   load             unload           loads and unloads the library

@@ -19,7 +19,7 @@ class ScratchFolder {
 
   const std::string& Path() const { return m_path; }
   std::string operator/(const std::string& name) const { return m_path + "/" + name; }
-  // The folder below this one in which the plug-in's report goes. Made by MakeReportFolder only.
+  // The folder below this one to which the plug-in writes its report. Made by MakeReportFolder only.
   std::string ReportFolder() const { return m_path + "/scons-out/opt/tests/auto_experiment_tests"; }
   void MakeReportFolder() const;
 

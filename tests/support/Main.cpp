@@ -5,7 +5,7 @@
 
 namespace {
 
-// A failed assertion fails the test that it happens in, and the test goes on.
+// A failed assertion fails the test that it happens in; the test continues.
 void FailTheTest(const wxString& file, int line, const wxString& function,
                  const wxString& condition, const wxString& message) {
   ADD_FAILURE_AT(file.utf8_str().data(), line)

@@ -26,7 +26,7 @@ struct ProcessSetup {
   std::function<int()> beforeStart;
 };
 
-// A started program. Its output goes into files, so any number may run at once.
+// A started program. Its output is written to files, so any number may run at once.
 class Process {
  public:
   explicit Process(const std::vector<std::string>& command, const ProcessSetup& setup = {});
@@ -47,7 +47,7 @@ class Process {
 
 Finished RunProgram(const std::vector<std::string>& command, const ProcessSetup& setup = {});
 
-// Gives the calling process a host name of its own, which no other process sees; for beforeStart or
+// Gives the calling process a private host name, which no other process sees; for beforeStart or
 // after a fork. The exit status NOT_PERMITTED if the system does not allow it, otherwise 0.
 constexpr int NOT_PERMITTED = 77;
 int TakeHostName(const char* name);

@@ -149,12 +149,18 @@ TEST(Parity, EachVerifierIsRegisteredUnderItsExperiment) {
 }
 
 TEST(Parity, EachExperimentHasASample) {
-  const Names samples = FilesIn("samples/datafiles", " 1.txt");
-  ExpectSame(ManifestExperiments(), samples, "samples/datafiles/* 1.txt");
-  EXPECT_EQ(Without(FilesIn("samples/datafiles", " 1.stimareas.tsv"), samples), Names{})
-      << "stimulus areas without a data file";
-  EXPECT_EQ(FilesIn("samples/datafiles", "").size(),
-            samples.size() + FilesIn("samples/datafiles", " 1.stimareas.tsv").size())
+  const Names samples = FilesIn("samples/datafiles", ".txt");
+  const Names areas = FilesIn("samples/datafiles", ".stimareas.tsv");
+  Names wanted;
+  for (const std::string& experiment : ManifestExperiments()) {
+    wanted.insert(experiment + " 1");
+    for (int run = 2; samples.count(experiment + " " + std::to_string(run)) == 1; ++run) {
+      wanted.insert(experiment + " " + std::to_string(run));
+    }
+  }
+  ExpectSame(wanted, samples, "samples/datafiles/*.txt, runs numbered from 1");
+  EXPECT_EQ(Without(areas, samples), Names{}) << "stimulus areas without a data file";
+  EXPECT_EQ(FilesIn("samples/datafiles", "").size(), samples.size() + areas.size())
       << "samples/datafiles holds files that are neither";
 }
 

@@ -446,7 +446,7 @@ TEST(TestCrossedUnpairedPairedLists, ReportsOneNumberTooFewAndEndsThere) {
   EXPECT_EQ(file.Verify(), expected);
 }
 
-// The eighth number comes with a letter row of its own, which stands behind "E".
+// The eighth number comes with an additional letter row, which stands behind "E".
 TEST(TestCrossedUnpairedPairedLists, ReportsOneNumberTooManyAndEndsThere) {
   DataFile file = Sample();
   const std::size_t last = RowsOf(file, TRIAL_4).back();

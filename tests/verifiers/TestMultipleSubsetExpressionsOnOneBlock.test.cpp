@@ -227,7 +227,7 @@ void Search(const DataFile& file, const std::filesystem::path& folder) {
   _exit(0);
 }
 
-// A process of its own comes to the search, works on without a further result, and is then ended.
+// A separate process reaches the search, runs on without a further result, and is then ended.
 TEST(TestMultipleSubsetExpressionsOnOneBlockDeathTest, SearchesWithoutEndForAFlipThatIsNotThere) {
   DataFile file = DataFile::Sample(EXPERIMENT);
   for (const std::size_t row : FLIP_ROWS) file.Set(row, EVENT, "cue");

@@ -17,7 +17,7 @@ const char* const EVENT = "Event\nName";
 const char* const TIME = "Cumulative\nTime";
 const std::string CHECK = "CHECK_TIMESTAMP_";
 
-// Runs body in a process of its own, which ends with status 0 if no expectation in it failed. It ends
+// Runs body in a separate process, which ends with status 0 if no expectation in it failed. It ends
 // at once: what main holds is not given back in it, and a leak checker would take that for leaks.
 #define EXPECT_IN_FRESH_PROCESS(body)                                            \
   GTEST_FLAG_SET(death_test_style, "threadsafe");                                \

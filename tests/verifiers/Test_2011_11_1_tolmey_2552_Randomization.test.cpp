@@ -23,7 +23,7 @@ std::string CheckFailed(const std::string& proportion) {
                   proportion + ".");
 }
 
-// A file of so many rows, of which the first ones are blue and the others have this text.
+// A file with this number of rows; the first ones are blue and the others have this text.
 DataFile Flips(std::size_t blue, std::size_t rows, const std::string& other = "Red") {
   std::vector<std::vector<std::string>> cells;
   for (std::size_t row = 0; row < rows; ++row) {

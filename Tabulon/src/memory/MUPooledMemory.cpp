@@ -1,5 +1,6 @@
 #include "Tabulon/src/memory/MUPooledMemory.h"
 
+#include <algorithm>
 #include <atomic>
 #include <cstdint>
 #include <mutex>
@@ -22,6 +23,11 @@ void* MUAllocatePooled(std::size_t bytes) {
   return ::operator new(bytes);
 }
 void MUFreePooled(void* memory, std::size_t) noexcept { ::operator delete(memory); }
+
+void MUPooledPieces::Refill(std::size_t) {
+  m_next = static_cast<char*>(MUAllocatePooled(m_bytes));
+  m_left = 1;
+}
 
 #else
 
@@ -52,7 +58,7 @@ Chunk* spare = nullptr;    // an empty one for the next time
 int chunkCount = 0;
 bool maySpare = true;
 
-// Frees the spare chunk when the library goes.
+// Frees the spare chunk when the library is unloaded.
 struct Janitor {
   ~Janitor() {
     const std::lock_guard<std::mutex> lock(guard);
@@ -86,11 +92,10 @@ void Discard(Chunk* chunk) {
   }
 }
 
-}  // namespace
+std::size_t SizeOfPiece(std::size_t bytes) { return RoundedUp(bytes == 0 ? 1 : bytes, ALIGNMENT); }
 
-void* MUAllocatePooled(std::size_t bytes) {
-  if (bytes > MOST_BYTES) throw std::bad_alloc();
-  const std::size_t size = RoundedUp(bytes == 0 ? 1 : bytes, ALIGNMENT);
+// So many pieces side by side, of this size together.
+void* Allocate(std::size_t size, std::size_t pieces) {
   const std::lock_guard<std::mutex> lock(guard);
   Chunk* chunk = current;
   if (size > CHUNK_SIZE - HEAD) {
@@ -100,8 +105,15 @@ void* MUAllocatePooled(std::size_t bytes) {
   }
   void* const memory = reinterpret_cast<char*>(chunk) + chunk->used;
   chunk->used += size;
-  chunk->pieces.fetch_add(1, std::memory_order_relaxed);
+  chunk->pieces.fetch_add(pieces, std::memory_order_relaxed);
   return memory;
+}
+
+}  // namespace
+
+void* MUAllocatePooled(std::size_t bytes) {
+  if (bytes > MOST_BYTES) throw std::bad_alloc();
+  return Allocate(SizeOfPiece(bytes), 1);
 }
 
 void MUFreePooled(void* memory, std::size_t bytes) noexcept {
@@ -114,10 +126,23 @@ void MUFreePooled(void* memory, std::size_t bytes) noexcept {
   }
   const std::lock_guard<std::mutex> lock(guard);
   // What was handed out last can be handed out again.
-  const std::size_t size = RoundedUp(bytes == 0 ? 1 : bytes, ALIGNMENT);
+  const std::size_t size = SizeOfPiece(bytes);
   const auto end = address - reinterpret_cast<std::uintptr_t>(chunk) + size;
   if (end == chunk->used) chunk->used -= size;
   if (chunk->pieces.fetch_sub(1, std::memory_order_acq_rel) == 1) Discard(chunk);
 }
 
+void MUPooledPieces::Refill(std::size_t most) {
+  constexpr std::size_t LARGEST_SUPPLY = std::size_t{16} * 1024;
+  if (m_bytes > MOST_BYTES) throw std::bad_alloc();
+  m_stride = SizeOfPiece(m_bytes);
+  const std::size_t count = std::min(most, std::max<std::size_t>(LARGEST_SUPPLY / m_stride, 1));
+  m_next = static_cast<char*>(Allocate(count * m_stride, count));
+  m_left = count;
+}
+
 #endif
+
+MUPooledPieces::~MUPooledPieces() {
+  for (; m_left > 0; --m_left, m_next += m_stride) MUFreePooled(m_next, m_bytes);
+}

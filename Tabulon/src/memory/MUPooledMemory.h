@@ -16,6 +16,33 @@ void* MUAllocatePooled(std::size_t bytes);
 // Frees a piece. bytes: as many as were asked for.
 void MUFreePooled(void* memory, std::size_t bytes) noexcept;
 
+// Pieces of one size that are asked for one after the other, with one lock for many of them. Each piece is freed by
+// itself, with MUFreePooled, and may outlive this object; what was not taken is freed with it. For one thread.
+class MUPooledPieces {
+ public:
+  explicit MUPooledPieces(std::size_t bytes) : m_bytes(bytes) {}
+  ~MUPooledPieces();
+  MUPooledPieces(const MUPooledPieces&) = delete;
+  MUPooledPieces& operator=(const MUPooledPieces&) = delete;
+
+  // most: how many pieces will be asked for at most, this one included; at least 1. Throws std::bad_alloc.
+  void* Take(std::size_t most) {
+    if (m_left == 0) Refill(most);
+    --m_left;
+    void* const piece = m_next;
+    m_next += m_stride;
+    return piece;
+  }
+
+ private:
+  void Refill(std::size_t most);
+
+  const std::size_t m_bytes;
+  std::size_t m_stride = 0;  // from one piece to the next
+  char* m_next = nullptr;
+  std::size_t m_left = 0;
+};
+
 // Lets a container live in pooled memory. Items that are made without a value are left without one.
 template <typename ITEM>
 struct MUPoolAllocator {

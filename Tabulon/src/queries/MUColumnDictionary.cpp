@@ -39,20 +39,18 @@ MUColumnDictionary::MUColumnDictionary(const MURowStore& rows, const wxString& c
     if (run.block != nullptr && (m_files.empty() || m_files.back().block != run.block)) {
       m_files.push_back({run.block, run.versionOfRows});
     }
-    const std::size_t position =
-        run.block == nullptr || run.block->FindHiddenCell(column) != nullptr
-            ? MUDataFileBlock::NOT_FOUND
-            : run.block->PositionOf(column);
-    if (position != MUDataFileBlock::NOT_FOUND) {
+    if (HasGivenUp()) break;
+    unsigned long key = run.firstKey;
+    if (run.block != nullptr && run.block->FindHiddenCell(column) == nullptr) {
       m_keeper.KeepAll(*run.block);
-      std::size_t line = run.firstRow;
-      for (unsigned long key = run.firstKey; key != run.endKey && !HasGivenUp(); ++key, ++line) {
-        m_everyRowHasTheCell = m_everyRowHasTheCell && position < run.block->CellCount(line);
-        Add(key, run.block->Cell(line, position));
-      }
+      run.block->ForEachCell(run.block->PositionOf(column), run.firstRow, run.LineOf(run.endKey),
+                             [&](const MUCellText& text, bool isThere) {
+                               m_everyRowHasTheCell = m_everyRowHasTheCell && isThere;
+                               Add(key++, text);
+                             });
     } else {
       m_everyRowHasTheCell = false;
-      for (unsigned long key = run.firstKey; key != run.endKey && !HasGivenUp(); ++key) {
+      for (; key != run.endKey; ++key) {
         const MUSingleRowDataPlusRowProperties& row = *rows.find(key);
         if (run.block == nullptr) m_ownRows.push_back(key);
         Add(key, m_keeper.Keep(row, reader.TextOf(row)));

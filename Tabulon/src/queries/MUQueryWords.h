@@ -1,4 +1,4 @@
-// The words of a query: the sets of rows it ranges over, and the texts with a meaning of their own.
+// The words of a query: the sets of rows it ranges over, and the texts with a special meaning.
 #ifndef OMBRELIA_TABULON_SRC_QUERIES_MUQUERYWORDS_H
 #define OMBRELIA_TABULON_SRC_QUERIES_MUQUERYWORDS_H
 

@@ -22,11 +22,10 @@ struct MUSelectedTexts {
 
   std::vector<wxString> ToTexts() const {
     constexpr std::size_t TEXTS_AHEAD = 16;  // are fetched into the cache
-    std::vector<wxString> copies;
-    copies.reserve(texts.size());
+    std::vector<wxString> copies(texts.size());
     for (std::size_t i = 0; i < texts.size(); ++i) {
       if (i + TEXTS_AHEAD < texts.size()) texts[i + TEXTS_AHEAD].Prefetch();
-      copies.push_back(texts[i].ToString());
+      texts[i].CopyInto(copies[i]);
     }
     return copies;
   }

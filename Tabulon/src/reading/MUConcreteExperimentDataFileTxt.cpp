@@ -11,6 +11,7 @@
 #include "Tabulon/src/reading/MUDataRowMaking.h"
 #include "Tabulon/src/reading/MUEasyRedirectMinimalErrorLog.h"
 #include "Tabulon/src/rows/MUColumnNamePlusProperties.h"
+#include "Tabulon/src/rows/MUSingleRowDataPlusRowProperties.h"
 #include "Tabulon/src/text/MUUtilitarianFunctions.h"
 
 namespace {
@@ -110,6 +111,7 @@ MUConcreteExperimentDataFileTxt::MUConcreteExperimentDataFileTxt(
       m_errorHandler(handler),
       m_reactionTimeHeading(GetStandardizedDataFileStringValue(RTIME_COLUMN_HEADING)),
       m_reactionTimePosition(MUDataFileBlock::NOT_FOUND),
+      m_places(sizeof(MUSingleRowDataPlusRowProperties)),
       m_errorPresent(false) {
   OpenSimpleTextFile(file);
   if (m_errorPresent) return;
@@ -331,14 +333,17 @@ MUSingleRowDataPlusRowProperties* MUConcreteExperimentDataFileTxt::CreateAndRetu
   // A negative cursor is above every count as well.
   if (m_currentRow >= m_dataRowCount || m_errorPresent) return nullptr;
   const MUDataFileBlockPtr& block = m_textFile->Lines().block;
-  const auto make = [this](const wxString& name) {
-    MUColumnNamePlusProperties* made = nullptr;
-    MakeOneNewColumn(&made, name, m_fullPath, 0);
-    return made;
-  };
-  MUAppendColumnsForCellsBeyondHeadings(block.get(), m_currentRow, &m_namesInUse, make,
-                                        m_columnsHandedOver ? nullptr : m_columns);
-  MUSingleRowDataPlusRowProperties* row = MUNewRow(block, m_currentRow, m_reactionTimePosition);
+  if (MUHasCellsBeyondHeadings(*block, m_currentRow)) {
+    const auto make = [this](const wxString& name) {
+      MUColumnNamePlusProperties* made = nullptr;
+      MakeOneNewColumn(&made, name, m_fullPath, 0);
+      return made;
+    };
+    MUAppendColumnsForCellsBeyondHeadings(block.get(), m_currentRow, &m_namesInUse, make,
+                                          m_columnsHandedOver ? nullptr : m_columns);
+  }
+  MUSingleRowDataPlusRowProperties* row =
+      MUNewRow(block, m_currentRow, m_reactionTimePosition, &m_places);
   if (advance) ++m_currentRow;
   return row;
 }

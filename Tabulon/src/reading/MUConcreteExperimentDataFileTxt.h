@@ -10,6 +10,7 @@
 #include <deque>
 #include <list>
 
+#include "Tabulon/src/memory/MUPooledMemory.h"
 #include "Tabulon/src/reading/MUDataTextFile.h"
 #include "Tabulon/src/reading/MUInterfaceDataFileInputErrorHandler.h"
 #include "Tabulon/src/reading/MUInterfaceExperimentDataFileInputReader.h"
@@ -96,6 +97,7 @@ class MUConcreteExperimentDataFileTxt : public MUInterfaceExperimentDataFileInpu
   MUInterfaceDataFileInputErrorHandler* m_errorHandler;  // not owned, may be null
   wxString m_reactionTimeHeading;
   std::size_t m_reactionTimePosition;
+  MUPooledPieces m_places;         // for the rows that are made
   MUUniqueNameIndex m_namesInUse;  // the names of all columns
   bool m_errorPresent;
 };

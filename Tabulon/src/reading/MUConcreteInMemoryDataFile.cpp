@@ -18,6 +18,7 @@
 #include "Tabulon/src/reading/MULineEnds.h"
 #include "Tabulon/src/rows/MUColumnNamePlusProperties.h"
 #include "Tabulon/src/rows/MUDataFileBlockBuilder.h"
+#include "Tabulon/src/rows/MUSingleRowDataPlusRowProperties.h"
 #include "Tabulon/src/text/MUCellSplitting.h"
 #include "Tabulon/src/text/MUPlainTextScan.h"
 
@@ -34,7 +35,7 @@ const std::size_t LARGEST_PIECE_OF_READING = 4096;
 
 wxString Trimmed(wxString text) { return text.Trim(true).Trim(false); }
 
-// Puts a file's position back at the end of its life.
+// The destructor restores a file's position.
 class PositionKeeper {
  public:
   explicit PositionKeeper(wxFile* file)
@@ -148,6 +149,7 @@ MUConcreteInMemoryDataFile::MUConcreteInMemoryDataFile(
       m_errorHandler(handler),
       m_reactionTimeHeading(GetStandardizedDataFileStringValue(RTIME_COLUMN_HEADING)),
       m_reactionTimePosition(MUDataFileBlock::NOT_FOUND),
+      m_places(sizeof(MUSingleRowDataPlusRowProperties)),
       m_errorPresent(false) {
   try {
     Load(file);
@@ -300,15 +302,17 @@ MUSingleRowDataPlusRowProperties* MUConcreteInMemoryDataFile::CreateAndReturnCur
     bool advance) {
   // A negative cursor is above every count as well.
   if (m_currentRow >= m_dataRowCount || m_errorPresent) return nullptr;
-  const auto make = [this](const wxString& name) {
-    MUColumnNamePlusProperties* made = nullptr;
-    MakeOneNewColumn(&made, name, m_fullPath, 0);
-    return made;
-  };
-  MUAppendColumnsForCellsBeyondHeadings(m_lines.block.get(), m_currentRow, &m_namesInUse, make,
-                                        m_columnsHandedOver ? nullptr : m_columns);
+  if (MUHasCellsBeyondHeadings(*m_lines.block, m_currentRow)) {
+    const auto make = [this](const wxString& name) {
+      MUColumnNamePlusProperties* made = nullptr;
+      MakeOneNewColumn(&made, name, m_fullPath, 0);
+      return made;
+    };
+    MUAppendColumnsForCellsBeyondHeadings(m_lines.block.get(), m_currentRow, &m_namesInUse, make,
+                                          m_columnsHandedOver ? nullptr : m_columns);
+  }
   MUSingleRowDataPlusRowProperties* row =
-      MUNewRow(m_lines.block, m_currentRow, m_reactionTimePosition);
+      MUNewRow(m_lines.block, m_currentRow, m_reactionTimePosition, &m_places);
   if (advance) ++m_currentRow;
   return row;
 }

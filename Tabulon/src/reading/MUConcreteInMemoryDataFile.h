@@ -9,6 +9,7 @@
 #include <deque>
 #include <list>
 
+#include "Tabulon/src/memory/MUPooledMemory.h"
 #include "Tabulon/src/reading/MUInterfaceDataFileInputErrorHandler.h"
 #include "Tabulon/src/reading/MUInterfaceExperimentDataFileInputReader.h"
 #include "Tabulon/src/rows/MUDataFileLines.h"
@@ -84,6 +85,7 @@ class MUConcreteInMemoryDataFile : public MUInterfaceExperimentDataFileInputRead
   MUInterfaceDataFileInputErrorHandler* m_errorHandler;  // not owned, may be null
   wxString m_reactionTimeHeading;
   std::size_t m_reactionTimePosition;
+  MUPooledPieces m_places;         // for the rows that are made
   MUUniqueNameIndex m_namesInUse;  // the names of all columns
   bool m_errorPresent;
 };

@@ -44,10 +44,9 @@ bool MUTrimNamesAndMakeThemUnique(MUColumns& columns, MUUniqueNameIndex* namesIn
     wxString& name = column->m_columnName;
     name.Trim(true).Trim(false);
     const std::size_t lengthBefore = name.length();
-    name = namesInUse->UniqueForm(name);
+    name = namesInUse->AddUniqueForm(name);
     appendedSigns += name.length() - lengthBefore;
     if (appendedSigns > MU_LARGEST_NUMBER_OF_APPENDED_SIGNS) return false;
-    namesInUse->Add(name);
   }
   return true;
 }

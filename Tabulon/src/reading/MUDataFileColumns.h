@@ -42,7 +42,7 @@ void MUAddSecondHeadingRow(const std::vector<wxString>& cells, const MUColumnMak
 // unique then.
 bool MUTrimNamesAndMakeThemUnique(MUColumns& columns, MUUniqueNameIndex* namesInUse);
 
-// True if a line of the block has so many cells beyond the last column that the names of their columns would take
+// True if the block has a line so long that the names of the columns beyond the last one would take
 // too many number signs. Looks at all rows.
 bool MUHasTooManyCellsBeyondColumns(const MUDataFileBlock& block, std::size_t columnCount);
 

@@ -10,17 +10,18 @@ void MUAppendColumnsForCellsBeyondHeadings(MUDataFileBlock* block, std::size_t r
                                            MUColumns* columns) {
   const std::size_t cellCount = block->CellCount(row);
   while (block->ColumnCount() < cellCount) {
-    const wxString name = namesInUse->UniqueForm(
+    const wxString name = namesInUse->AddUniqueForm(
         MUInterfaceExperimentDataFileInputReader::COL_HEAD_STRING_VALUE_WHEN_COLNAME_IS_MISSING);
     if (columns) columns->push_back(make(name));
     block->AppendColumnName(name);
-    namesInUse->Add(name);
   }
 }
 
 MUSingleRowDataPlusRowProperties* MUNewRow(const MUDataFileBlockPtr& block, std::size_t row,
-                                           std::size_t reactionTimePosition) {
-  auto* made = new MUSingleRowDataPlusRowProperties(block, row, block->ColumnCount());
+                                           std::size_t reactionTimePosition,
+                                           MUPooledPieces* places) {
+  void* const place = places->Take(block->RowCount() - row);
+  auto* made = new (place) MUSingleRowDataPlusRowProperties(block, row, block->ColumnCount());
   made->m_reactionTime = MUReactionTimeOf(made->CellAt(reactionTimePosition));
   return made;
 }

@@ -9,6 +9,12 @@
 #include "Tabulon/src/text/MUCellText.h"
 
 struct MUSingleRowDataPlusRowProperties;
+class MUPooledPieces;
+
+// Whether the row has cells beyond the block's last column.
+inline bool MUHasCellsBeyondHeadings(const MUDataFileBlock& block, std::size_t row) {
+  return block.CellCount(row) > block.ColumnCount();
+}
 
 // Gives the cells of the row that lie beyond the block's last column new columns, named after a missing heading.
 // namesInUse holds all names of the block, before and after. The new columns are appended to columns as well, to
@@ -18,9 +24,10 @@ void MUAppendColumnsForCellsBeyondHeadings(MUDataFileBlock* block, std::size_t r
                                            MUColumns* columns);
 
 // A new row over all columns that the block has now; the caller deletes it. It shares the block. Its reaction time
-// is that of the cell at reactionTimePosition, which may be MUDataFileBlock::NOT_FOUND.
+// is that of the cell at reactionTimePosition, which may be MUDataFileBlock::NOT_FOUND. places: of a row's size.
 MUSingleRowDataPlusRowProperties* MUNewRow(const MUDataFileBlockPtr& block, std::size_t row,
-                                           std::size_t reactionTimePosition);
+                                           std::size_t reactionTimePosition,
+                                           MUPooledPieces* places);
 
 // The cell as a number of milliseconds, as wxString's own conversion reads it in the current locale. A cell that is
 // not a number as a whole gives MUSingleRowDataPlusRowProperties::NO_REACTION_TIME.

@@ -69,7 +69,7 @@ bool MUDataTextFile::ReadBytes(MUPoolVector<char>* bytes) {
   const auto expected = static_cast<std::size_t>(m_size);
   const auto most = static_cast<std::size_t>(m_largestSize) + 1;
   if (!MUReadBytes(m_file, expected, most, most, bytes)) return false;
-  // A file that grows, or has no size of its own, as a device, shows only now how large it is.
+  // The size of a file that grows, or of a device, is known only now.
   m_size = std::max<std::uint64_t>(m_size, bytes->size());
   return !IsTooLarge();
 }
@@ -77,14 +77,17 @@ bool MUDataTextFile::ReadBytes(MUPoolVector<char>* bytes) {
 bool MUDataTextFile::TakeLines(MUDecodedText& text) {
   if (!text.wide.empty()) {
     const wchar_t* const end = text.wide.data() + text.wide.size();
-    return TakeRows(TakeHeader<wchar_t>(text.wide.data(), end), end);
+    return TakeWideRows(TakeHeader<wchar_t>(text.wide.data(), end), end);
   }
   const char* const begin = text.narrow.data();
   const char* const end = begin + text.narrow.size();
   const char* const rows = TakeHeader(begin, end);
   MUPlainTextMeasure measure;
   const auto length = static_cast<std::size_t>(end - rows);
-  if (!MUMeasureVisibleText(rows, length, &measure)) return TakeRows(rows, end);
+  if (!MUMeasureVisibleText(rows, length, &measure)) {
+    m_lines.block = Builder::TakeOddLines(rows, end);
+    return m_lines.block != nullptr;
+  }
   m_lines.block =
       Builder::TakeNarrowLines(text.narrow, static_cast<std::size_t>(rows - begin),
                                measure.lineFeeds + 1, measure.tabs + measure.lineFeeds + 1);
@@ -104,11 +107,10 @@ const CHAR* MUDataTextFile::TakeHeader(const CHAR* begin, const CHAR* end) {
   return rows;
 }
 
-template <typename CHAR>
-bool MUDataTextFile::TakeRows(const CHAR* begin, const CHAR* end) {
+bool MUDataTextFile::TakeWideRows(const wchar_t* begin, const wchar_t* end) {
   MUVisibleMeasure measure;
   std::size_t rowCount = 0;
-  ForEachLine(begin, end, [&](const CHAR* line, const CHAR* lineEnd, const CHAR*) {
+  ForEachLine(begin, end, [&](const wchar_t* line, const wchar_t* lineEnd, const wchar_t*) {
     measure.Add(line, lineEnd);
     ++rowCount;
     return true;
@@ -116,7 +118,7 @@ bool MUDataTextFile::TakeRows(const CHAR* begin, const CHAR* end) {
   Builder builder(measure.isNarrow ? Builder::Width::NARROW : Builder::Width::WIDE);
   builder.Reserve(measure.characters, rowCount, measure.tabs + rowCount);
   bool allFit = true;
-  ForEachLine(begin, end, [&](const CHAR* line, const CHAR* lineEnd, const CHAR*) {
+  ForEachLine(begin, end, [&](const wchar_t* line, const wchar_t* lineEnd, const wchar_t*) {
     allFit = builder.AppendRow(line, lineEnd);
     return allFit;
   });

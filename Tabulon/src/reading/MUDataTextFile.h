@@ -42,8 +42,7 @@ class MUDataTextFile : public wxTextFile {
   bool TakeLines(MUDecodedText& text);
   template <typename CHAR>
   const CHAR* TakeHeader(const CHAR* begin, const CHAR* end);
-  template <typename CHAR>
-  bool TakeRows(const CHAR* begin, const CHAR* end);
+  bool TakeWideRows(const wchar_t* begin, const wchar_t* end);
 
   const std::size_t m_headerLines;
   const std::uint64_t m_largestSize;

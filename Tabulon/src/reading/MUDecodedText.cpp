@@ -8,6 +8,12 @@
 #include <cstring>
 #include <utility>
 
+#include "Tabulon/src/machine/MUMachine.h"
+
+#if MU_HAS_SSE2
+#include <emmintrin.h>
+#endif
+
 namespace {
 
 using Bytes = MUPoolVector<char>;
@@ -100,30 +106,57 @@ std::uint32_t UnitAt(const char* at, bool isBigEndian) {
   return isBigEndian ? ByteAt(at) << 8 | ByteAt(at + 1) : ByteAt(at + 1) << 8 | ByteAt(at);
 }
 
+// True if no unit has a bit in its high byte: then each is a character below 256.
+bool AreNarrowUnits(const char* at, const char* end, bool isBigEndian) {
+  constexpr char HIGH_BYTES[] = {'\xFF', 0, '\xFF', 0, '\xFF', 0, '\xFF', 0, '\xFF'};
+  std::uint64_t mask = 0;
+  std::memcpy(&mask, HIGH_BYTES + (isBigEndian ? 0 : 1), sizeof mask);
+  std::uint64_t allBits = 0;
+  std::uint64_t word = 0;
+  for (; static_cast<std::size_t>(end - at) >= sizeof word; at += sizeof word) {
+    std::memcpy(&word, at, sizeof word);
+    allBits |= word;
+  }
+  for (; at != end; at += 2) {
+    if (UnitAt(at, isBigEndian) >= 256) return false;
+  }
+  return (allBits & mask) == 0;
+}
+
+void DecodeNarrowUnits(const char* at, const char* end, bool isBigEndian, char* to) {
+#if MU_HAS_SSE2
+  constexpr std::ptrdiff_t WIDTH = 16;
+  const int shift = isBigEndian ? 8 : 0;
+  for (; end - at >= 2 * WIDTH; at += 2 * WIDTH, to += WIDTH) {
+    const auto* const units = reinterpret_cast<const __m128i*>(at);
+    const __m128i first = _mm_srli_epi16(_mm_loadu_si128(units), shift);
+    const __m128i second = _mm_srli_epi16(_mm_loadu_si128(units + 1), shift);
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(to), _mm_packus_epi16(first, second));
+  }
+#endif
+  for (at += isBigEndian ? 1 : 0; at < end; at += 2) *to++ = *at;
+}
+
 // True, with the text, if every unit is a character by itself.
 bool DecodePlainUtf16(const Bytes& bytes, bool isBigEndian, MUDecodedText* text) {
   if (bytes.size() % 2 != 0) return false;
   const std::size_t count = bytes.size() / 2 - 1;
   const char* const first = bytes.data() + 2;
-  std::uint32_t allBits = 0;
+  const char* const end = bytes.data() + bytes.size();
+  if (AreNarrowUnits(first, end, isBigEndian)) {
+    text->narrow.resize(count);
+    DecodeNarrowUnits(first, end, isBigEndian, text->narrow.data());
+    return true;
+  }
   bool hasSurrogate = false;
+  text->wide.resize(count);
   for (std::size_t i = 0; i < count; ++i) {
     const std::uint32_t unit = UnitAt(first + 2 * i, isBigEndian);
-    allBits |= unit;
+    text->wide[i] = static_cast<wchar_t>(unit);
     hasSurrogate = hasSurrogate || (unit & 0xF800) == 0xD800;
   }
-  if (hasSurrogate) return false;
-  if (allBits < 256) {
-    text->narrow.resize(count);
-    const char* const low = first + (isBigEndian ? 1 : 0);
-    for (std::size_t i = 0; i < count; ++i) text->narrow[i] = low[2 * i];
-  } else {
-    text->wide.resize(count);
-    for (std::size_t i = 0; i < count; ++i) {
-      text->wide[i] = static_cast<wchar_t>(UnitAt(first + 2 * i, isBigEndian));
-    }
-  }
-  return true;
+  if (hasSurrogate) MUPoolVector<wchar_t>().swap(text->wide);
+  return !hasSurrogate;
 }
 
 // False, and the bytes are as they were, if only the library knows.
@@ -191,5 +224,6 @@ MUDecodedText DecodeByLibrary(const Bytes& bytes) {
 
 MUDecodedText MUDecode(Bytes& bytes) {
   MUDecodedText text;
-  return DecodeByOurselves(bytes, &text) ? text : DecodeByLibrary(bytes);
+  if (!DecodeByOurselves(bytes, &text)) text = DecodeByLibrary(bytes);
+  return text;
 }

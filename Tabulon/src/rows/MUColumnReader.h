@@ -5,6 +5,7 @@
 #include <wx/string.h>
 
 #include <cstddef>
+#include <optional>
 #include <unordered_map>
 
 #include "Tabulon/src/rows/MUDataFileBlock.h"
@@ -24,6 +25,21 @@ class MUColumnReader {
     if (row.Block() == nullptr || row.HasOverlay()) return TextOfRecord(row);
     if (row.Block() != m_block) LookUpIn(*row.Block());
     return m_hiddenText != nullptr ? ViewOf(*m_hiddenText) : row.CellAt(m_position);
+  }
+
+  // What the row's line says of the cell, whatever entries the row has of its own; no value if the file had no such
+  // column when the row was read. The row must have a block.
+  std::optional<MUCellText> TextInLine(const MUSingleRowDataPlusRowProperties& row) {
+    if (row.Block() != m_block) LookUpIn(*row.Block());
+    if (m_hiddenText != nullptr) return ViewOf(*m_hiddenText);
+    if (m_position >= row.m_text.ColumnCount()) return std::nullopt;
+    return row.CellAt(m_position);
+  }
+
+  // The text of the cell in a line of a file, whose row must be a mere view of it.
+  MUCellText TextOf(const MUDataFileBlock& block, std::size_t line) {
+    if (&block != m_block) LookUpIn(block);
+    return m_hiddenText != nullptr ? ViewOf(*m_hiddenText) : block.Cell(line, m_position);
   }
 
   // True, with the cell's position in the row's line, if the row is a mere view of its file's block and the cell is

@@ -4,6 +4,7 @@
 
 #include <wx/string.h>
 
+#include <algorithm>
 #include <boost/smart_ptr/intrusive_ptr.hpp>
 #include <cstddef>
 #include <cstdint>
@@ -48,6 +49,43 @@ class MUDataFileBlock {
     return m_isWide ? MUCellText(m_wideText.data() + offset, length)
                     : MUCellText(m_narrowText.data() + offset, length);
   }
+  // Calls action(text, isThere) for the cell at the position in each of the rows from firstRow up to endRow, which
+  // is not one of them. isThere: whether the row's line reaches to the position; the text is empty where it does
+  // not. The rows must be the block's; any position will do.
+  template <typename ACTION>
+  void ForEachCell(std::size_t position, std::size_t firstRow, std::size_t endRow,
+                   ACTION action) const {
+    const auto walk = [&](const auto& text, const auto& cellEnds) {
+      for (std::size_t row = firstRow; row != endRow; ++row) {
+        const Row& place = m_rows[row];
+        if (position >= m_rows[row + 1].firstCell - place.firstCell) {
+          action(MUCellText(), false);
+          continue;
+        }
+        const std::size_t cell = place.firstCell + position;
+        const std::size_t start = position == 0 ? 0 : std::size_t{cellEnds[cell - 1]} + 1;
+        if (endRow - row > ROWS_AHEAD) {
+          // The cell that comes will be found about as far from its row's start as this one.
+          const Row& ahead = m_rows[row + ROWS_AHEAD];
+          MUPrefetch(&text[std::min(ahead.textStart + start, text.size() - 1)]);
+          MUPrefetch(&cellEnds[std::min(ahead.firstCell + position, cellEnds.size() - 1)]);
+        }
+        action(MUCellText(text.data() + place.textStart + start, cellEnds[cell] - start), true);
+      }
+    };
+    const auto walkText = [&](const auto& text) {
+      if (m_longCellEnds.empty()) {
+        walk(text, m_shortCellEnds);
+      } else {
+        walk(text, m_longCellEnds);
+      }
+    };
+    if (m_isWide) {
+      walkText(m_wideText);
+    } else {
+      walkText(m_narrowText);
+    }
+  }
   // Call up into the cache what Cell reads. PrefetchCell reads what PrefetchRow called, so it comes some time
   // later. The row must be one of the block's.
   void PrefetchRow(std::size_t row) const { MUPrefetch(&m_rows[row]); }
@@ -83,7 +121,11 @@ class MUDataFileBlock {
   // Changes whenever a row of the block gets its first own entry or becomes another row; compare it to
   // detect what was concluded from the block alone and no longer holds. Rows call NoteChangedRow.
   unsigned long VersionOfRows() const { return m_versionOfRows; }
-  void NoteChangedRow() const { ++m_versionOfRows; }
+  void NoteChangedRow() const { m_versionOfRows = ++m_changeCount; }
+  // How many such changes there have been; no two of them lead to the same version.
+  unsigned long ChangeCount() const { return m_changeCount; }
+  // The last change was taken back: all rows are again as they were at that version.
+  void NoteChangeTakenBack(unsigned long version) const { m_versionOfRows = version; }
 
  private:
   friend class MUDataFileBlockBuilder;
@@ -93,6 +135,8 @@ class MUDataFileBlock {
   }
 
   ~MUDataFileBlock() = default;
+
+  static constexpr std::size_t ROWS_AHEAD = 16;  // are called up into the cache during a walk
 
   std::size_t CellEnd(std::size_t cell) const {
     return m_longCellEnds.empty() ? m_shortCellEnds[cell] : m_longCellEnds[cell];
@@ -106,6 +150,7 @@ class MUDataFileBlock {
 
   mutable std::size_t m_references;
   mutable unsigned long m_versionOfRows = 0;
+  mutable unsigned long m_changeCount = 0;
   bool m_isWide;
   MUPoolVector<char> m_narrowText;
   MUPoolVector<wchar_t> m_wideText;

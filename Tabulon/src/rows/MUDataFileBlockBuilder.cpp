@@ -45,10 +45,37 @@ void ForEachControlCharacter(const wchar_t* begin, const wchar_t* end, const TAK
   }
 }
 
+template <typename MARK, typename TAKE>
+void ForEachMarked(const char* begin, const char* end, const MARK& mark, const TAKE& take) {
+  MUForEachMarked(begin, 0, static_cast<std::size_t>(end - begin), mark,
+                  [&](std::size_t position) { take(begin + position); });
+}
+
 template <typename TAKE>
 void ForEachControlCharacter(const char* begin, const char* end, const TAKE& take) {
-  MUForEachMarked(begin, 0, static_cast<std::size_t>(end - begin), MUMarkControlCharacters,
-                  [&](std::size_t position) { take(begin + position); });
+  ForEachMarked(begin, end, MUMarkControlCharacters, take);
+}
+
+// Where the text goes on behind the line end at the place.
+const char* BehindLineEnd(const char* at, const char* end) {
+  return end - at > 1 && at[1] == '\n' ? at + 2 : at + 1;
+}
+
+// How long the text is once its line ends are line feeds and its control characters are visible.
+std::size_t VisibleLength(const char* begin, const char* end) {
+  MUVisibleMeasure measure;
+  const char* piece = begin;
+  ForEachMarked(begin, end, MUMarkOddCharacters, [&](const char* at) {
+    measure.characters += static_cast<std::size_t>(at - piece);
+    if (*at == '\r') {
+      piece = BehindLineEnd(at, end);
+      ++measure.characters;
+    } else {
+      piece = MUBeginsEscapePair(at, end) ? at + 2 : at + 1;
+      measure.Add(at, piece);
+    }
+  });
+  return measure.characters + static_cast<std::size_t>(end - piece);
 }
 
 }  // namespace
@@ -85,6 +112,27 @@ MUDataFileBlockPtr MUDataFileBlockBuilder::TakeNarrowLines(MUPoolVector<char>& t
   return builder.Take();
 }
 
+MUDataFileBlockPtr MUDataFileBlockBuilder::TakeOddLines(const char* begin, const char* end) {
+  const std::size_t length = VisibleLength(begin, end);
+  if (length > LARGEST_OFFSET) return nullptr;
+  MUPoolVector<char> text;
+  text.reserve(length);
+  const char* piece = begin;
+  ForEachMarked(begin, end, MUMarkOddCharacters, [&](const char* at) {
+    AppendAs(text, piece, at);
+    if (*at == '\r') {
+      text.push_back('\n');
+      piece = BehindLineEnd(at, end);
+    } else {
+      piece = MUAppendVisibleForm(at, end, text);
+    }
+  });
+  AppendAs(text, piece, end);
+  MUPlainTextMeasure measure;
+  MUMeasureVisibleText(text.data(), text.size(), &measure);
+  return TakeNarrowLines(text, 0, measure.lineFeeds + 1, measure.tabs + measure.lineFeeds + 1);
+}
+
 template <typename END>
 bool MUDataFileBlockBuilder::AppendPlainRows(std::size_t start, std::size_t mostCells,
                                              MUPoolVector<END>& ends) {
@@ -103,15 +151,25 @@ bool MUDataFileBlockBuilder::AppendPlainRows(std::size_t start, std::size_t most
     EndRow(rowStart, static_cast<std::size_t>(end - ends.data()));
     firstEnd = end;
   };
-  MUForEachDelimiter(text, rowStart, length, [&](std::size_t position) {
-    if (text[position] == '\t') {
-      *end++ = static_cast<END>(position - rowStart);
-      return;
+  // Written out, for all of it is to stay in the processor's registers.
+  constexpr std::size_t MASKS_AT_ONCE = 16;
+  MUByteMask masks[MASKS_AT_ONCE];
+  for (std::size_t from = start; from < length; from += MASKS_AT_ONCE * MU_MASK_WIDTH) {
+    const std::size_t count = std::min(length - from, MASKS_AT_ONCE * MU_MASK_WIDTH);
+    MUMarkDelimiters(text + from, count, masks);
+    for (std::size_t first = 0; first < count; first += MU_MASK_WIDTH) {
+      for (MUByteMask left = masks[first / MU_MASK_WIDTH]; left != 0; left &= left - 1) {
+        const std::size_t position = from + first + MULowestBit(left);
+        if (text[position] == '\t') {
+          *end++ = static_cast<END>(position - rowStart);
+          continue;
+        }
+        const bool isDosLineEnd = position > rowStart && text[position - 1] == '\r';
+        endRow(isDosLineEnd ? position - 1 : position);
+        rowStart = position + 1;
+      }
     }
-    const bool isDosLineEnd = position > rowStart && text[position - 1] == '\r';
-    endRow(isDosLineEnd ? position - 1 : position);
-    rowStart = position + 1;
-  });
+  }
   if (rowStart < length) endRow(length);
   ends.resize(static_cast<std::size_t>(end - ends.data()));
   return longestRow <= std::numeric_limits<END>::max();

@@ -34,6 +34,11 @@ class MUDataFileBlockBuilder {
   static MUDataFileBlockPtr TakeNarrowLines(MUPoolVector<char>& text, std::size_t first,
                                             std::size_t lineCount, std::size_t mostCells);
 
+  // The same for text of one byte per character of any kind: a line may also end in a carriage return alone, and
+  // control characters become visible. Two passes more and a copy. Null if the text becomes too long for the
+  // block's offsets.
+  static MUDataFileBlockPtr TakeOddLines(const char* begin, const char* end);
+
   // Takes memory for this much text and this many rows and cells at once. More will fit, too.
   void Reserve(std::size_t characters, std::size_t rows, std::size_t cells);
 

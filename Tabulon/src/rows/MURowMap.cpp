@@ -78,7 +78,7 @@ std::size_t PositionCount(const MURowText& text) {
   return KIND == Kind::CELLS ? text.ColumnCount() : text.CellCount();
 }
 
-// The entry that the block gives for a key. A hidden cell goes before a column of the same name, and
+// The entry that the block gives for a key. A hidden cell takes precedence over a column of the same name, and
 // the first column before a later one.
 template <Kind KIND>
 std::optional<MURowMapped<KIND>> FindInBlock(const MURowText& text, const wxString& key) {

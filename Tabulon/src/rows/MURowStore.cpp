@@ -59,7 +59,7 @@ void MURowStore::AppendToRuns(unsigned long key, const Row* row) const {
   m_runs.push_back({key, key + 1, block, line, version});
 }
 
-// Lets go of the blocks, too: with their rows they shall go.
+// Releases the blocks, too: they are freed with their rows.
 void MURowStore::ForgetRuns() const {
   m_runs.clear();
   m_runsStand = false;

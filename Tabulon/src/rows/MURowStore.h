@@ -44,6 +44,8 @@ class MURowStore {
     unsigned long versionOfRows;  // the block's when the run was made
 
     bool Holds(unsigned long key) const { return firstKey <= key && key < endKey; }
+    // Of a key that the run holds, or endKey.
+    std::size_t LineOf(unsigned long key) const { return firstRow + (key - firstKey); }
     // Whether the block alone tells what the rows' cells are.
     bool IsPlain() const { return block != nullptr && block->VersionOfRows() == versionOfRows; }
   };
@@ -110,6 +112,8 @@ class MURowStore {
     const Page* page = m_pages[key / PAGE_SIZE].get();
     return page == nullptr ? nullptr : page->rows[key % PAGE_SIZE];
   }
+  // Calls the key's row up into the cache, if there is one.
+  void Prefetch(unsigned long key) const { Prefetch(find(key)); }
   // row must not be null. False, with nothing changed, if the key is taken.
   bool insert(unsigned long key, Row* row);
   // Whether there was such a row.

@@ -29,3 +29,13 @@ MURowOverlays& MURowText::MakeOverlays() const {
   }
   return *m_overlays;
 }
+
+void MURowText::LendOverlays(std::unique_ptr<MURowOverlays> overlays) const {
+  m_overlays = overlays.release();
+  m_block->NoteChangedRow();
+}
+
+std::unique_ptr<MURowOverlays> MURowText::TakeOverlaysBack(unsigned long version) const {
+  m_block->NoteChangeTakenBack(version);
+  return std::unique_ptr<MURowOverlays>(std::exchange(m_overlays, nullptr));
+}

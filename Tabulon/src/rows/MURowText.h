@@ -4,12 +4,13 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 
 #include "Tabulon/src/rows/MUDataFileBlock.h"
 
 struct MURowOverlays;
 
-// Effect: leads from a row to the cells of its line, and to the entries that the row has of its own.
+// Effect: leads from a row to the cells of its line, and to the row's own entries.
 // Cost: 24 bytes a row. A copy shares the block and copies the row's own entries.
 // Lifetime: shares the ownership of the block and owns the entries; what is borrowed holds until the row
 // dies, is assigned to, or the entry is erased.
@@ -43,6 +44,11 @@ class MURowText {
   const MURowOverlays* Overlays() const { return m_overlays; }
   // The same, made if there are none; the first call of a row changes its block's VersionOfRows.
   MURowOverlays& MakeOverlays() const;
+  // Gives entries to a row of a block that has none of its own; changes the block's VersionOfRows, too.
+  void LendOverlays(std::unique_ptr<MURowOverlays> overlays) const;
+  // Takes all entries from a row that had none at that version of its block, since when the block has seen no
+  // other change: it goes back to that version.
+  std::unique_ptr<MURowOverlays> TakeOverlaysBack(unsigned long version) const;
 
  private:
   MUDataFileBlockPtr m_block;

@@ -132,7 +132,7 @@ class MUKeyedSort {
   MUScratchArray<Entry> m_wide;
 };
 
-// A key that orders as the numbers do. -0.0 is 0.0; not-a-number has a place of its own, at an end.
+// A key that orders as the numbers do. -0.0 is 0.0; not-a-number has its own place, at an end.
 std::uint64_t KeyOfNumber(double number);
 
 #endif

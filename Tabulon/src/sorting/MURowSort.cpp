@@ -77,7 +77,7 @@ std::optional<MUTextSort> TextsOf(const Row* const* rows, std::size_t count,
                                   const wxString& column) {
   std::optional<MUTextSort> sort(count);
   MUColumnReader reader(column);
-  // A line without any cell has keys of its own under the empty name; only the maps know them.
+  // A line without any cell has its own keys under the empty name; only the maps know them.
   const bool linesTellAll = !column.empty();
   for (std::size_t i = 0; i < count; ++i) {
     const Row& row = *rows[i];

@@ -9,7 +9,7 @@
 #include "Tabulon/src/sorting/MUKeyedSort.h"
 #include "Tabulon/src/text/MUCellText.h"
 
-// Effect: orders texts by their three sort keys. Of texts with equal keys, those that the keys cover whole
+// Effect: orders texts by their three sort keys. Among texts with equal keys, those that the keys cover whole
 // come first, then the others by their full text. Texts that are equal in all this keep the order in which
 // they were added.
 // Cost: 8 bytes per text while all are short, else 24, and 16 more from the first one that its keys do not

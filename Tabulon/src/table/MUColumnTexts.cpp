@@ -9,6 +9,8 @@
 namespace {
 
 constexpr std::size_t ROWS_AT_ONCE = 64;
+// From this part of all rows on, it is likely that the rest will be read, too.
+constexpr std::size_t PART_OF_A_SCAN = 16;
 
 // Reads one column, up to ROWS_AT_ONCE rows at a time.
 class Window {
@@ -54,7 +56,7 @@ class Window {
       m_position = m_positions.Of(*block, m_names, m_place);
     }
     if (m_position == MUCellPositions::HIDDEN) return {};
-    return {block, m_run->firstRow + (key - m_run->firstKey), m_position};
+    return {block, m_run->LineOf(key), m_position};
   }
 
   MUCellText AskRow(unsigned long key) {
@@ -79,15 +81,44 @@ class Window {
 
 void MUColumnTexts::Read(const MURowStore& rows, const unsigned long* keys, std::size_t count,
                          const std::vector<wxString>& names, std::size_t place, MUCellText* texts) {
+  if (const MUColumnCells* const cells = CellsForScan(rows, names[place], count)) {
+    std::transform(keys, keys + count, texts,
+                   [cells](unsigned long key) { return cells->TextOf(key); });
+    return;
+  }
   Window window(rows, names, place, m_positions, UndefinedText());
   for (std::size_t done = 0; done < count; done += ROWS_AT_ONCE) {
     window.Read(keys + done, std::min(ROWS_AT_ONCE, count - done), texts + done);
   }
 }
 
+// Null while they are not worth their making.
+const MUColumnCells* MUColumnTexts::CellsForScan(const MURowStore& rows, const wxString& column,
+                                                 std::size_t count) {
+  if (count < ROWS_AT_ONCE) return nullptr;
+  if (m_scan.column != column) m_scan = {column, 0, std::nullopt};
+  if (m_scan.cells) {
+    if (count < m_scan.cells->FileCount()) return nullptr;
+    if (m_scan.cells->TellsTheCellsOf(rows)) return &*m_scan.cells;
+    m_scan = {column, 0, std::nullopt};
+  }
+  m_scan.cellsRead += count;
+  if (m_scan.cellsRead < rows.size() / PART_OF_A_SCAN) return nullptr;
+  const auto& runs = rows.Runs();
+  const bool rowsAreLines = std::all_of(
+      runs.begin(), runs.end(), [](const MURowStore::Run& run) { return run.block != nullptr; });
+  if (!rowsAreLines) {
+    m_scan.cellsRead = 0;
+    return nullptr;
+  }
+  m_scan.cells.emplace(rows, column, UndefinedText());
+  return &*m_scan.cells;
+}
+
 MUCellText MUColumnTexts::UndefinedText() const { return MUColumnReader::ViewOf(m_undefinedText); }
 
 void MUColumnTexts::ForgetStale(const MURowStore& rows) {
   m_positions.Clear();
+  m_scan = Scan();
   m_dictionaries.DropStale(rows);
 }

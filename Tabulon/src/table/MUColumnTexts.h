@@ -5,8 +5,10 @@
 #include <wx/string.h>
 
 #include <cstddef>
+#include <optional>
 #include <vector>
 
+#include "Tabulon/src/queries/MUColumnCells.h"
 #include "Tabulon/src/queries/MUColumnDictionaries.h"
 #include "Tabulon/src/rows/MURowStore.h"
 #include "Tabulon/src/table/MUCellPositions.h"
@@ -15,7 +17,7 @@
 // Effect: reads cells by row key and column, and keeps the dictionaries of columns. What it remembers never
 // changes an answer: it is held against the rows and names before it is used.
 // Cost: a cell of a plain row costs no search for a name; the memory of a whole window's rows is fetched
-// side by side.
+// side by side. Of a column of which a good part is read in one go, all cells are then put side by side.
 // Lifetime: texts are borrowed until the cell is written or the row deleted. Files that were read are kept
 // until ForgetStale.
 // Threads: one at a time.
@@ -37,8 +39,19 @@ class MUColumnTexts {
   void ForgetStale(const MURowStore& rows);
 
  private:
+  // The column that is being read in large windows, and how many of its cells have been so far.
+  struct Scan {
+    wxString column;
+    std::size_t cellsRead = 0;
+    std::optional<MUColumnCells> cells;
+  };
+
+  const MUColumnCells* CellsForScan(const MURowStore& rows, const wxString& column,
+                                    std::size_t count);
+
   const wxString& m_undefinedText;
   MUCellPositions m_positions;
+  Scan m_scan;
   MUColumnDictionaries m_dictionaries;
 };
 

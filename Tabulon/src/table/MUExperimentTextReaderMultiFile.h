@@ -37,6 +37,7 @@ struct MUColumnNamePlusProperties;
 class MUInterfaceDataFileInputErrorHandler;
 class MUInterfaceExperimentDataFileInputReader;
 class MUQueryCachingBroker;
+class MURowKeySet;
 class wxFile;
 
 class MUExperimentTextReaderMultiFile : public wxEvtHandler,
@@ -117,7 +118,7 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
 
   // Drops the cached answers that mention the red flag, and no others.
   void ClearRowRedFlagCacheMemory();
-  // Examines 2000 cells at most in search of columns without any text, and goes on there the next time.
+  // Examines 2000 cells at most in search of columns without any text, and continues there the next time.
   void PerformOneTimesliceOfEmptyColumnSearch();
   // The last row and column up to which the last notification left everything as it was; -1 for none.
   void GetOuterLimitsOfPreservedRange(int* row, int* column) const;
@@ -286,9 +287,7 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
                                                          const RowIndexList* indices);
   void SafeStoreNonCachedConstPointerToDeleteLater(const RowIndexList* indices);
   MUSelectedTexts DistinctTexts(const wxString& column, const RowKeys& keys, bool trim) const;
-  template <typename ACTION>
-  void ForEachRowWhere(const wxString& column, const wxString& text, const RowKeys& keys,
-                       ACTION action) const;
+  MURowKeySet RowsWhere(const wxString& column, const wxString& text, const RowKeys& keys) const;
   // Sorting
   void DropAnswersThatDependOnRowOrder();
   // Batches

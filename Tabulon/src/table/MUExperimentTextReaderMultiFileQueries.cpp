@@ -3,16 +3,21 @@
 #include <cstdint>
 #include <memory>
 #include <unordered_set>
+#include <utility>
 
 #include "Tabulon/src/queries/MUColumnDictionary.h"
 #include "Tabulon/src/queries/MUInterfaceRowTruthDecider.h"
 #include "Tabulon/src/queries/MUQueryCachingBroker.h"
 #include "Tabulon/src/queries/MUQueryKeys.h"
 #include "Tabulon/src/queries/MURowIndexInserters.h"
+#include "Tabulon/src/queries/MURowKeySet.h"
 #include "Tabulon/src/rows/MUColumnNamePlusProperties.h"
 #include "Tabulon/src/rows/MUColumnReader.h"
+#include "Tabulon/src/rows/MUColumnWalk.h"
 #include "Tabulon/src/rows/MUFlagTests.h"
+#include "Tabulon/src/rows/MURowLoan.h"
 #include "Tabulon/src/rows/MUSingleRowDataPlusRowProperties.h"
+#include "Tabulon/src/rows/MUTextKeeper.h"
 #include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
 #include "Tabulon/src/text/MUTrimmedText.h"
 
@@ -20,6 +25,9 @@ namespace {
 
 using Row = MUSingleRowDataPlusRowProperties;
 using Key = MUCachingKeySelectedData;
+
+// Are fetched into the cache during a search.
+constexpr std::size_t ROWS_AHEAD = 16;
 
 // The cached answer, or else the one that ask() gives, which then is cached.
 template <typename ANSWER, typename ASK>
@@ -36,6 +44,34 @@ void ForEachRow(const MULargeVector<unsigned long>& keys, const MURowStore& rows
   for (const unsigned long key : keys) {
     if (Row* row = rows.find(key)) action(row);
   }
+}
+
+// The column's cells in the rows that were found, in the order of the keys. Cells are read as they lie in memory,
+// because in a sorted table neighbours are far apart.
+MUSelectedTexts TextsInOrder(const MULargeVector<unsigned long>& keys, MURowKeySet& found,
+                             const MURowStore& rows, const wxString& column) {
+  const auto keeper = std::make_shared<MUTextKeeper>();
+  MUScratchArray<MUCellText> texts(found.CountRanks());
+  std::size_t count = 0;
+  MUColumnReader reader(column);
+  const MURowStore::Run* run = nullptr;
+  found.ForEach([&](unsigned long key) {
+    run = rows.FindPlainRun(key, run);
+    if (run != nullptr) {
+      keeper->KeepAll(*run->block);
+      texts[count++] = reader.TextOf(*run->block, run->LineOf(key));
+    } else {
+      const Row& row = *rows.find(key);
+      texts[count++] = keeper->Keep(row, reader.TextOf(row));
+    }
+  });
+  MUSelectedTexts selected;
+  selected.keeper = keeper;
+  selected.texts.reserve(count);
+  for (const unsigned long key : keys) {
+    if (found.Holds(key)) selected.texts.push_back(texts[found.RankOf(key)]);
+  }
+  return selected;
 }
 
 template <typename TEST>
@@ -251,12 +287,25 @@ MUExperimentTextReaderMultiFile::InternalFindCurrentRowIndicesMatchingRowTruthPr
   // A copy: a decider may search, sort or notify by itself.
   const RowKeys& setKeys = *KeysOfSet(set);
   const RowKeys keys(setKeys.data() + first, setKeys.data() + last + 1);
+  MURowLoan loan;
   for (std::size_t i = 0; i < keys.size(); ++i) {
-    m_loadOrder.LendForASearch();
-    Row* row = m_rows.find(keys[i]);
-    if (row != nullptr && decider->DecideRow(row) == 1) found->push_back(first + i);
+    if (i + ROWS_AHEAD < keys.size()) m_rows.Prefetch(keys[i + ROWS_AHEAD]);
+    Row* const row = m_rows.find(keys[i]);
+    if (row == nullptr) continue;
+    const unsigned long version = m_rows.Version();
+    const bool wasLent = m_loadOrder.LendForACall();
+    loan.Lend(*row);
+    if (decider->DecideRow(row) == 1) found->push_back(first + i);
+    if (m_rows.Version() != version || m_loadOrder.IsLent(keys[i])) {
+      // The row may be gone, or somebody may keep what he borrowed from it.
+      loan.Forget();
+      m_loadOrder.LendForACall();
+    } else if (loan.Return(*row)) {
+      m_loadOrder.ReturnFromACall(wasLent);
+    } else {
+      m_loadOrder.LendForACall();
+    }
   }
-  m_loadOrder.LendForASearch();
 
   const RowIndexList* result = found.release();
   if (key != nullptr) {
@@ -306,10 +355,12 @@ MUSelectedTexts MUExperimentTextReaderMultiFile::DistinctTexts(const wxString& c
   distinct.texts.reserve(std::min(dictionary->TextCount(), keys.size()));
   std::vector<bool> seen(dictionary->TextCount());
   std::unordered_set<MUCellText, MUCellTextHash> seenTrimmed;
-  for (const unsigned long key : keys) {
-    const std::uint32_t number = dictionary->NumberOfRow(key);
+  std::size_t unseen = dictionary->TextCount();
+  for (auto key = keys.begin(); key != keys.end() && unseen != 0; ++key) {
+    const std::uint32_t number = dictionary->NumberOfRow(*key);
     if (number == MUColumnDictionary::NONE || seen[number]) continue;
     seen[number] = true;
+    --unseen;
     const MUCellText& text = dictionary->Text(number);
     if (!trim) {
       distinct.texts.push_back(text);
@@ -320,35 +371,31 @@ MUSelectedTexts MUExperimentTextReaderMultiFile::DistinctTexts(const wxString& c
   return distinct;
 }
 
-// Calls action(row) for the rows behind the keys, in their order, whose cell in the column is this text.
-template <typename ACTION>
-void MUExperimentTextReaderMultiFile::ForEachRowWhere(const wxString& column, const wxString& text,
-                                                      const RowKeys& keys, ACTION action) const {
+// The rows whose cell in the column is this text. keys: the rows that the answer will be taken from; others may be
+// in it, too.
+MURowKeySet MUExperimentTextReaderMultiFile::RowsWhere(const wxString& column, const wxString& text,
+                                                       const RowKeys& keys) const {
+  MURowKeySet found(m_rows.KeyLimit());
   const MUWantedText wanted(text);
-  // One that is there answers faster; making one for a single question would take longer than the answer.
   if (const auto dictionary = m_columnTexts.Dictionaries().Find(column, m_rows)) {
+    // One that is there answers faster; making one for a single question would take longer than the answer.
     const std::uint32_t number = dictionary->NumberOfText(wanted.View());
-    if (number == MUColumnDictionary::NONE) return;
+    if (number == MUColumnDictionary::NONE) return found;
     for (const unsigned long key : keys) {
-      if (dictionary->NumberOfRow(key) == number) action(*m_rows.find(key));
+      if (dictionary->NumberOfRow(key) == number) found.Add(key);
     }
-    return;
-  }
-  MUColumnReader cells(column);
-  if (m_loadOrder.Stands() || keys.size() < m_rows.size() / 4) {
-    ForEachRow(keys, m_rows, [&](const Row* row) {
-      if (wanted.Equals(cells.TextOf(*row))) action(*row);
+  } else if (keys.size() < m_rows.size() / 4) {
+    MUColumnReader cells(column);
+    for (const unsigned long key : keys) {
+      const Row* const row = m_rows.find(key);
+      if (row != nullptr && wanted.Equals(cells.TextOf(*row))) found.Add(key);
+    }
+  } else {
+    MUForEachCell(m_rows, column, [&](unsigned long key, const MUCellText& cell) {
+      if (wanted.Equals(cell)) found.Add(key);
     });
-    return;
   }
-  // In a sorted table neighbours are far apart in memory: all rows are looked at as they lie there.
-  std::vector<bool> matches(m_rows.KeyLimit());
-  m_rows.ForEach([&](unsigned long key, const Row* row) {
-    if (wanted.Equals(cells.TextOf(*row))) matches[key] = true;
-  });
-  for (const unsigned long key : keys) {
-    if (key < matches.size() && matches[key]) action(*m_rows.find(key));
-  }
+  return found;
 }
 
 std::vector<wxString> MUExperimentTextReaderMultiFile::GetAllFromCol_X_WhereField_Y_Matches_Z(
@@ -356,17 +403,10 @@ std::vector<wxString> MUExperimentTextReaderMultiFile::GetAllFromCol_X_WhereFiel
   const Key key = MUQueryKeys::OneColumnWhere(columnX, fieldY, valueZ, includeAllRows);
   return Remembered(m_cacheStringSelects, key,
                     [&] {
-                      const auto keeper = std::make_shared<MUTextKeeper>();
-                      MUSelectedTexts selected;
-                      MUColumnReader column(columnX);
-                      ForEachRowWhere(
-                          fieldY, valueZ,
-                          *KeysOfSet(includeAllRows ? ALL_ROWS : ONLY_FULLY_SHOWN_ROWS),
-                          [&](const Row& row) {
-                            selected.texts.push_back(keeper->Keep(row, column.TextOf(row)));
-                          });
-                      selected.keeper = keeper;
-                      return selected;
+                      const RowKeys& keys =
+                          *KeysOfSet(includeAllRows ? ALL_ROWS : ONLY_FULLY_SHOWN_ROWS);
+                      MURowKeySet found = RowsWhere(fieldY, valueZ, keys);
+                      return TextsInOrder(keys, found, m_rows, columnX);
                     })
       .ToTexts();
 }
@@ -391,7 +431,10 @@ MUExperimentTextReaderMultiFile::GetAllFromMultiCols_X_WhereField_Y_Matches_Z(
   if (valueZ == SPECIAL_CODE_TO_REQUEST_MATCH_ALL_ROWS) {
     ForEachRow(keys, m_rows, [&](const Row* row) { take(*row); });
   } else {
-    ForEachRowWhere(fieldY, valueZ, keys, take);
+    const MURowKeySet found = RowsWhere(fieldY, valueZ, keys);
+    for (const unsigned long rowKey : keys) {
+      if (found.Holds(rowKey)) take(*m_rows.find(rowKey));
+    }
   }
   MUQueryCachingBroker::MultiSelect* held = result.release();
   m_broker->HoldThisDataMultiSelect(key, held);

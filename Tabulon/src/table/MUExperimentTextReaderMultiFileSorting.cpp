@@ -54,7 +54,7 @@ MUScratchArray<MUPlace> SortedPlacesOfShownRows(const PartitionedRows& rows, con
   if (SortsByReactionTime(column)) {
     return SortedPlacesByReactionTime(rows.shownRows.begin(), rows.shownCount, descending);
   }
-  // A line without any cell has sort keys of its own under the empty name, which no dictionary knows.
+  // A line without any cell has its own sort keys under the empty name, which no dictionary knows.
   if (!column.empty()) {
     if (const auto dictionary = dictionaries.OfFewTexts(column, allRows)) {
       auto places = SortedPlaces(*dictionary, rows.shownKeys.begin(), rows.shownCount, descending);

@@ -105,7 +105,7 @@ class MUInterfaceMultiExperimentDataSource : public MUQueryWords {
   virtual bool DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(
       const wxString& fieldY, const std::deque<wxString>& valuesZ, bool notify) = 0;
 
-  // Borrowed until the next notification. Who writes a name into it reads that column's cells and name.
+  // Borrowed until the next notification. A caller that writes a name into it reads that column's cells and name.
   virtual std::vector<wxString>* GetNamesOfAllCurrentlyDisplayedColumns() = 0;
 
   // Searches by property flags: all of the given bits set, none of them set, or all of x and none of y.

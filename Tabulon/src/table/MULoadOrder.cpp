@@ -40,7 +40,7 @@ bool HoldsAt(const MURowKeyLists::RowKeys& keys, unsigned long place, unsigned l
 void MULoadOrder::Write(const MURowStore& rows, const MURowKeyLists& lists, bool rowsAreOurs) {
   const bool append = rowsAreOurs && OnlyRowsArrived(rows, lists);
   m_stands = false;  // in case that memory runs out on the way
-  m_lentForASearch = false;
+  m_lentForACall = false;
   if (append) {
     CopyShownKeysInto(lists.shown);
   } else {
@@ -80,7 +80,7 @@ void MULoadOrder::Lend(unsigned long key) {
 }
 
 bool MULoadOrder::OnlyRowsArrived(const MURowStore& rows, const MURowKeyLists& lists) const {
-  if (!m_stands || m_lentForASearch || m_shownKeys->size() != m_shownKeyCount) return false;
+  if (!m_stands || m_lentForACall || m_shownKeys->size() != m_shownKeyCount) return false;
   return std::all_of(m_lentKeys.begin(), m_lentKeys.end(), [&](unsigned long key) {
     const Row* const row = rows.find(key);
     return row == nullptr || StandsAsListed(key, *row, lists);

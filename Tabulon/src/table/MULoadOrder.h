@@ -3,6 +3,7 @@
 #define OMBRELIA_TABULON_SRC_TABLE_MULOADORDER_H
 
 #include <cstddef>
+#include <utility>
 #include <vector>
 
 #include "Tabulon/src/memory/MUScratchArray.h"
@@ -31,15 +32,19 @@ class MULoadOrder {
   using Row = MUSingleRowDataPlusRowProperties;
 
   // Writes the lists and the rows' places. rowsAreOurs: nobody else can write to the lists, and to the rows
-  // only who got a record by Lend or LendForASearch.
+  // only who got a record by Lend or LendForACall.
   void Write(const MURowStore& rows, const MURowKeyLists& lists, bool rowsAreOurs);
 
   // Rows were changed or taken out, or lists written, by the table: the next Write makes all anew.
   void Forget();
-  // The record of the row was handed out. Whoever has it may write to it as long as the row lives.
+  // The record of the row was handed out. Its holder may write to it as long as the row lives.
   void Lend(unsigned long key);
-  // Records were handed out for the length of a search, in which they may have been written to.
-  void LendForASearch() { m_lentForASearch = true; }
+  bool IsLent(unsigned long key) const { return key < m_isLent.size() && m_isLent[key]; }
+  // A record was handed out for the length of a call, in which it may be written to. Answers whether that was so
+  // before.
+  bool LendForACall() { return std::exchange(m_lentForACall, true); }
+  // It came back from the call as it was. wasLent: what LendForACall answered.
+  void ReturnFromACall(bool wasLent) { m_lentForACall = m_lentForACall && wasLent; }
 
   // Whether the lists stand in load order, complete but for rows that have arrived since.
   bool Stands() const { return m_stands; }
@@ -60,7 +65,7 @@ class MULoadOrder {
   std::size_t m_commonKeyCount = 0;
   std::vector<unsigned long> m_lentKeys;  // each once
   std::vector<bool> m_isLent;             // by key
-  bool m_lentForASearch = false;
+  bool m_lentForACall = false;
 };
 
 #endif

@@ -45,7 +45,7 @@ constexpr bool MUBeginsEscapePair(const CHAR* at, const CHAR* end) {
 // Appends the visible form of the control character at, of a text that ends at end, to out, a container of
 // characters. An escape before '@' to '_' becomes "0x1B 0x" and two hexadecimal digits of the second
 // character, any other character from 1 to 31 a caret and a letter, 127 "^?", and 128 to 159 "0x" and two
-// digits. Answers where the text goes on. Throws what out throws.
+// digits. Returns where the rest of the text begins. Throws what out throws.
 template <typename CHAR, typename OUT>
 const CHAR* MUAppendVisibleForm(const CHAR* at, const CHAR* end, OUT& out) {
   using OutChar = typename OUT::value_type;

@@ -1,8 +1,13 @@
 #include "Tabulon/src/text/MUCellText.h"
 
+// All of it is compiled in here: cells are short, and no library is needed at run time.
+#define XXH_INLINE_ALL
+#include <xxhash.h>
+
 #include <algorithm>
 #include <cstring>
 #include <cwchar>
+#include <random>
 #include <string>
 
 namespace {
@@ -16,20 +21,41 @@ int CompareCharacters(const MUCellText& a, const MUCellText& b, std::size_t leng
   return 0;
 }
 
+std::uint64_t RandomNumber() {
+  std::random_device device;
+  return std::uint64_t{device()} << 32 | device();
+}
+
+std::size_t HashOfBytes(const void* bytes, std::size_t count) {
+  static const std::uint64_t seed = RandomNumber();
+  return static_cast<std::size_t>(XXH3_64bits_withSeed(bytes, count, seed));
+}
+
+bool FitsInByte(wchar_t character) { return static_cast<std::uint32_t>(character) < 256; }
+
 }  // namespace
 
 wxString MUCellText::ToString() const {
+  wxString text;
+  CopyInto(text);
+  return text;
+}
+
+void MUCellText::CopyInto(wxString& text) const {
   const std::size_t length = Length();
-  if (length == 0) return wxString();
-  if (IsWide()) return wxString(Wide(), length);
+  if (IsWide() || length == 0) {
+    text.assign(length == 0 ? wxT("") : Wide(), length);
+    return;
+  }
   const auto* const narrow = reinterpret_cast<const unsigned char*>(Narrow());
   wchar_t shortText[128];
   if (length <= sizeof shortText / sizeof *shortText) {
     std::copy(narrow, narrow + length, shortText);  // the numbers are the characters
-    return wxString(shortText, length);
+    text.assign(shortText, length);
+  } else {
+    const std::wstring longText(narrow, narrow + length);
+    text.assign(longText.data(), length);
   }
-  const std::wstring longText(narrow, narrow + length);
-  return wxString(longText.data(), longText.size());
 }
 
 int MUCellText::Compare(const MUCellText& other) const {
@@ -37,6 +63,17 @@ int MUCellText::Compare(const MUCellText& other) const {
   if (characters != 0) return characters;
   // The longer text is the greater one if the other begins it.
   return Length() == other.Length() ? 0 : (Length() < other.Length() ? -1 : 1);
+}
+
+std::size_t MUCellText::Hash() const {
+  if (!IsWide()) return HashOfBytes(m_text, Length());
+  if (!std::all_of(Wide(), Wide() + Length(), FitsInByte)) {
+    return HashOfBytes(m_text, Length() * sizeof(wchar_t));
+  }
+  // The same characters may stand in another file with one byte each.
+  std::string narrow(Length(), '\0');
+  for (std::size_t i = 0; i < Length(); ++i) narrow[i] = static_cast<char>((*this)[i]);
+  return HashOfBytes(narrow.data(), narrow.size());
 }
 
 bool MUCellText::Equals(const wxString& text) const {
@@ -60,7 +97,7 @@ std::uint64_t MUCellText::SortBits(std::size_t piece) const {
 MUWantedText::MUWantedText(const wxString& text) : m_view(text.wc_str(), text.length()) {
   for (std::size_t i = 0; i < m_view.Length(); ++i) {
     const wchar_t character = m_view[i];
-    if (static_cast<std::uint32_t>(character) > 255) return;
+    if (!FitsInByte(character)) return;
     m_narrow += static_cast<char>(character);
   }
   m_view = MUCellText(m_narrow.data(), m_narrow.size());

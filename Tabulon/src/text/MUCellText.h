@@ -14,8 +14,8 @@
 // A view of a text that somebody else owns, cheap to copy. A narrow text has one byte per character, as
 // Latin-1 does; a wide one has the characters themselves. All operations give the same answers for the same
 // characters, however wide they are stored. A view is valid as long as its characters are: those of a cell of
-// a row as long as a row of that file lives. Any number of threads may read the same text. Nothing fails but
-// ToString, for want of memory.
+// a row as long as a row of that file lives. Any number of threads may read the same text. Nothing fails but what
+// takes memory.
 class MUCellText {
  public:
   // A column's sort keys cover SORT_PIECES pieces of SORT_PIECE_LENGTH characters each.
@@ -75,6 +75,8 @@ class MUCellText {
 
   // A copy of the characters.
   wxString ToString() const;
+  // The same in a text that is there; a wxString that is moved would be copied once more.
+  void CopyInto(wxString& text) const;
 
   bool operator==(const MUCellText& other) const {
     if (Length() != other.Length()) return false;
@@ -86,18 +88,9 @@ class MUCellText {
 
   // Below, at or above 0, as wxString::compare orders the two texts.
   int Compare(const MUCellText& other) const;
-  // Covers the length and the low eight bits of all characters; not the same from one version to the next.
-  std::size_t Hash() const {
-    constexpr std::uint64_t ODD = 0x9E3779B97F4A7C15u;
-    std::uint64_t hash = Length();
-    std::size_t first = 0;
-    do {
-      hash = (hash ^ Word(first)) * ODD;
-      hash ^= hash >> 32;
-      first += WORD_LENGTH;
-    } while (first < Length());
-    return static_cast<std::size_t>(hash * ODD);
-  }
+  // Covers all of every character. The same within one process and another one in the next, so that nobody can
+  // choose texts for their hashes; no order that others see may depend on it.
+  std::size_t Hash() const;
   bool Equals(const wxString& text) const;
 
   // Six characters as one number whose order is the text's order; piece is 0, 1 or 2 and begins at

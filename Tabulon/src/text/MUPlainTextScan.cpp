@@ -50,6 +50,15 @@ struct Delimiter {
 #endif
 };
 
+struct OddCharacter {
+  static bool Of(char byte) { return Control::Of(byte) && !Delimiter::Of(byte); }
+#if MU_HAS_SSE2
+  static __m128i Of(__m128i bytes) {
+    return _mm_andnot_si128(Delimiter::Of(bytes), Control::Of(bytes));
+  }
+#endif
+};
+
 #if MU_HAS_SSE2
 
 __m128i Load(const char* bytes) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes)); }
@@ -173,6 +182,10 @@ bool MUMeasureVisibleText(const char* text, std::size_t length, MUPlainTextMeasu
 
 void MUMarkDelimiters(const char* bytes, std::size_t count, MUByteMask* masks) {
   Mark<Delimiter>(bytes, count, masks);
+}
+
+void MUMarkOddCharacters(const char* bytes, std::size_t count, MUByteMask* masks) {
+  Mark<OddCharacter>(bytes, count, masks);
 }
 
 void MUMarkControlCharacters(const char* bytes, std::size_t count, MUByteMask* masks) {

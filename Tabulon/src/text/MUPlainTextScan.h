@@ -29,8 +29,10 @@ using MUByteMask = std::uint64_t;
 constexpr std::size_t MU_MASK_WIDTH = 64;
 
 // Fill one mask for every MU_MASK_WIDTH of the bytes; the bits beyond the last byte are 0.
-// Delimiters are tabs and line feeds. Control characters are those of MUIsControlCharacter, tabs included.
+// Delimiters are tabs and line feeds. Control characters are those of MUIsControlCharacter, tabs included; odd
+// ones are those that are no delimiters.
 void MUMarkDelimiters(const char* bytes, std::size_t count, MUByteMask* masks);
+void MUMarkOddCharacters(const char* bytes, std::size_t count, MUByteMask* masks);
 void MUMarkControlCharacters(const char* bytes, std::size_t count, MUByteMask* masks);
 
 // Calls take(position) for each byte at or after the position from that mark marks, in order.

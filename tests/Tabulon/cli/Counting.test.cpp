@@ -19,7 +19,7 @@ class Counting : public Tests::CliRun {
               "two\tx\tnone\n"
               "one\tx\t 10.5 \n");
   }
-  // The output of a run that has something to say on standard error, which goes into said.
+  // The output of a run that has something to say on standard error, which said receives.
   std::string Told(const Tests::Arguments& arguments) {
     const Finished finished = Run(arguments);
     EXPECT_EQ(finished.status, 0) << finished.err;

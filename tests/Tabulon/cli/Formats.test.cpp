@@ -30,7 +30,7 @@ class Formats : public Tests::CliRun {
     rows.pop_back();
     return rows;
   }
-  // The program with a terminal of so many columns as its standard output; what it says on either stream.
+  // Runs the program on a terminal with this number of columns; returns what it says on either stream.
   std::string OnTerminal(int width, const std::string& arguments) {
     const std::string command = "cd '" + folder.Path() + "' && script -qec \"stty cols " +
                                 std::to_string(width) + " rows 24; " + OMBRELIA_TABULON_CLI + " " +

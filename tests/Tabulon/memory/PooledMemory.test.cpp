@@ -80,6 +80,42 @@ TEST_F(MemoryInUse, IsGivenBackByScratchArrays) {
   }
 }
 
+TEST_F(MemoryInUse, IsGivenBackForPiecesThatNobodyTook) {
+  const std::size_t before = BytesInUse();
+  for (std::size_t i = 0; i < 64 * MEBIBYTE / 8000; ++i) {
+    MUPooledPieces supply(80);
+    MUFreePooled(supply.Take(100), 80);
+  }
+  EXPECT_LT(BytesInUse(), before + MOST_KEPT);
+}
+
+TEST(PooledPieces, LieApartAndOutliveTheirSupply) {
+  for (const std::size_t bytes : {0u, 1u, 24u, 80u, 20000u}) {
+    std::vector<unsigned char*> pieces;
+    {
+      MUPooledPieces supply(bytes);
+      for (std::size_t left = 700; left > 0; --left) {
+        pieces.push_back(static_cast<unsigned char*>(supply.Take(left)));
+        EXPECT_EQ(0u, reinterpret_cast<std::uintptr_t>(pieces.back()) % alignof(std::max_align_t));
+        std::memset(pieces.back(), static_cast<int>(left % 251), bytes);
+      }
+    }
+    for (std::size_t i = 0; i < pieces.size(); ++i) {
+      for (std::size_t at = 0; at < bytes; ++at) ASSERT_EQ((700 - i) % 251, pieces[i][at]) << i;
+      MUFreePooled(pieces[i], bytes);
+    }
+  }
+}
+
+TEST(PooledPieces, MayBeMoreThanWasSaid) {
+  MUPooledPieces supply(16);
+  void* const first = supply.Take(1);
+  void* const second = supply.Take(1);
+  EXPECT_NE(first, second);
+  MUFreePooled(first, 16);
+  MUFreePooled(second, 16);
+}
+
 TEST(PooledMemory, IsAlignedForEveryType) {
   for (const std::size_t bytes : {0u, 1u, 7u, 8u, 17u, 100000u}) {
     void* const piece = MUAllocatePooled(bytes);
@@ -121,6 +157,7 @@ TEST(PooledMemory, MayBeFreedByAnotherThread) {
 TEST(PooledMemory, RefusesWhatCannotBe) {
   EXPECT_THROW(MUAllocatePooled(static_cast<std::size_t>(-1)), std::bad_alloc);
   EXPECT_THROW(MUAllocatePooled(static_cast<std::size_t>(PTRDIFF_MAX)), std::bad_alloc);
+  EXPECT_THROW(MUPooledPieces(static_cast<std::size_t>(-1)).Take(1), std::bad_alloc);
   MUPoolVector<std::uint64_t> many;
   EXPECT_THROW(many.reserve(many.max_size() + 1), std::length_error);
 }

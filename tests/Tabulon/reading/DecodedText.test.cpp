@@ -96,6 +96,39 @@ TEST(DecodedText, IsThatOfTheLibraryForRandomBytes) {
   }
 }
 
+std::string InUtf16(const std::u16string& text, bool isBigEndian) {
+  std::string bytes = isBigEndian ? "\xfe\xff" : "\xff\xfe";
+  for (const char16_t unit : text) {
+    const char high = static_cast<char>(unit >> 8);
+    const char low = static_cast<char>(unit & 0xFF);
+    bytes += isBigEndian ? high : low;
+    bytes += isBigEndian ? low : high;
+  }
+  return bytes;
+}
+
+// Among the units that are looked at together and among the few at a text's end.
+TEST(DecodedText, IsThatOfTheLibraryForUnitsOfTwoBytesAtEveryPlace) {
+  for (const bool isBigEndian : {false, true}) {
+    for (std::size_t length = 1; length < 70; ++length) {
+      std::u16string text;
+      for (std::size_t i = 0; i < length; ++i) text += static_cast<char16_t>(1 + i * 37 % 255);
+      const std::string narrow = InUtf16(text, isBigEndian);
+      ASSERT_EQ(ByTheLibrary(narrow), Decoded(narrow)) << length;
+      MUPoolVector<char> copy(narrow.begin(), narrow.end());
+      ASSERT_EQ(length, MUDecode(copy).narrow.size());
+      for (std::size_t place = 0; place < length; ++place) {
+        for (const char16_t unit : {u'\x100', u'\x20ac', char16_t{0xD800}, char16_t{0xDC00}}) {
+          std::u16string other = text;
+          other[place] = unit;
+          const std::string bytes = InUtf16(other, isBigEndian);
+          ASSERT_EQ(ByTheLibrary(bytes), Decoded(bytes)) << length << " " << place;
+        }
+      }
+    }
+  }
+}
+
 // A program may choose another encoding for what is no UTF-8.
 TEST(DecodedText, FollowsTheFallbackOfTheLibrary) {
   const std::string bytes = "caf\xe9 \xb1 and more";

@@ -25,7 +25,7 @@ using Reader = MUInterfaceExperimentDataFileInputReader;
 using Row = MUSingleRowDataPlusRowProperties;
 using Hidden = Reader;
 
-// A file in the working directory, removed at the end of its life.
+// A file in the working directory, removed by the destructor.
 class BytesOnDisk {
  public:
   explicit BytesOnDisk(const std::string& bytes, const wxString& name = wxT("reader bench.txt"));

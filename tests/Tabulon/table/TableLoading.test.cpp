@@ -91,7 +91,7 @@ TEST_F(TableLoading, HiddenCellsAreReadThroughTheRowAndNotListed) {
   EXPECT_EQ(row->m_cells[Reader::STRING_FOR_FILENAME_SECRET_COL], path);
   EXPECT_EQ(row->m_cells[Reader::STRING_FOR_SHORTNAME_SECRET_COL], wxT("a.txt"));
   EXPECT_EQ(table.GetColumnPositionNumberFromText(Reader::STRING_FOR_FILENAME_SECRET_COL), -1);
-  // The row now has entries of its own, and reads as before.
+  // The row now has its own entries, and reads as before.
   EXPECT_EQ(table.Cell(0, 0), "a");
 }
 

@@ -268,7 +268,7 @@ TEST_F(ColumnDictionaries, AreKeptForAFewColumnsOnly) {
 
 class RowRuns : public ColumnDictionaries {
  protected:
-  // Of each run its keys, and the line it begins with or "own".
+  // The keys of each run, and the line it begins with or "own".
   std::string Runs() {
     std::string text;
     for (const MURowStore::Run& run : table.m_rows.Runs()) {
@@ -327,6 +327,24 @@ TEST_F(RowRuns, BeginAnewInATableThatWasEmptied) {
   Load("b.txt", {{"x", "4"}, {"y", "5"}});
   EXPECT_EQ(PlainKeys(), "01");
   EXPECT_EQ(Runs(), "0-2 0; ");
+}
+
+// Narrow and wide texts, short and long rows, and rows that do not reach to the column.
+TEST_F(ColumnDictionaries, NumberCellsOfEveryKindOfFile) {
+  const std::string longCell(70000, 'l');
+  const std::string wide = "\xC5\xA1";  // one character above 255
+  Load("a.txt", {{"first", "x"}, {"", "y"}, {"second"}});
+  Load("b.txt", {{wide, wide}, {wide + wide}, {"", "x"}});
+  Load("c.txt", {{longCell, "x"}, {"last"}, {"", "y"}});
+  Load("d.txt", {{longCell, wide}, {wide}, {wide, "z"}});
+  for (const wxChar* column : {wxT("A"), wxT("B"), wxT("C")}) {
+    const MUColumnDictionary dictionary(table.m_rows, column);
+    for (unsigned long key = 0; key < 12; ++key) {
+      EXPECT_EQ(NumberedText(dictionary, key),
+                Utf8(table.m_rows.find(key)->m_cells.ValueOrDefault(column)));
+    }
+    EXPECT_EQ(dictionary.EveryRowHasTheCell(), column[0] == wxT('A'));
+  }
 }
 
 TEST(WantedText, EqualsCellsOfBothWidths) {

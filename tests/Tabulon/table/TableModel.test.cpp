@@ -309,7 +309,7 @@ class Comparison {
       }
       default:
         if (Any(3) == 0 && m_table.GetNumberOfDataRows() > 0) {
-          // Gives one row entries of its own, with a text that was not in the file.
+          // Gives one row its own entries, with a text that was not in the file.
           const auto key =
               m_model.rows.empty()
                   ? 0
@@ -486,7 +486,7 @@ class Comparison {
         break;
       }
       case 3: {
-        // Three kinds of questions with caches of their own: the model keeps them under x and y, which
+        // Three kinds of questions with separate caches: the model keeps them under x and y, which
         // must not meet.
         const unsigned flags = AnyFlags() + 256;
         EXPECT_EQ(Utf8(m_table.FindColumnNamesByPropertyFlag(flags - 256)),

@@ -158,7 +158,7 @@ TEST_P(TableNotification, SeesRowsDeletedBeforeTheArrival) {
   EXPECT_EQ(Shown(), Texts({"a0", "b0", "b1", "c0", "c1"}));
 }
 
-// Whoever holds a row's record may change its flags without a word.
+// A caller that holds a row's record may change its flags without telling the table.
 TEST_P(TableNotification, SeesFlagsThatWereChangedThroughARecord) {
   Load(0);
   auto* row = table.GetRowByRowIndexAndVisibilityFilter(1, ProbeTable::ALL_ROWS);

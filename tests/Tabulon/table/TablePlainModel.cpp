@@ -72,7 +72,7 @@ bool PlainTable::Add(const std::string& path, bool notify) {
       row.cells["FFFFF1"] = path;
       rows.push_back(row);
     }
-    // A new column goes behind the one that precedes it in the file, or to the front with those before it.
+    // A new column is put behind the one that precedes it in the file, or to the front with those before it.
     std::size_t place = 0;
     for (const std::string& name : file->columns) {
       std::size_t known = 0;

@@ -3,9 +3,12 @@
 
 #include <functional>
 #include <limits>
+#include <stdexcept>
+#include <utility>
 
 #include "Tabulon/src/queries/MUInterfaceRowTruthDecider.h"
 #include "Tabulon/src/queries/MUQueryKeys.h"
+#include "Tabulon/src/reading/MUInterfaceExperimentDataFileInputReader.h"
 #include "Tabulon/src/rows/MUColumnNamePlusProperties.h"
 #include "Tabulon/src/rows/MUSingleRowDataPlusRowProperties.h"
 #include "tests/Tabulon/table/TableTestSupport.h"
@@ -616,6 +619,51 @@ TEST_F(TableQueries, AColumnsTextsAreThoseOfItsCells) {
   }
 }
 
+// Windows of a size at which all cells of a column are put side by side, and larger than the number of files.
+TEST_F(TableQueries, AScannedColumnFollowsTheRows) {
+  for (const char* const name : {"d.txt", "e.txt", "f.txt"}) {
+    Tests::Cells rows;
+    for (int i = 0; i < 100; ++i) rows.push_back({name, std::to_string(i * 37 % 100)});
+    rows.push_back({"short"});
+    ASSERT_TRUE(table.Load(folder.WriteData(name, {"A", "B"}, rows)));
+  }
+  const auto expectCells = [&](const char* change) {
+    for (int round = 0; round < 2; ++round) {  // made, and there already
+      for (const wxChar* const name : {wxT("A"), wxT("B"), wxT("T\n(Trial Variable)")}) {
+        const int column = table.GetColumnPositionNumberFromText(name);
+        ASSERT_GE(column, 0);
+        for (int first = 0; first < 320; first += 80) {
+          std::vector<MUCellText> texts(80);
+          table.GetDataColumnTexts(column, first, 80, texts.data());
+          for (int i = 0; i < 80; ++i) {
+            ASSERT_EQ(Utf8(texts[static_cast<std::size_t>(i)].ToString()),
+                      table.Cell(first + i, column))
+                << change << ": " << column << ", " << first + i;
+          }
+        }
+      }
+    }
+  };
+  expectCells("loaded");
+  table.SetSortColumn(wxT("B"), true);
+  expectCells("sorted");
+  table.DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(wxT("B"),
+                                                                    {wxT("36"), wxT("37")}, false);
+  EXPECT_EQ(table.m_rows.find((*table.m_currentShownRowKeys)[200]) == nullptr,
+            table.Cell(200, 0) == "?");
+  expectCells("deleted");
+  table.Notify();
+  expectCells("notified");
+  wxString& cell = table.m_rows.find(50)->m_cells[wxT("B")];
+  expectCells("borrowed");
+  cell = wxT("written");
+  expectCells("written");
+  ASSERT_TRUE(table.Load(folder.WriteData("g.txt", {"A", "B"}, {{"g", "50"}})));
+  expectCells("loaded more");
+  *table.m_rows.find(60) = *table.m_rows.find(61);
+  expectCells("assigned");
+}
+
 TEST_F(TableQueries, NoColumnsTextsAreReadForANegativeCountOrBeyondAllNumbers) {
   MUCellText text("untouched", 9);
   table.GetDataColumnTexts(0, 0, -5, &text);
@@ -671,6 +719,173 @@ TEST_F(TableQueries, ACachedAnswerOutlivesItsRows) {
   ASSERT_TRUE(table.m_rows.empty());
   EXPECT_EQ(Where(wxT("B"), wxT("A"), wxT("x"), true), before);
   EXPECT_EQ(Distinct(wxT("A"), ALL, false), distinct);
+}
+
+TEST_F(TableQueries, SearchesReadCellsThatStandInNoLine) {
+  using Reader = MUInterfaceExperimentDataFileInputReader;
+  const wxString& file = Reader::STRING_FOR_FILENAME_SECRET_COL;
+  Change(3, wxT("B"), wxT("written"));
+  for (const bool reverse : {false, true}) {
+    if (reverse) table.SetSortColumn(wxT("B"), true);
+    const Texts ofFile = Where(wxT("B"), file, folder.PathOf("a.txt"), false);
+    EXPECT_EQ(ofFile, reverse ? Texts({"written", "2", "1"}) : Texts({"1", "2", "written"}));
+    EXPECT_EQ(Where(file, wxT("A"), wxT("z"), true), Texts({Utf8(folder.PathOf("c.txt"))}));
+    EXPECT_EQ(Where(file, wxT("B"), wxT("written"), true), Texts({Utf8(folder.PathOf("a.txt"))}));
+    EXPECT_EQ(Where(wxT("no such column"), wxT("A"), wxT("z"), true), Texts({""}));
+    EXPECT_EQ(Where(wxT("A"), wxT("no such column"), wxT(""), false).size(), 4u);
+    table.EraseCachesOfQueries();
+  }
+}
+
+TEST_F(TableQueries, AFewShownRowsOfManyAnswerInTheirOrder) {
+  Tests::Cells rows;
+  for (int i = 0; i < 40; ++i) rows.push_back({i % 2 == 0 ? "x" : "y", std::to_string(i)});
+  const wxString d = folder.WriteData("d.txt", {"A", "B"}, rows);
+  ASSERT_TRUE(table.Load(d));
+  table.SimultaneousFileRequestsSuppressAndUnsuppress({DichotomousFileRequest{d, false}});
+  table.OnIdle();
+  table.SetSortColumn(wxT("B"), true);
+  EXPECT_EQ(Where(wxT("B"), wxT("A"), wxT("x"), false), Texts({"4", "1"}));
+}
+
+// ---- What a decider does to the rows that it gets
+
+class ActingDecider : public MUInterfaceRowTruthDecider {
+ public:
+  explicit ActingDecider(std::function<bool(Row&)> action) : m_action(std::move(action)) {}
+  int DecideRow(Row* row) override { return m_action(*row) ? 1 : 0; }
+  bool ResultMayBeCached() override { return false; }
+  wxString GetIdentityString() override { return wxT("acts"); }
+
+ private:
+  std::function<bool(Row&)> m_action;
+};
+
+class Deciders : public TableQueries {
+ protected:
+  Indices Search(const std::function<bool(Row&)>& action) {
+    ActingDecider decider(action);
+    return *table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true);
+  }
+  // The keys of the rows that have entries of their own.
+  Indices OwnRows() const {
+    Indices keys;
+    for (const auto& entry : table.m_rows) {
+      if (entry.second->HasOverlay()) keys.push_back(entry.first);
+    }
+    return keys;
+  }
+};
+
+TEST_F(Deciders, LeaveRowsThatTheyOnlyReadAsTheyWere) {
+  Distinct(wxT("A"), ALL, false);
+  const auto& runs = table.m_rows.Runs();
+  const std::vector<unsigned long> versions = {runs[0].versionOfRows, runs[1].versionOfRows};
+  EXPECT_EQ(Search([](Row& row) { return row.m_cells[wxT("A")] == wxT("x"); }),
+            Indices({0, 2, 3, 4}));
+  // Entries from the row before show this row's texts, and those that are asked for later, too.
+  std::string seen;
+  Search([&](Row& row) {
+    seen += Utf8(row.m_cells[wxT("A")]);
+    if (seen.size() % 2 == 0) seen += Utf8(row.m_cells.find(wxT("B"))->second) + ".";
+    return false;
+  });
+  EXPECT_EQ(seen, "xy2.xx4.xz1.");
+  EXPECT_EQ(OwnRows(), Indices());
+  for (std::size_t i = 0; i < versions.size(); ++i) {
+    EXPECT_TRUE(runs[i].IsPlain());
+    EXPECT_EQ(runs[i].block->VersionOfRows(), versions[i]);
+  }
+}
+
+TEST_F(Deciders, GetTheEntriesThatARowHasAndNoOthers) {
+  // T stands in the first file alone; the entry of its last row must not come to the next file's first.
+  const wxString t(wxT("T\n(Trial Variable)"));
+  std::string rowsWithT;
+  Search([&](Row& row) {
+    rowsWithT += row.m_cells.count(t) != 0 ? "T" : "-";
+    if (row.m_cells.count(t) != 0) row.m_cells[t];
+    return false;
+  });
+  EXPECT_EQ(rowsWithT, "TTTT--");
+  EXPECT_EQ(OwnRows(), Indices());
+  EXPECT_EQ(Search([&](Row& row) { return row.m_cells[t].empty(); }), Indices({4, 5}));
+  EXPECT_EQ(OwnRows(), Indices({4, 5}));  // the subscript inserts what is not there
+}
+
+TEST_F(Deciders, KeepWhatTheyWrite) {
+  EXPECT_EQ(Search([](Row& row) {
+              wxString& cell = row.m_cells[wxT("A")];
+              if (cell == wxT("y")) cell = wxT("written");
+              return false;
+            }),
+            Indices());
+  EXPECT_EQ(OwnRows(), Indices({1}));
+  EXPECT_EQ(Where(wxT("B"), wxT("A"), wxT("written"), true), Texts({"2"}));
+  Search([](Row& row) {
+    row.m_hash01[wxT("A")];
+    return false;
+  });
+  Search([](Row& row) { return row.m_cells.erase(wxT("B")) == 1; });
+  EXPECT_EQ(OwnRows(), Indices({0, 1, 2, 3, 4, 5}));
+  EXPECT_EQ(Where(wxT("B"), wxT("A"), wxT("z"), true), Texts({""}));
+}
+
+TEST_F(Deciders, SeeWhatTheyWroteWhenTheyAskTheTable) {
+  Texts answers;
+  Search([&](Row& row) {
+    wxString& cell = row.m_cells[wxT("A")];
+    const wxString before = cell;
+    cell = wxT("new");
+    table.EraseCachesOfQueries();
+    answers.push_back(Where(wxT("B"), wxT("A"), wxT("new"), true).at(0));
+    cell = before;
+    return false;
+  });
+  EXPECT_EQ(answers, Texts({"1", "2", "3", "4", "5", "1"}));
+  table.EraseCachesOfQueries();
+  EXPECT_EQ(Where(wxT("B"), wxT("A"), wxT("new"), true), Texts());
+  EXPECT_EQ(Distinct(wxT("A"), ALL, false), Texts({"x", "y", "z"}));
+}
+
+TEST_F(Deciders, MayBecomeAnotherRowAndSearchAndDelete) {
+  Search([&](Row& row) {
+    row.m_cells[wxT("A")];
+    if (&row == table.m_rows.find(0)) {
+      table.m_rows.find(3)->m_cells[wxT("A")];
+      row = *table.m_rows.find(3);
+    }
+    if (&row == table.m_rows.find(1)) {
+      Search([](Row& inner) { return inner.m_cells[wxT("A")] == wxT("x"); });
+    }
+    if (&row == table.m_rows.find(5)) {
+      table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("A"), wxT("z"));
+    }
+    return false;
+  });
+  EXPECT_EQ(Where(wxT("B"), wxT("A"), wxT("x"), true), Texts({"4", "3", "4", "5"}));
+  EXPECT_EQ(table.m_rows.find(5), nullptr);
+}
+
+TEST_F(Deciders, DoNotTakeBackWhatSomebodyElseBorrowed) {
+  const wxString* borrowed = nullptr;
+  Search([&](Row& row) {
+    Row* const same = table.GetRowByRowIndexAndVisibilityFilter(0, ALL);
+    if (&row == same) borrowed = &same->m_cells[wxT("B")];
+    return row.m_cells[wxT("B")].empty();
+  });
+  EXPECT_EQ(OwnRows(), Indices({0}));
+  EXPECT_EQ(*borrowed, wxT("1"));
+}
+
+TEST_F(Deciders, LeaveRowsThatTheyReadBeforeTheyFailed) {
+  EXPECT_THROW(Search([](Row& row) -> bool {
+                 if (row.m_cells[wxT("A")] == wxT("y")) throw std::runtime_error("enough");
+                 return false;
+               }),
+               std::runtime_error);
+  EXPECT_EQ(OwnRows(), Indices({1}));
+  EXPECT_EQ(Distinct(wxT("A"), ALL, false), Texts({"x", "y", "z"}));
 }
 
 }  // namespace

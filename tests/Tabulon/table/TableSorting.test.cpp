@@ -749,7 +749,7 @@ TEST(SortProperty, EverySortIsThePlainOne) {
       }
       ASSERT_TRUE(table.Load(folder.Write(std::to_string(file) + ".txt", bytes)));
     }
-    // Some rows get entries of their own, which changes no answer.
+    // Some rows get their own entries, which changes no answer.
     const bool touched = random() % 3 == 0;
     for (const auto& [key, row] : table.m_rows) {
       if (touched && random() % 4 == 0) row->m_cells[wxT("A")];

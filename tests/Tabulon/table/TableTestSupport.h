@@ -17,7 +17,7 @@ namespace Tests {
 using Names = std::vector<wxString>;
 using Cells = std::vector<std::vector<std::string>>;
 
-// A folder of its own for each test, removed with everything in it.
+// A separate folder for each test, removed with everything in it.
 class TemporaryFolder {
  public:
   // The full path of a file of that name, there or not.

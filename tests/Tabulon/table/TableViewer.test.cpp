@@ -24,7 +24,7 @@ using Row = MUSingleRowDataPlusRowProperties;
 using Texts = std::vector<std::string>;
 using Keys = ProbeTable::RowKeys;
 
-// A viewer whose steps do something of their own after the table's.
+// A viewer whose steps do more after the table's own steps.
 class ViewerTable : public ProbeTable {
  public:
   using Action = std::function<void()>;

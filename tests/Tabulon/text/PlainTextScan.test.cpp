@@ -65,6 +65,8 @@ TEST(PlainTextScan, KnowsEveryByteAtEveryPlace) {
       const std::vector<std::size_t> nowhere;
       ASSERT_EQ(isDelimiter ? here : nowhere, Marked(text, MUMarkDelimiters)) << byte;
       ASSERT_EQ(isControl ? here : nowhere, Marked(text, MUMarkControlCharacters)) << byte;
+      ASSERT_EQ(isControl && !isDelimiter ? here : nowhere, Marked(text, MUMarkOddCharacters))
+          << byte;
       MUPlainTextMeasure measure = {0, 0};
       ASSERT_EQ(isAscii || isDelimiter, MUMeasurePlainText(text.data(), text.size(), &measure))
           << byte << " at " << place;

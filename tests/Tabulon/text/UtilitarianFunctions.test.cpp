@@ -66,13 +66,17 @@ TEST(UniqueNameIndex, AnswersAsTheListDoes) {
       wxString name;
       for (auto length = random() % 4; length > 0; --length) name += letters[random() % 8];
       const wxString unique = GetUniqueNameToInsertForGivenListContents(name, names);
-      ASSERT_EQ(unique, index.UniqueForm(name)) << "seed " << seed;
-      const wxString& added = random() % 4 ? unique : name;
-      names.push_back(added);
-      index.Add(added);
+      if (random() % 4 == 0) {
+        names.push_back(name);
+        index.Add(name);
+      } else {
+        names.push_back(unique);
+        ASSERT_EQ(unique, index.AddUniqueForm(name)) << "seed " << seed;
+      }
     }
     index.Clear();
-    ASSERT_EQ(wxT("a"), index.UniqueForm(wxT("a")));
+    ASSERT_EQ(wxT("a"), index.AddUniqueForm(wxT("a")));
+    ASSERT_EQ(wxT("a#"), index.AddUniqueForm(wxT("a")));
   }
 }
 
