@@ -178,11 +178,15 @@ CLI::App* AddWatchCommand(CLI::App& app, WatchArguments& watch) {
                     "Do not verify what is there at the start, unless it changes");
   AddRunOptions(*command, watch.run, Extent::OfWhatComes);
   command->footer(
+      "Example:\n"
+      "  verify-datafiles watch run --json results.json --html results.html\n"
       "A data file is verified when it has not changed for a second, and again when it is written\n"
       "again: then the last verdict counts. Control-C ends the watch; the files that were asked "
       "for\n"
-      "are written then, and the exit status is that of a run of all of them.\n"
-      "Example: verify-datafiles watch run --json results.json --html results.html");
+      "are written then.\n"
+      "Exit status: that of a run of all that came: 0 no failing test; 1 some failing test, or a\n"
+      "data file that was not verified; 2 wrong use; 3 a report is not well-formed; 4 the library\n"
+      "does not load or there is no report.");
   return command;
 }
 
@@ -211,11 +215,16 @@ CLI::App* AddWatchedCommand(CLI::App& app, WatchedArguments& watched) {
   command->add_option("--html", watched.html, "Write what was found as a page of heat maps")
       ->type_name("FILE");
   command->footer(
+      "Example:\n"
+      "  verify-datafiles watched two_sublists_tagging.om5 --json watched.json\n"
       "Each cell is changed up to three times: to a text close to it (a number to one more, any\n"
       "other text to one with \" 2\" behind it), to the next other text of its column, and to "
       "none.\n"
-      "It counts as noticed if other tests fail then, each time; or else, at least once, in part.\n"
-      "Example: verify-datafiles watched two_sublists_tagging.om5 --json watched.json");
+      "It counts as noticed if other tests fail then, each time; or else, at least once, in "
+      "part.\n"
+      "Exit status: 0 what is noticed was found; 2 wrong use, or a data file that is not good; 4 "
+      "the\n"
+      "files that were asked for could not be written.");
   return command;
 }
 

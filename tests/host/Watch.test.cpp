@@ -277,7 +277,7 @@ TEST_F(WatchTest, ADatafileOfThisNameIsReachable) {
 }
 
 TEST_F(WatchTest, HelpHasAnExample) {
-  EXPECT_NE(Verify({"watch", "--help"}).out.find("Example: verify-datafiles watch "),
+  EXPECT_NE(Verify({"watch", "--help"}).out.find("Example:\n  verify-datafiles watch "),
             std::string::npos);
 }
 

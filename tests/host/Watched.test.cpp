@@ -232,7 +232,7 @@ TEST_F(WatchedTest, LeavesNothingBehindWhenItIsInterrupted) {
 }
 
 TEST_F(WatchedTest, HelpHasAnExample) {
-  EXPECT_TRUE(Has(Watched({"--help"}), "Example: verify-datafiles watched "));
+  EXPECT_TRUE(Has(Watched({"--help"}), "Example:\n  verify-datafiles watched "));
 }
 
 }  // namespace
