@@ -28,7 +28,7 @@ std::map<std::size_t, std::string> Outcomes(std::size_t pieces, std::size_t jobs
 }
 
 TEST(SharedWork, DoesEachPieceOnceInOneProcessOrSeveral) {
-  for (const std::size_t jobs : {1, 4}) {
+  for (const std::size_t jobs : {1UL, 4UL}) {
     const auto outcomes =
         Outcomes(1000, jobs, 10, [](std::size_t i) { return "did " + std::to_string(i); });
     ASSERT_EQ(outcomes.size(), 1000u);
