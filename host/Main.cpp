@@ -9,6 +9,7 @@
 
 #include "host/commands/CollectCommand.h"
 #include "host/commands/ExplainCommand.h"
+#include "host/commands/HistoryCommand.h"
 #include "host/commands/ListCommand.h"
 #include "host/commands/MergeCommand.h"
 #include "host/commands/RepairCommand.h"
@@ -28,6 +29,7 @@ ExitStatus RunCommandOf(const ExplainArguments& arguments) { return RunExplainCo
 ExitStatus RunCommandOf(const MergeArguments& arguments) { return RunMergeCommand(arguments); }
 ExitStatus RunCommandOf(const RepairArguments& arguments) { return RunRepairCommand(arguments); }
 ExitStatus RunCommandOf(const CollectArguments& arguments) { return RunCollectCommand(arguments); }
+ExitStatus RunCommandOf(const HistoryArguments& arguments) { return RunHistoryCommand(arguments); }
 ExitStatus RunCommandOf(const WatchedArguments& arguments) { return RunWatchedCommand(arguments); }
 ExitStatus RunCommandOf(const WatchArguments& arguments) { return RunWatchCommand(arguments); }
 

@@ -17,7 +17,7 @@ ExitStatus RunCollectCommand(const CollectArguments& arguments) {
                        ": no process has left a report or a flag file here; name the working "
                        "directory of the host, or a folder that its files were copied to");
   }
-  const RunResults results = CollectReports(processes, arguments.machine.value_or(ThisMachine()));
+  RunResults results = CollectReports(processes, arguments.machine.value_or(ThisMachine()));
 
   // Only now: a file that is written may be one of those that were read.
   ResultsOutput output(arguments.output, results.machine);
@@ -25,7 +25,7 @@ ExitStatus RunCollectCommand(const CollectArguments& arguments) {
   for (const DatafileResult& datafile : results.datafiles) {
     output.Terminal().PrintDatafile(datafile);
   }
-  return output.Finish(results);
+  return output.Finish(results, HistoryLinesOf(results));
 }
 
 }  // namespace OmbreliaHost

@@ -31,7 +31,13 @@ NamedResults ReadResults(const fs::path& path) {
 ExitStatus RunMergeCommand(const MergeArguments& arguments) {
   std::vector<NamedResults> parts;
   for (const fs::path& file : arguments.files) parts.push_back(ReadResults(file));
-  const RunResults merged = MergeResults(parts);
+  RunResults merged = MergeResults(parts);
+  // Each part has a time and a machine of its own.
+  std::vector<HistoryLine> lines;
+  for (const NamedResults& part : parts) {
+    const std::vector<HistoryLine> its = HistoryLinesOf(part.results);
+    lines.insert(lines.end(), its.begin(), its.end());
+  }
 
   // Only now: a file that is written may be one of those that were read.
   ResultsOutput output(arguments.output, merged.machine);
@@ -39,7 +45,7 @@ ExitStatus RunMergeCommand(const MergeArguments& arguments) {
   for (const DatafileResult& datafile : merged.datafiles) {
     output.Terminal().PrintDatafile(datafile);
   }
-  return output.Finish(merged);
+  return output.Finish(merged, lines);
 }
 
 }  // namespace OmbreliaHost

@@ -2,7 +2,6 @@
 
 #include <unistd.h>
 
-#include <array>
 #include <cstdlib>
 #include <iostream>
 #include <nlohmann/json.hpp>
@@ -11,7 +10,10 @@
 #include "host/print/GitHubPrinter.h"
 #include "host/print/HtmlPrinter.h"
 #include "host/print/JUnitPrinter.h"
+#include "host/print/VisibleText.h"
 #include "host/results/ResultsJson.h"
+#include "host/results/ThisMachine.h"
+#include "host/results/Tolerance.h"
 
 namespace OmbreliaHost {
 
@@ -61,11 +63,6 @@ std::string RandomToken() {
   return token;
 }
 
-std::string HostName() {
-  std::array<char, 256> name{};
-  return gethostname(name.data(), name.size() - 1) == 0 ? name.data() : "";
-}
-
 }  // namespace
 
 ResultsOutput::ResultsOutput(const OutputArguments& arguments, MachineKind machine)
@@ -74,6 +71,7 @@ ResultsOutput::ResultsOutput(const OutputArguments& arguments, MachineKind machi
   Open(m_json, arguments.json);
   Open(m_junit, arguments.junit);
   if (!arguments.html.empty()) m_html.emplace(arguments.html);
+  if (!arguments.history.empty()) m_history.emplace(arguments.history, HistoryFile::Use::Append);
   if (IsGitHubJob()) {
     m_token = RandomToken();
     GitHubPrinter(std::cout).BeginOtherOutput(m_token);
@@ -90,8 +88,28 @@ void ResultsOutput::EndOtherOutput() {
   std::cout.flush();
 }
 
-ExitStatus ResultsOutput::Finish(const RunResults& results) {
+void ResultsOutput::Remember(RunResults& results, const std::vector<HistoryLine>& lines) {
+  if (m_history) m_history->Append(lines);
+  if (!m_history || !HasToleratedFailure(results)) return JudgeTolerance(results, lines);
+  const HistoryContent history = m_history->Read();
+  for (const std::string& words : history.skipped) {
+    std::cerr << "verify-datafiles: " << PathShown(m_arguments.history.string()) << ": "
+              << LineShown(words) << std::endl;
+  }
+  JudgeTolerance(results, history.lines);
+}
+
+ExitStatus ResultsOutput::Finish(RunResults& results, const std::vector<HistoryLine>& lines) {
+  // Whatever becomes of the history, the results are handed on.
+  std::optional<RunError> notRemembered;
+  try {
+    Remember(results, lines);
+  } catch (const RunError& error) {
+    notRemembered = error;
+  }
   m_terminal.PrintSummary(results);
+  if (m_history) m_terminal.PrintToleratedFailures(results);
+  if (m_history || m_arguments.tolerate) m_terminal.PrintTolerance(results);
   const bool gitHub = !m_token.empty();
   EndOtherOutput();
   if (gitHub) {
@@ -108,7 +126,7 @@ ExitStatus ResultsOutput::Finish(const RunResults& results) {
     Close(m_json, m_arguments.json);
   }
   if (m_junit.is_open()) {
-    JUnitPrinter(m_junit, HostName(), m_arguments.tolerate).Print(results);
+    JUnitPrinter(m_junit, NameOfThisHost()).Print(results);
     Close(m_junit, m_arguments.junit);
   }
   if (m_html) {
@@ -118,6 +136,7 @@ ExitStatus ResultsOutput::Finish(const RunResults& results) {
   for (const std::string& fault : results.faults) {
     std::cerr << "verify-datafiles: " << fault << std::endl;
   }
+  if (notRemembered) throw RunError(*notRemembered);
   return ExitStatusOf(results, m_arguments.tolerate);
 }
 

@@ -5,8 +5,10 @@
 #include <fstream>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "host/print/TerminalPrinter.h"
+#include "host/results/HistoryFile.h"
 #include "host/run/CommandLine.h"
 #include "host/run/WholeFile.h"
 
@@ -26,18 +28,20 @@ class ResultsOutput {
 
   TerminalPrinter& Terminal() { return m_terminal; }
 
-  // After everything was printed of the single data files: the summary, the files, annotations, and the faults
-  // on standard error. The status with which the program is to end. Ends the run (NoReport) if a file cannot be
-  // written to its end.
-  ExitStatus Finish(const RunResults& results);
+  // After everything was printed of the single data files: lines of them go to the history, and tolerated failures
+  // are judged; then come the summary, the files, annotations, and the faults on standard error. The status with
+  // which the program is to end. Ends the run (NoReport) if a file cannot be written to its end.
+  ExitStatus Finish(RunResults& results, const std::vector<HistoryLine>& lines);
 
  private:
   void EndOtherOutput();
+  void Remember(RunResults& results, const std::vector<HistoryLine>& lines);
 
   const OutputArguments m_arguments;
   std::ofstream m_json;
   std::ofstream m_junit;
   std::optional<WholeFile> m_html;
+  std::optional<HistoryFile> m_history;
   std::string m_token;  // of the silenced commands of a GitHub job; empty where there is none
   TerminalPrinter m_terminal;
 };

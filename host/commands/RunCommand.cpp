@@ -1,6 +1,7 @@
 #include "host/commands/RunCommand.h"
 
 #include <iostream>
+#include <vector>
 
 #include "host/commands/ResultsOutput.h"
 #include "host/commands/RunSetup.h"
@@ -20,6 +21,12 @@ namespace OmbreliaHost {
 
 namespace {
 
+// Does anybody ask what the data files and the verifiers were? The answer takes a look at every byte.
+bool AsksForDigests(const OutputArguments& output) {
+  return !output.json.empty() || !output.junit.empty() || !output.html.empty() ||
+         !output.history.empty() || output.tolerate;
+}
+
 Supervisor::Plan PlanOf(const RunArguments& arguments, const std::optional<Shard>& shard) {
   Supervisor::Plan plan;
   plan.library = arguments.plugin.empty() ? DefaultPluginLibrary() : fs::absolute(arguments.plugin);
@@ -28,17 +35,20 @@ Supervisor::Plan PlanOf(const RunArguments& arguments, const std::optional<Shard
   plan.timeout = arguments.timeout.count();
   plan.jobs = static_cast<std::size_t>(arguments.jobs);
   plan.machine = arguments.machine;
-  plan.bounds = !arguments.output.html.empty();
   plan.verifyAgain = &VerifyAgain;
+  plan.askForAll = [&output = arguments.output](const std::string& experiment) {
+    return AsksForAll(output, experiment);
+  };
   return plan;
 }
 
-// digests: does anybody ask for them? They take a look at every byte.
 RunResults ResultsOf(const Supervisor::Plan& plan, const std::optional<Shard>& shard,
                      bool digests) {
   RunResults results;
   results.machine = ThisMachine();
   results.started = UtcNow();
+  results.host = NameOfThisHost();
+  if (digests) results.verifiers = VersionOfVerifiers(plan.library);
   results.shard = shard;
   results.datafiles.reserve(plan.datafiles.size());
   for (const Datafile& datafile : plan.datafiles) {
@@ -58,7 +68,7 @@ ExitStatus RunRunCommand(const RunArguments& arguments) {
   const std::optional<Shard> shard =
       arguments.partition ? arguments.partition : ShardOfEnvironment();
   const Supervisor::Plan plan = PlanOf(arguments, shard);
-  RunResults results = ResultsOf(plan, shard, !arguments.output.json.empty());
+  RunResults results = ResultsOf(plan, shard, AsksForDigests(arguments.output));
   ResultsOutput output(arguments.output, results.machine);
   ConfirmShards();
   EnterWorkingDirectory(arguments.workDir);
@@ -70,7 +80,7 @@ ExitStatus RunRunCommand(const RunArguments& arguments) {
   const int signal = supervisor.Run();
   results.seconds = ChildProcess::Now() - start;
 
-  const ExitStatus status = output.Finish(results);
+  const ExitStatus status = output.Finish(results, HistoryLinesOf(results));
   for (const std::string& text : supervisor.BadUnloads()) {
     std::cerr << "verify-datafiles: " << text << std::endl;
   }

@@ -3,10 +3,13 @@
 #include <wx/datetime.h>
 #include <wx/debug.h>
 
+#include <algorithm>
 #include <system_error>
 #include <utility>
 
+#include "host/results/Digest.h"
 #include "host/results/ExitStatus.h"
+#include "host/results/Manifest.h"
 #include "host/results/SecondVerification.h"
 #include "host/results/WideText.h"
 
@@ -33,7 +36,21 @@ DatafileResult VerifyAgain(const Datafile& datafile, std::optional<MachineKind> 
       VerifyInThisProcess(datafile.path, datafile.areas, machine.value_or(ThisMachine()));
   DatafileResult result;
   result.tests = std::move(verdict.tests);
+  result.rows = verdict.rows;
   return result;
+}
+
+bool AsksForAll(const OutputArguments& output, const std::string& experiment) {
+  if (!output.history.empty() || !output.html.empty()) return true;
+  const VerifierEntry* const verifier = FindVerifier(experiment);
+  return !output.json.empty() && verifier != nullptr &&
+         std::any_of(
+             verifier->chanceFailures.begin(), verifier->chanceFailures.end(),
+             [](const ChanceFailure& chance) { return chance.law != ChanceFailure::Law::Fixed; });
+}
+
+std::string VersionOfVerifiers(const fs::path& library) {
+  return std::string(OMBRELIA_VERSION) + "+" + DigestOf(library).substr(0, 8);
 }
 
 }  // namespace OmbreliaHost

@@ -9,6 +9,7 @@
 
 #include "host/print/TerminalPrinter.h"
 #include "host/results/RunResults.h"
+#include "host/run/CommandLine.h"
 #include "host/run/DatafileList.h"
 #include "host/run/Supervisor.h"
 
@@ -22,6 +23,13 @@ std::string UtcNow();
 
 // The second verification of a data file, in a child process.
 DatafileResult VerifyAgain(const Datafile& datafile, std::optional<MachineKind> machine);
+
+// Is a good data file of the experiment verified a second time, too? A page and a history want the bounds and the
+// rows of all; whoever keeps results asks for the rows that a probability goes by.
+bool AsksForAll(const OutputArguments& output, const std::string& experiment);
+
+// The version of the project, and the library that was built of it.
+std::string VersionOfVerifiers(const std::filesystem::path& library);
 
 class VerdictsOnTheScreen : public VerdictListener {
  public:

@@ -100,10 +100,13 @@ Watch::Watch(const WatchArguments& arguments, TerminalPrinter& terminal, RunResu
       m_watch(m_folder, m_signals.Descriptor()) {
   const RunArguments& run = arguments.run;
   m_plan.library = run.plugin.empty() ? DefaultPluginLibrary() : fs::absolute(run.plugin);
+  results.verifiers = VersionOfVerifiers(m_plan.library);
   m_plan.timeout = run.timeout.count();
   m_plan.jobs = static_cast<std::size_t>(run.jobs);
   m_plan.machine = run.machine;
-  m_plan.bounds = !run.output.html.empty();
+  m_plan.askForAll = [&run](const std::string& experiment) {
+    return AsksForAll(run.output, experiment);
+  };
   m_plan.verifyAgain = &VerifyAgain;
 }
 
@@ -227,6 +230,7 @@ ExitStatus RunWatchCommand(const WatchArguments& arguments) {
   RunResults results;
   results.machine = ThisMachine();
   results.started = UtcNow();
+  results.host = NameOfThisHost();
   const double start = ChildProcess::Now();
   FolderOf(arguments);  // before any file is made
   ResultsOutput output(arguments.run.output, results.machine);
@@ -240,7 +244,7 @@ ExitStatus RunWatchCommand(const WatchArguments& arguments) {
     fault = error;
   }
   results.seconds = ChildProcess::Now() - start;
-  const ExitStatus status = output.Finish(results);
+  const ExitStatus status = output.Finish(results, HistoryLinesOf(results));
   if (fault) {
     std::cerr << "verify-datafiles: " << fault->what() << std::endl;
     return fault->Status();

@@ -160,8 +160,9 @@ std::string TestMarkup(const TestOutcome& test, MachineKind machine) {
   if (const std::optional<long> line = LineOf(test)) {
     html += " <span class=\"muted small\">line " + std::to_string(*line) + "</span>";
   }
-  html += "</h4>\n" + Lines(test.subject, "") + EvidenceMarkup(test, machine) +
-          Lines(test.message, "muted");
+  html += "</h4>\n";
+  if (!test.chance.empty()) html += Lines("Against chance: " + test.chance + ".", "");
+  html += Lines(test.subject, "") + EvidenceMarkup(test, machine) + Lines(test.message, "muted");
   if (test.evidence.kind == Evidence::Kind::None) html += Lines(test.location, "muted small");
   return html + "</div>\n";
 }
@@ -332,6 +333,8 @@ class PageMaker {
                   " did not pass: " + CountsOfNotPassed() + ".";
     if (!NotPassed(m_results.beforeFirst).empty()) text += " The plug-in itself failed.";
     if (!m_results.faults.empty()) text += " The results are not whole.";
+    if (m_results.tolerance && m_results.tolerance->state == ToleranceBudget::State::Blown)
+      text += " Chance does not explain the tolerated failures.";
     return "<p" + HtmlAttribute("class", std::string("verdict ") + ClassOf(OutcomeOfAll())) + ">" +
            SignOf(OutcomeOfAll()) + HtmlText(text) + "</p>\n";
   }
@@ -405,6 +408,13 @@ class PageMaker {
     if (!m_results.faults.empty()) {
       html += "<div class=\"card gone\"><h3>Why the results are not whole</h3>\n";
       for (const std::string& fault : m_results.faults) html += Lines(fault, "");
+      html += "</div>\n";
+    }
+    if (m_results.tolerance && m_results.tolerance->state != ToleranceBudget::State::Kept) {
+      const bool blown = m_results.tolerance->state == ToleranceBudget::State::Blown;
+      html += "<div class=\"card " + std::string(blown ? "failed" : "tolerated") +
+              "\"><h3>Tolerated failures and chance</h3>\n";
+      for (const std::string& words : m_results.tolerance->words) html += Lines(words, "");
       html += "</div>\n";
     }
     if (!NotPassed(m_results.beforeFirst).empty()) {

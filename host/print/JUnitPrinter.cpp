@@ -19,6 +19,7 @@ namespace OmbreliaHost {
 namespace {
 
 const char* const PLUGIN_SUITE = "DataHookOutputTestingPlugin";
+const char* const TOLERANCE_SUITE = "verify-datafiles";
 const char* const START_OF_DATAFILE =
     "DataHookOutputTestingPlugin_PerformPostProcessing_was_called";
 
@@ -26,11 +27,10 @@ struct Counts {
   std::size_t tests = 0;
   std::size_t failures = 0;
   std::size_t errors = 0;
-  std::size_t skipped = 0;
 };
 
 struct Case {
-  enum class State { Passed, Failure, Error, Skipped };
+  enum class State { Passed, Tolerated, Failure, Error };
   std::string name;
   const TestOutcome* test;         // not of use for an error
   const DatafileResult* datafile;  // null before any data file
@@ -50,25 +50,24 @@ Counts CountsOf(const std::vector<Case>& cases) {
   for (const Case& testCase : cases) {
     counts.failures += testCase.state == Case::State::Failure ? 1 : 0;
     counts.errors += testCase.state == Case::State::Error ? 1 : 0;
-    counts.skipped += testCase.state == Case::State::Skipped ? 1 : 0;
   }
   return counts;
 }
 
-Case CaseOf(const TestOutcome& test, const DatafileResult* datafile, bool tolerate) {
+Case CaseOf(const TestOutcome& test, const DatafileResult* datafile) {
   Case::State state = Case::State::Failure;
   if (test.outcome == Outcome::Passed) state = Case::State::Passed;
-  if (test.outcome == Outcome::Tolerated && tolerate) state = Case::State::Skipped;
+  if (test.outcome == Outcome::Tolerated) state = Case::State::Tolerated;
   const std::string experiment = datafile == nullptr ? std::string() : datafile->experiment;
   return {StableName(experiment, test.name), &test, datafile, state, 0};
 }
 
 // Only whole data files are measured: the case that begins one bears its time, and the error if it could not be
 // verified to its end.
-std::vector<Case> CasesOf(const DatafileResult& datafile, bool tolerate) {
+std::vector<Case> CasesOf(const DatafileResult& datafile) {
   std::vector<Case> cases;
   for (const TestOutcome& test : datafile.tests) {
-    cases.push_back(CaseOf(test, &datafile, tolerate));
+    cases.push_back(CaseOf(test, &datafile));
   }
   const bool begins = !cases.empty() && cases.front().name == START_OF_DATAFILE;
   if (datafile.loss && !begins) {
@@ -89,16 +88,16 @@ std::vector<const DatafileResult*> InFixedOrder(const std::vector<DatafileResult
   return sorted;
 }
 
-std::vector<Suite> SuitesOf(const RunResults& results, bool tolerate) {
+std::vector<Suite> SuitesOf(const RunResults& results) {
   std::vector<Suite> suites = {{PLUGIN_SUITE, {}, 0}};
   for (const TestOutcome& test : results.beforeFirst) {
-    suites.front().cases.push_back(CaseOf(test, nullptr, tolerate));
+    suites.front().cases.push_back(CaseOf(test, nullptr));
   }
   for (const DatafileResult* const datafile : InFixedOrder(results.datafiles)) {
     const std::string name = datafile->experiment.empty() ? "(no name)" : datafile->experiment;
     if (suites.size() == 1 || suites.back().name != name) suites.push_back({name, {}, 0});
     Suite& suite = suites.back();
-    for (const Case& testCase : CasesOf(*datafile, tolerate)) suite.cases.push_back(testCase);
+    for (const Case& testCase : CasesOf(*datafile)) suite.cases.push_back(testCase);
     suite.seconds += datafile->seconds;
   }
   for (Suite& suite : suites) {
@@ -115,8 +114,7 @@ std::string Attribute(const char* name, const std::string& value) {
 std::string CountAttributes(const Counts& counts) {
   return Attribute("tests", std::to_string(counts.tests)) +
          Attribute("failures", std::to_string(counts.failures)) +
-         Attribute("errors", std::to_string(counts.errors)) +
-         Attribute("skipped", std::to_string(counts.skipped));
+         Attribute("errors", std::to_string(counts.errors)) + Attribute("skipped", "0");
 }
 
 std::string TimeAttribute(double seconds) {
@@ -183,22 +181,55 @@ void PrintCase(std::ostream& out, const Case& testCase, const std::string& suite
                  LossBody(*testCase.datafile));
   } else {
     const TestOutcome& test = *testCase.test;
-    PrintElement(out, testCase.state == Case::State::Skipped ? "skipped" : "failure",
-                 NameOf(test.outcome), test.subject, FailureBody(testCase, machine));
+    const std::string body = FailureBody(testCase, machine);
+    if (testCase.state == Case::State::Tolerated) {
+      out << "      <system-out>"
+          << XmlContent("TOLERATED" + (test.chance.empty() ? "" : " " + test.chance) + "\n" + body)
+          << "</system-out>\n";
+    } else {
+      PrintElement(out, "failure", NameOf(test.outcome), test.subject, body);
+    }
   }
   out << "    </testcase>\n";
+}
+
+// Whether chance explains the tolerated failures, as a case that every report has.
+void PrintTolerance(std::ostream& out, const ToleranceBudget& tolerance,
+                    const std::string& attributes) {
+  const bool blown = tolerance.state == ToleranceBudget::State::Blown;
+  std::string body;
+  for (const std::string& words : tolerance.words) AddLines(body, words);
+  Counts counts;
+  counts.tests = 1;
+  counts.failures = blown ? 1 : 0;
+  out << "  <testsuite" << Attribute("name", TOLERANCE_SUITE) << CountAttributes(counts)
+      << TimeAttribute(0) << attributes << ">\n    <testcase"
+      << Attribute("name", "tolerance-budget") << Attribute("classname", TOLERANCE_SUITE)
+      << TimeAttribute(0) << ">\n";
+  if (blown) {
+    PrintElement(out, "failure", "tolerance", tolerance.words.front(), body);
+  } else {
+    out << "      <system-out>" << XmlContent(body) << "</system-out>\n";
+  }
+  out << "    </testcase>\n  </testsuite>\n";
 }
 
 }  // namespace
 
 void JUnitPrinter::Print(const RunResults& results) {
-  const std::vector<Suite> suites = SuitesOf(results, m_tolerate);
+  const std::vector<Suite> suites = SuitesOf(results);
   std::vector<Case> all;
   for (const Suite& suite : suites) all.insert(all.end(), suite.cases.begin(), suite.cases.end());
 
+  Counts counts = CountsOf(all);
+  if (results.tolerance) {
+    ++counts.tests;
+    if (results.tolerance->state == ToleranceBudget::State::Blown) ++counts.failures;
+  }
+
   const std::string timestamp = TimestampAttribute(results.started);
   m_out << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<testsuites"
-        << Attribute("name", "verify-datafiles") << CountAttributes(CountsOf(all))
+        << Attribute("name", "verify-datafiles") << CountAttributes(counts)
         << TimeAttribute(results.seconds) << timestamp << ">\n";
   for (const Suite& suite : suites) {
     m_out << "  <testsuite" << Attribute("name", suite.name)
@@ -208,6 +239,9 @@ void JUnitPrinter::Print(const RunResults& results) {
       PrintCase(m_out, testCase, suite.name, results.machine);
     }
     m_out << "  </testsuite>\n";
+  }
+  if (results.tolerance) {
+    PrintTolerance(m_out, *results.tolerance, timestamp + Attribute("hostname", m_hostname));
   }
   m_out << "</testsuites>\n";
 }

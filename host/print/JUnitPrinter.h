@@ -11,19 +11,19 @@ namespace OmbreliaHost {
 
 // Writes well-formed XML whatever the texts hold. One suite per experiment in the order of their names, its
 // data files in the order of their paths; what the plug-in recorded before any data file comes first. A data
-// file that could not be verified to its end is an error of the test that begins every data file.
+// file that could not be verified to its end is an error of the test that begins every data file. A tolerated
+// failure passes; where the results' tolerance is known, one case in a suite of its own fails if chance does not
+// explain them.
 class JUnitPrinter {
  public:
-  // hostname: of this machine. tolerate: a tolerated failure is a skipped test and no failure.
-  JUnitPrinter(std::ostream& out, const std::string& hostname, bool tolerate)
-      : m_out(out), m_hostname(hostname), m_tolerate(tolerate) {}
+  // hostname: of this machine.
+  JUnitPrinter(std::ostream& out, const std::string& hostname) : m_out(out), m_hostname(hostname) {}
 
   void Print(const RunResults& results);
 
  private:
   std::ostream& m_out;
   std::string m_hostname;
-  bool m_tolerate;
 };
 
 }  // namespace OmbreliaHost

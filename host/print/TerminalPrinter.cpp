@@ -157,6 +157,27 @@ void TerminalPrinter::PrintSummary(const RunResults& results) {
   m_out.flush();
 }
 
+void TerminalPrinter::PrintToleratedFailures(const RunResults& results) {
+  for (const DatafileResult& datafile : results.datafiles) {
+    for (const TestOutcome& test : datafile.tests) {
+      if (test.chance.empty()) continue;
+      m_out << "Tolerated: " << PathShown(datafile.path.string()) << ", " << LineShown(test.name)
+            << ": " << test.chance << "\n";
+    }
+  }
+  m_out.flush();
+}
+
+void TerminalPrinter::PrintTolerance(const RunResults& results) {
+  if (!results.tolerance || results.tolerance->state == ToleranceBudget::State::Kept) return;
+  const bool blown = results.tolerance->state == ToleranceBudget::State::Blown;
+  for (const std::string& words : results.tolerance->words) {
+    m_out << Colored(blown ? Color::Bad : Color::Unsure, blown ? "Not by chance" : "Warning")
+          << ": " << LineShown(words) << "\n";
+  }
+  m_out.flush();
+}
+
 std::string TerminalPrinter::Colored(Color color, const std::string& text) const {
   if (!m_colored) return text;
   switch (color) {

@@ -31,6 +31,10 @@ class TerminalPrinter {
   void PrintDatafile(const DatafileResult& datafile);
   // What did not pass once more in short, then totals, the kind of machine and the paths of the reports.
   void PrintSummary(const RunResults& results);
+  // Each tolerated failure against chance; nothing where there is none.
+  void PrintToleratedFailures(const RunResults& results);
+  // What chance does not explain; nothing where it explains all.
+  void PrintTolerance(const RunResults& results);
 
  private:
   enum class Color { Good, Bad, Unsure, Strong };

@@ -41,6 +41,7 @@ std::vector<std::string> FailuresOnlyOf(const DatafileResult& one, const Datafil
 }  // namespace
 
 void TakeEvidence(DatafileResult& datafile, const DatafileResult& second) {
+  datafile.rows = second.rows;
   auto next = second.tests.begin();
   bool agree = true;
   for (TestOutcome& test : datafile.tests) {
@@ -58,6 +59,7 @@ void TakeEvidence(DatafileResult& datafile, const DatafileResult& second) {
 }
 
 void TakeBounds(DatafileResult& datafile, const DatafileResult& second) {
+  datafile.rows = second.rows;
   for (TestOutcome& test : datafile.tests) {
     const auto same = std::find_if(
         second.tests.begin(), second.tests.end(),

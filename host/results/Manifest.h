@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "host/results/Chance.h"
+
 namespace OmbreliaHost {
 
 struct VerifierEntry {
@@ -13,6 +15,7 @@ struct VerifierEntry {
   std::string proves;                          // what it proves about the host, one sentence
   bool expectEmptyDatafile = false;            // the experiment is to leave no readable data file
   std::vector<std::string> toleratedFailures;  // names of tests, without running number
+  std::vector<ChanceFailure> chanceFailures;  // the tolerated ones, and others that chance can fail
 };
 
 // All verifiers in the table's order. They live as long as the program.
@@ -23,6 +26,9 @@ const VerifierEntry* FindVerifier(const std::string& experiment);
 
 // May a correct host fail this test now and then? The name is without running number.
 bool IsTolerated(const std::string& experiment, const std::string& testName);
+
+// How chance fails this test of an experiment; null if chance does not. The name is a stable one.
+const ChanceFailure* FindChance(const std::string& experiment, const std::string& testName);
 
 }  // namespace OmbreliaHost
 

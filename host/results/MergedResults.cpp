@@ -115,6 +115,8 @@ RunResults MergeResults(const std::vector<NamedResults>& parts) {
   RunResults merged;
   merged.machine = parts.front().results.machine;
   merged.started = parts.front().results.started;
+  merged.host = parts.front().results.host;
+  merged.verifiers = parts.front().results.verifiers;
   std::vector<Kept> datafiles;
   std::map<std::pair<std::string, std::string>, std::size_t> found;
   for (const NamedResults& part : parts) {
@@ -122,6 +124,8 @@ RunResults MergeResults(const std::vector<NamedResults>& parts) {
     merged.faults.insert(merged.faults.end(), results.faults.begin(), results.faults.end());
     merged.started = std::min(merged.started, results.started);
     merged.seconds += results.seconds;
+    if (results.host != merged.host) merged.host.clear();
+    if (results.verifiers != merged.verifiers) merged.verifiers.clear();
     AddBeforeFirst(merged.beforeFirst, results.beforeFirst);
     merged.reports.insert(merged.reports.end(), results.reports.begin(), results.reports.end());
     for (const DatafileResult& datafile : results.datafiles) {

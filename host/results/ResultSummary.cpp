@@ -47,7 +47,8 @@ ExitStatus ExitStatusOf(const RunResults& results, bool tolerate) {
   const auto fails = [&](const auto& result) { return CountsAsFailing(result.outcome, tolerate); };
   const bool anyFails =
       std::any_of(results.beforeFirst.begin(), results.beforeFirst.end(), fails) ||
-      std::any_of(results.datafiles.begin(), results.datafiles.end(), fails);
+      std::any_of(results.datafiles.begin(), results.datafiles.end(), fails) ||
+      (results.tolerance && results.tolerance->state == ToleranceBudget::State::Blown);
   return anyFails ? ExitStatus::SomeFailingTest : ExitStatus::NoFailingTest;
 }
 

@@ -25,7 +25,7 @@ TestCounts CountTests(const RunResults& results);  // also those before the firs
 std::size_t CountDatafiles(const RunResults& results, Outcome outcome);
 
 // SomeFailingTest also for a data file that could not be verified to its end, and for a tolerated failure
-// unless tolerate; MalformedReport if the results have faults.
+// unless tolerate, or where chance does not explain it; MalformedReport if the results have faults.
 ExitStatus ExitStatusOf(const RunResults& results, bool tolerate);
 
 // The line of the data file, from 1, that decided a test, that of the first cell of its evidence that stands

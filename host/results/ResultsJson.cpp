@@ -29,6 +29,14 @@ const std::vector<NamedValue<Evidence::Kind>>& EvidenceKinds() {
   return kinds;
 }
 
+const std::vector<NamedValue<ToleranceBudget::State>>& ToleranceStates() {
+  static const std::vector<NamedValue<ToleranceBudget::State>> states = {
+      {ToleranceBudget::State::Kept, "kept"},
+      {ToleranceBudget::State::Warns, "warns"},
+      {ToleranceBudget::State::Blown, "blown"}};
+  return states;
+}
+
 // Members that may be absent.
 
 template <typename Value>
@@ -185,6 +193,7 @@ json ToJson(const TestOutcome& test) {
     object["bound"] = {
         {"min", test.bound->min}, {"max", test.bound->max}, {"actual", test.bound->actual}};
   }
+  Put(object, "chance", test.chance);
   return object;
 }
 
@@ -202,6 +211,7 @@ TestOutcome TestOutcomeFromJson(const json& object) {
     test.bound = BoundCheck{bound.at("min").get<long>(), bound.at("max").get<long>(),
                             bound.at("actual").get<long>()};
   }
+  Get(object, "chance", test.chance);
   return test;
 }
 
@@ -215,6 +225,7 @@ json ToJson(const DatafileResult& datafile) {
   if (datafile.position != 0) object["position"] = datafile.position;
   Put(object, "duration_ms", datafile.durationMs);
   Put(object, "expansion_ms", datafile.expansionMs);
+  Put(object, "rows", datafile.rows);
   if (datafile.loss) object["loss"] = ToJson(*datafile.loss);
   Put(object, "remarks", datafile.remarks);
   return object;
@@ -231,6 +242,7 @@ DatafileResult DatafileResultFromJson(const json& object) {
   Get(object, "position", datafile.position);
   Get(object, "duration_ms", datafile.durationMs);
   Get(object, "expansion_ms", datafile.expansionMs);
+  Get(object, "rows", datafile.rows);
   if (object.contains("loss")) datafile.loss = LossFromJson(object.at("loss"));
   Get(object, "remarks", datafile.remarks);
   return datafile;
@@ -250,6 +262,12 @@ json ToJson(const RunResults& results) {
     object["shard"] = {{"index", results.shard->index}, {"count", results.shard->count}};
   }
   Put(object, "faults", results.faults);
+  Put(object, "host", results.host);
+  Put(object, "verifiers", results.verifiers);
+  if (results.tolerance) {
+    object["tolerance"] = {{"state", NameIn(ToleranceStates(), results.tolerance->state)},
+                           {"words", results.tolerance->words}};
+  }
   return object;
 }
 
@@ -282,6 +300,14 @@ RunResults RunResultsFromJson(const json& object) {
     }
   }
   Get(object, "faults", results.faults);
+  Get(object, "host", results.host);
+  Get(object, "verifiers", results.verifiers);
+  if (object.contains("tolerance")) {
+    const json& tolerance = RequireObject(object.at("tolerance"), "\"tolerance\"");
+    results.tolerance = ToleranceBudget{
+        ValueIn(ToleranceStates(), tolerance.at("state").get<std::string>(), "state of tolerance"),
+        tolerance.at("words").get<std::vector<std::string>>()};
+  }
   return results;
 }
 

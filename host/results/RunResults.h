@@ -87,6 +87,8 @@ struct TestOutcome {
   std::string message;
   Evidence evidence;
   std::optional<BoundCheck> bound;
+  std::string
+      chance;  // of a tolerated failure: "TOLERATED p=0.0714 k/n=2/400: 2 in 400, chance allows it"
 };
 
 // How the process ended that verified a data file, where it did not end well.
@@ -106,6 +108,7 @@ struct DatafileResult {
   std::size_t position = 0;
   std::optional<long> durationMs;  // what the host needed, from the tracking results
   std::optional<long> expansionMs;
+  std::optional<long> rows;          // of its table, where they were asked for
   std::vector<TestOutcome> tests;    // in the order of the report
   std::optional<Loss> loss;          // for Crashed, TimedOut and Lost
   std::vector<std::string> remarks;  // such as what was wrong with the name of a data file
@@ -120,15 +123,26 @@ struct Shard {
   std::size_t count = 1;
 };
 
+// Whether chance explains the tolerated failures of a run.
+struct ToleranceBudget {
+  enum class State { Kept, Warns, Blown };
+  State state = State::Kept;
+  std::vector<std::string> words;  // sentences; at least one
+};
+
 struct RunResults {
   MachineKind machine = MachineKind::Ordinary;
-  std::string started;                   // UTC, as in 2026-03-01T12:00:00Z
-  double seconds = 0;                    // of all shards together, if they were merged
+  std::string host;  // the machine's name; empty if it is not known, or if there are several
+  std::string
+      verifiers;        // which verifiers judged; empty if it is not known, or if there are several
+  std::string started;  // UTC, as in 2026-03-01T12:00:00Z
+  double seconds = 0;   // of all shards together, if they were merged
   std::optional<Shard> shard;            // absent: the whole of a run
   std::vector<std::string> faults;       // why these results are not whole, such as a missing shard
   std::vector<TestOutcome> beforeFirst;  // of the plug-in itself, before any data file
   std::vector<DatafileResult> datafiles;       // in the order given
   std::vector<std::filesystem::path> reports;  // what the plug-in wrote, one file per process
+  std::optional<ToleranceBudget> tolerance;    // absent before all is known
 };
 
 }  // namespace OmbreliaHost

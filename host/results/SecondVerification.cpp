@@ -94,6 +94,7 @@ OwnVerdict VerifyInThisProcess(const std::filesystem::path& absoluteDatafile,
       verdict.expansionMs = time;
     verdict.tests.push_back(test);
   }
+  if (recorder.DatafileWasRead()) verdict.rows = recorder.Table()->GetNumberOfDataRows();
   verdict.outcome = OutcomeOf(verdict, isKnown, recorder.DatafileWasRead());
   return verdict;
 }

@@ -21,6 +21,7 @@ struct OwnVerdict {
   std::vector<TestOutcome> tests;
   std::optional<long> durationMs;
   std::optional<long> expansionMs;
+  std::optional<long> rows;  // of the table; absent if the data file cannot be read
 };
 
 // Verifies one data file in this process, with the rooms that the program is linked with and not with the

@@ -1,5 +1,9 @@
 #include "host/results/ThisMachine.h"
 
+#include <unistd.h>
+
+#include <array>
+
 #include "framework/HostNames.h"
 #include "plugin/HostProbes.h"
 
@@ -17,6 +21,11 @@ bool IsKnownBy(MachineKind machine, const wxString& hostNameText) {
   if (machine == ThisMachine()) return Halvex::CurrSystemMatchesLocalHostName(hostNameText);
   return (machine == MachineKind::Small && hostNameText == Ombrelia::SMALL_MACOSX_TESTBOX) ||
          (machine == MachineKind::Large && hostNameText == Ombrelia::BIG_MACOSX_SERVER);
+}
+
+std::string NameOfThisHost() {
+  std::array<char, 256> name{};
+  return gethostname(name.data(), name.size() - 1) == 0 ? name.data() : "";
 }
 
 }  // namespace OmbreliaHost

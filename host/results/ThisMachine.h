@@ -4,6 +4,8 @@
 
 #include <wx/string.h>
 
+#include <string>
+
 #include "host/results/RunResults.h"
 
 namespace OmbreliaHost {
@@ -15,6 +17,9 @@ MachineKind ThisMachine();
 // Whether the bounds of the machines with this text in their names apply on the kind of machine, wherever the
 // program runs.
 bool IsKnownBy(MachineKind machine, const wxString& hostNameText);
+
+// Empty if the system does not tell.
+std::string NameOfThisHost();
 
 }  // namespace OmbreliaHost
 

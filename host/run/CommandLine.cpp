@@ -53,6 +53,12 @@ void AddOutputOptions(CLI::App& app, OutputArguments& output) {
       ->type_name("FILE");
 }
 
+// For commands that know when which data file was verified.
+void AddHistoryOption(CLI::App& app, OutputArguments& output) {
+  app.add_option("--history", output.history, "Add a line for each data file to a history")
+      ->type_name("FILE");
+}
+
 bool ReadNumber(const char*& text, const char* end, std::size_t& number) {
   const auto [stop, error] = std::from_chars(text, end, number);
   text = stop;
@@ -112,6 +118,7 @@ void AddRunOptions(CLI::App& app, RunArguments& run, Extent extent = Extent::OfA
       "Tell also what would fail on a machine of this kind: ordinary, small, large")
       ->type_name("KIND");
   AddOutputOptions(app, run.output);
+  AddHistoryOption(app, run.output);
 }
 
 std::string VersionText() {
@@ -165,6 +172,23 @@ CLI::App* AddCollectCommand(CLI::App& app, CollectArguments& collect) {
       "Exit status: 0 no failing test; 1 some failing test; 2 wrong use, or nothing to collect;\n"
       "3 a process left no report, or one that is not well-formed or not whole; 4 the results\n"
       "could not be written.");
+  return command;
+}
+
+CLI::App* AddHistoryCommand(CLI::App& app, HistoryArguments& history) {
+  CLI::App* const command = app.add_subcommand(
+      "history", "Show what a history tells: what broke when, trends, failures against chance");
+  command->add_option("file", history.file, "The file that --history wrote")
+      ->type_name("FILE")
+      ->required();
+  AddGlobs(*command, history.only, "Show only experiments that match; may be given again");
+  command->add_option("--json", history.json, "Write it as JSON")->type_name("FILE");
+  command->add_option("--html", history.html, "Write it as a page")->type_name("FILE");
+  command->footer(
+      "Example:\n"
+      "  verify-datafiles history runs.jsonl --only 'two_sublists*' --html history.html\n"
+      "Exit status: 0 whatever the history tells; 2 wrong use, or a file that is no history; 4 a\n"
+      "file could not be written to its end.");
   return command;
 }
 
@@ -269,20 +293,23 @@ std::variant<CommandLine, ExitStatus> ParseCommandLine(int argc, char** argv) {
   MergeArguments merge;
   CLI::App* const mergeApp = app.add_subcommand("merge", "Join results that --json wrote");
   AddOutputOptions(*mergeApp, merge.output);
+  AddHistoryOption(*mergeApp, merge.output);
   mergeApp->add_option("files", merge.files, "Results of runs")->type_name("FILE")->required();
 
   RepairArguments repair;
   CLI::App* const repairApp = AddRepairCommand(app, repair);
   CollectArguments collect;
   CLI::App* const collectApp = AddCollectCommand(app, collect);
+  HistoryArguments history;
+  CLI::App* const historyApp = AddHistoryCommand(app, history);
   WatchedArguments watched;
   CLI::App* const watchedApp = AddWatchedCommand(app, watched);
   WatchArguments watch;
   CLI::App* const watchApp = AddWatchCommand(app, watch);
 
   for (CLI::App* const one : {listApp, explainApp, mergeApp}) one->footer("");
-  const std::array<CLI::App*, 7> subcommands = {listApp,    explainApp, mergeApp, repairApp,
-                                                collectApp, watchedApp, watchApp};
+  const std::array<CLI::App*, 8> subcommands = {listApp,    explainApp, mergeApp,   repairApp,
+                                                collectApp, historyApp, watchedApp, watchApp};
   const auto allowSubcommands = [&](bool allowed) {
     for (CLI::App* const one : subcommands) one->disabled(!allowed);
   };
@@ -303,6 +330,7 @@ std::variant<CommandLine, ExitStatus> ParseCommandLine(int argc, char** argv) {
   if (mergeApp->parsed()) return merge;
   if (repairApp->parsed()) return repair;
   if (collectApp->parsed()) return collect;
+  if (historyApp->parsed()) return history;
   if (watchedApp->parsed()) return watched;
   if (watchApp->parsed()) return watch;
   return run;

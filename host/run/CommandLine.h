@@ -27,6 +27,7 @@ struct OutputArguments {
   std::filesystem::path json;
   std::filesystem::path junit;
   std::filesystem::path html;
+  std::filesystem::path history;  // lines are added to it
 };
 
 // A run of data files, which is what the program does without a subcommand.
@@ -69,6 +70,13 @@ struct CollectArguments {
   OutputArguments output;
 };
 
+struct HistoryArguments {
+  std::filesystem::path file;
+  std::vector<std::string> only;  // globs; empty: all experiments
+  std::filesystem::path json;     // empty: not asked for
+  std::filesystem::path html;
+};
+
 struct WatchedArguments {
   std::vector<std::string>
       names;                // data files and experiments; none: the samples of all experiments
@@ -87,7 +95,7 @@ struct WatchArguments {
 
 using CommandLine =
     std::variant<RunArguments, ListArguments, ExplainArguments, MergeArguments, RepairArguments,
-                 CollectArguments, WatchedArguments, WatchArguments>;
+                 CollectArguments, HistoryArguments, WatchedArguments, WatchArguments>;
 
 // A subcommand is one only as the first argument: any later word of that name is an input. An exit
 // status comes back when the program is to end at once: after the help and the version, which it prints,

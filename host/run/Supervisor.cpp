@@ -189,8 +189,9 @@ void Supervisor::BecomeKnown(std::size_t datafile) {
 
 // A failing data file does, and one whose bounds are asked for; of one that was lost there is no test to explain.
 bool Supervisor::NeedsSecond(std::size_t datafile) const {
-  const std::vector<TestOutcome>& tests = m_results.datafiles[datafile].tests;
-  return HasFailingTest(tests) || (m_plan.bounds && !tests.empty());
+  const DatafileResult& result = m_results.datafiles[datafile];
+  return HasFailingTest(result.tests) ||
+         (!result.tests.empty() && m_plan.askForAll(result.experiment));
 }
 
 void Supervisor::AskFor(std::size_t datafile) {
@@ -312,7 +313,7 @@ void Supervisor::Complete(std::size_t datafile) {
           "There is no evidence, for the second verification came to no end: " + state.noSecond +
           ".");
     }
-  } else if (m_plan.bounds && state.second) {
+  } else if (state.second && m_plan.askForAll(result.experiment)) {
     TakeBounds(result, *state.second);
   }
   if (result.outcome == Outcome::Unknown) {

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <deque>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -37,8 +38,11 @@ class Supervisor : private PluginRunListener {
     double timeout = 60;  // seconds, for each data file
     std::size_t jobs = 1;
     std::optional<MachineKind> machine;  // the other kind whose verdict is asked for
-    bool bounds = false;  // of passing tests as well; takes a second verification of each data file
     SecondRun::Verify verifyAgain;
+    // Is a good data file of the experiment verified a second time, too, for its rows and its bounds?
+    std::function<bool(const std::string& experiment)> askForAll = [](const std::string&) {
+      return false;
+    };
   };
 
   // The plan, the listener and the results are borrowed. The results have one element for each data file

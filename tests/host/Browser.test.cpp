@@ -109,6 +109,37 @@ TEST_F(BrowserTest, AxeFindsNothingInLightAndDark) {
   EXPECT_EQ(results[10], json::array());
 }
 
+TEST_F(BrowserTest, TheHistorysPageIsAsGood) {
+  std::string lines;
+  for (int i = 0; i < 9; ++i) {
+    const std::string number = std::to_string(i);
+    lines += json({{"format", 1},
+                   {"time", "2026-03-0" + std::to_string(i + 1) + "T12:00:00Z"},
+                   {"machine", "ordinary"},
+                   {"experiment", "2013-01_assorted_new_block_options.om5"},
+                   {"digest", number},
+                   {"outcome", i > 7 ? "failed" : "passed"},
+                   {"failed", {std::string(90, 'x')}},
+                   {"trials", {{{"test", "Block_One_Is_V4_Jumbled"}, {"failed", i > 2}}}},
+                   {"duration_ms", 1000 + i % 3}})
+                 .dump() +
+             "\n";
+  }
+  EXPECT_EQ(Verify({"history", File("history.jsonl", lines), "--html", "history.html"}).status, 0);
+  const json unfold =
+      Evaluate("document.querySelectorAll('details').forEach(one => { one.open = true; })");
+  const json width = Evaluate("document.documentElement.scrollWidth");
+  const json seen =
+      Browse({DESKTOP, OPEN, unfold, width, PHONE, width, {"complaints"}}, "history.html");
+  EXPECT_LE(seen[3], 1280);
+  EXPECT_EQ(seen[5], 360);
+  EXPECT_EQ(seen[6], json::array());
+  if (!Exists(AXE)) GTEST_SKIP() << "axe-core is not installed";
+  const json axe = Browse({DESKTOP, OPEN, unfold, {"axe"}, PHONE_DARK, {"axe"}}, "history.html");
+  EXPECT_EQ(axe[3], json::array());
+  EXPECT_EQ(axe[5], json::array());
+}
+
 TEST_F(BrowserTest, SearchesAndFiltersWithoutAReload) {
   PageOf(WholeResults());
   const json results = Browse({DESKTOP,

@@ -88,7 +88,7 @@ TEST_F(CollectTest, WritesJsonAndJUnit) {
   EXPECT_EQ(results.datafiles[1].digest, "");
   EXPECT_EQ(results.started.size(), std::string("2026-03-01T12:00:00Z").size());
   const XmlElement junit = ReadXml(ReadFile(m_folder / "all.xml"));
-  EXPECT_EQ(junit["tests"], "6");
+  EXPECT_EQ(junit["tests"], "7");
   EXPECT_EQ(junit["failures"], "1");
   // Two of one experiment are two.
   Leave(32, GoodReport());

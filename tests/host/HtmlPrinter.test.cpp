@@ -101,6 +101,22 @@ TEST(HtmlPrinter, TheVerdictIsOneSentence) {
       "not whole.");
 }
 
+TEST(HtmlPrinter, TellsWhatChanceMakesOfToleratedFailures) {
+  RunResults results = WholeResults();
+  EXPECT_TRUE(Has(Card(Page(results), "by_chance.om4"),
+                  "Against chance: p=0.0714 k/n=2/400: 2 in 400, chance allows it."));
+  const auto summary = [&] { return WithId(Page(results), "section", "page:summary"); };
+  EXPECT_FALSE(Has(summary(), "Tolerated failures and chance"));
+  results.tolerance = ToleranceBudget{ToleranceBudget::State::Warns, {"Two of them."}};
+  EXPECT_TRUE(Has(summary(), "Two of them."));
+  EXPECT_EQ(ElementsOf(Page(results), "header").at(0).children.at(1).text.find("Chance"),
+            std::string::npos);
+  results.tolerance->state = ToleranceBudget::State::Blown;
+  EXPECT_TRUE(Has(summary(), "Two of them."));
+  EXPECT_TRUE(Has(ElementsOf(Page(results), "header").at(0),
+                  "Chance does not explain the tolerated failures."));
+}
+
 TEST(HtmlPrinter, FailingDataFilesComeFirst) {
   std::vector<std::string> outcomes;
   for (const XmlElement& card : ElementsOf(Page(WholeResults()), "article")) {

@@ -18,15 +18,13 @@ namespace {
 
 using namespace OmbreliaHost;
 
-std::string Printed(const RunResults& results, bool tolerate = false) {
+std::string Printed(const RunResults& results) {
   std::ostringstream out;
-  JUnitPrinter(out, "builder-7", tolerate).Print(results);
+  JUnitPrinter(out, "builder-7").Print(results);
   return out.str();
 }
 
-XmlElement Report(const RunResults& results, bool tolerate = false) {
-  return ReadXml(Printed(results, tolerate));
-}
+XmlElement Report(const RunResults& results) { return ReadXml(Printed(results)); }
 
 XmlElement Case(const XmlElement& report, const std::string& suite, const std::string& name) {
   for (const XmlElement& testCase : ElementsOf(report, "testcase")) {
@@ -78,17 +76,17 @@ TEST(JUnitPrinter, SuitesAreFlatAndInTheOrderOfTheirNames) {
       EXPECT_LE(testCase.children.size(), 1u);
     }
   }
-  EXPECT_EQ(names,
-            (std::vector<std::string>{"DataHookOutputTestingPlugin", "all_kinds.om5", "broken.om4",
-                                      "by_chance.om4", "crashing.om4", "endless.om4", "good.om4",
-                                      "leaving.om4", "nearly.om4", "two_sublists_tagging.om5"}));
+  EXPECT_EQ(names, (std::vector<std::string>{"DataHookOutputTestingPlugin", "all_kinds.om5",
+                                             "broken.om4", "by_chance.om4", "crashing.om4",
+                                             "endless.om4", "good.om4", "leaving.om4", "nearly.om4",
+                                             "two_sublists_tagging.om5", "verify-datafiles"}));
 }
 
 TEST(JUnitPrinter, LostDataFilesAreErrorsAndCounted) {
   const XmlElement report = Report(WholeResults());
   EXPECT_EQ(report["errors"], "3");
-  EXPECT_EQ(report["failures"], "10");
-  EXPECT_EQ(report["tests"], "22");
+  EXPECT_EQ(report["failures"], "9");
+  EXPECT_EQ(report["tests"], "23") << "that of the tolerance, too";
   const std::string start = "DataHookOutputTestingPlugin_PerformPostProcessing_was_called";
   const XmlElement crashed = Case(report, "crashing.om4", start);
   ASSERT_EQ(crashed.children.size(), 1u);
@@ -123,7 +121,9 @@ TEST(JUnitPrinter, TheTestsOfALostDataFileStayBesideItsError) {
 }
 
 TEST(JUnitPrinter, CountsAgreeWithTheCases) {
-  const XmlElement report = Report(WholeResults(), true);
+  RunResults results = WholeResults();
+  results.tolerance = ToleranceBudget{ToleranceBudget::State::Blown, {"3 of them."}};
+  const XmlElement report = Report(results);
   const auto agree = [](const XmlElement& counted) {
     EXPECT_EQ(counted["tests"], std::to_string(ElementsOf(counted, "testcase").size()));
     EXPECT_EQ(counted["failures"], std::to_string(ElementsOf(counted, "failure").size()));
@@ -134,14 +134,33 @@ TEST(JUnitPrinter, CountsAgreeWithTheCases) {
   for (const XmlElement& suite : report.children) agree(suite);
 }
 
-TEST(JUnitPrinter, AToleratedFailureIsToldApart) {
-  EXPECT_EQ(Case(Report(WholeResults()), "by_chance.om4", "By_chance").children[0].name, "failure");
-  EXPECT_EQ(Case(Report(WholeResults()), "by_chance.om4", "By_chance").children[0]["type"],
-            "tolerated");
-  const XmlElement skipped =
-      Case(Report(WholeResults(), true), "by_chance.om4", "By_chance").children[0];
-  EXPECT_EQ(skipped.name, "skipped");
-  EXPECT_EQ(skipped["message"], "rarely");
+TEST(JUnitPrinter, AToleratedFailurePassesAndSaysWhatChanceMakesOfIt) {
+  const XmlElement passed = Case(Report(WholeResults()), "by_chance.om4", "By_chance");
+  ASSERT_EQ(passed.children.size(), 1u);
+  EXPECT_EQ(passed.children[0].name, "system-out");
+  EXPECT_EQ(passed.children[0].text,
+            "TOLERATED p=0.0714 k/n=2/400: 2 in 400, chance allows it\nrarely\n"
+            "Whichever/File/Focuses/On/Verifying/x.om5:120\nm\n");
+}
+
+TEST(JUnitPrinter, OneCaseFailsWhereChanceDoesNotExplainTheToleratedFailures) {
+  RunResults results;
+  EXPECT_EQ(Report(results).children.size(), 1u) << "nothing was judged";
+  results.tolerance = ToleranceBudget{ToleranceBudget::State::Warns, {"Two of them.", "Look."}};
+  const XmlElement warned = Case(Report(results), "verify-datafiles", "tolerance-budget");
+  ASSERT_EQ(warned.children.size(), 1u);
+  EXPECT_EQ(warned.children[0].name, "system-out");
+  EXPECT_EQ(warned.children[0].text, "Two of them.\nLook.\n");
+  results.tolerance->state = ToleranceBudget::State::Kept;
+  EXPECT_EQ(Report(results)["failures"], "0");
+  results.tolerance->state = ToleranceBudget::State::Blown;
+  const XmlElement report = Report(results);
+  EXPECT_EQ(report["tests"], "1");
+  EXPECT_EQ(report["failures"], "1");
+  const XmlElement failed = Case(report, "verify-datafiles", "tolerance-budget").children[0];
+  EXPECT_EQ(failed.name, "failure");
+  EXPECT_EQ(failed["message"], "Two of them.");
+  EXPECT_EQ(failed.text, "Two of them.\nLook.\n");
 }
 
 TEST(JUnitPrinter, NamesStayWhateverWasMeasuredAndWhicheverShardItWas) {
@@ -189,6 +208,8 @@ TEST(JUnitPrinter, HostileTextsLeaveItWellFormedAndLoseNothingVisible) {
     test.evidence.cells[0].column = hostile;
     test.evidence.words = {hostile};
     datafile.tests.push_back(test);
+    datafile.tests.back().outcome = Outcome::Tolerated;
+    datafile.tests.back().chance = hostile;
     results.datafiles.push_back(datafile);
     datafile.loss = Loss{0, 1, {hostile}};
     results.datafiles.push_back(datafile);
@@ -219,17 +240,16 @@ TEST(JUnitPrinter, JunitparserReadsIt) {
       {"/usr/bin/python3", OMBRELIA_SOURCE_DIR "/tests/host/read_junit.py", folder / "report.xml"});
   EXPECT_EQ(read.status, 0) << read.err;
   EXPECT_EQ(read.out,
-            R"(14 tests, 4 failures, 3 errors, 0 skipped
+            R"(15 tests, 3 failures, 3 errors, 0 skipped
 suite DataHookOutputTestingPlugin: 1 tests, 0 failures, 0 errors, 0 skipped, 0.000 s, 2026-03-01T12:00:00, builder-7
   DataHookOutputTestingPlugin | SingleDummyPassingTest | 0.000 s
 suite broken.om4: 2 tests, 1 failures, 0 errors, 0 skipped, 0.250 s, 2026-03-01T12:00:00, builder-7
   broken.om4 | DataHookOutputTestingPlugin_PerformPostProcessing_was_called | 0.250 s
   broken.om4 | open_and_parse_broken.om4 | 0.000 s
     Failure failed: this datafile was not open-able/parse-able
-suite by_chance.om4: 2 tests, 1 failures, 0 errors, 0 skipped, 0.250 s, 2026-03-01T12:00:00, builder-7
+suite by_chance.om4: 2 tests, 0 failures, 0 errors, 0 skipped, 0.250 s, 2026-03-01T12:00:00, builder-7
   by_chance.om4 | DataHookOutputTestingPlugin_PerformPostProcessing_was_called | 0.250 s
   by_chance.om4 | By_chance | 0.000 s
-    Failure tolerated: rarely
 suite crashing.om4: 1 tests, 0 failures, 1 errors, 0 skipped, 0.250 s, 2026-03-01T12:00:00, builder-7
   crashing.om4 | DataHookOutputTestingPlugin_PerformPostProcessing_was_called | 0.250 s
     Error crashed: crashed: signal 11 (Segmentation fault)
@@ -250,6 +270,8 @@ suite two_sublists_tagging.om5: 2 tests, 1 failures, 0 errors, 0 skipped, 0.250 
   two_sublists_tagging.om5 | DataHookOutputTestingPlugin_PerformPostProcessing_was_called | 0.250 s
   two_sublists_tagging.om5 | Data_appears_completely_and_in_order | 0.000 s
     Failure failed: Mismatch in the ordering of data cells in datafile.
+suite verify-datafiles: 1 tests, 0 failures, 0 errors, 0 skipped, 0.000 s, 2026-03-01T12:00:00, builder-7
+  verify-datafiles | tolerance-budget | 0.000 s
 )");
 }
 

@@ -48,6 +48,33 @@ TEST(Manifest, EveryToleratedTestIsOneThatItsVerifierReports) {
   }
 }
 
+TEST(Manifest, KnowsWhatChanceFails) {
+  const ChanceFailure* const jumbled =
+      FindChance("2013-01_assorted_new_block_options.om5", "Block_One_Is_V4_Jumbled");
+  ASSERT_NE(jumbled, nullptr);
+  EXPECT_EQ(ProbabilityOf(*jumbled, std::nullopt), 1.0 / 14);
+  const ChanceFailure* const coins = FindChance("2011-11-1_tolmey_2552_Randomization.om4",
+                                                "Experiment_is_a_bunch_of_coinflips_as_expected");
+  ASSERT_NE(coins, nullptr) << "not tolerated, but by chance";
+  EXPECT_EQ(ProbabilityOf(*coins, std::nullopt), std::nullopt);
+  EXPECT_EQ(ProbabilityOf(*coins, 100), CoinOutsideBand(100));
+  EXPECT_EQ(FindChance("2013-01_assorted_new_block_options.om5", "Block_Two_Is_V5_Random"),
+            nullptr);
+  EXPECT_EQ(FindChance("good.om4", "Block_One_Is_V4_Jumbled"), nullptr);
+}
+
+// A name that no verifier reports would have no trials.
+TEST(Manifest, EveryTestThatChanceFailsIsOneThatItsVerifierReports) {
+  for (const VerifierEntry& entry : Verifiers()) {
+    const std::string source =
+        ReadFile(OMBRELIA_SOURCE_DIR "/verifiers/" + entry.className + ".cpp");
+    for (const ChanceFailure& chance : entry.chanceFailures) {
+      EXPECT_NE(source.find("\"" + chance.test + "\""), std::string::npos)
+          << entry.className << " " << chance.test;
+    }
+  }
+}
+
 TEST(Manifest, FindsAVerifierByItsExactNameOnly) {
   ASSERT_NE(FindVerifier("mac_input_settings_45_one.om4"), nullptr);
   EXPECT_EQ(FindVerifier("mac_input_settings_45_one.om4")->className, "TestBasicMacInput_01");

@@ -76,6 +76,13 @@ TEST_F(ResultsSchemaTest, RefusesAnythingElse) {
       {"/datafiles/0/tests/1/context/rows/0/line", 0},
       {"/datafiles/1/tests/5/bound/min", 1.5},
       {"/datafiles/6/loss/exit_status", 1},
+      {"/host", ""},
+      {"/verifiers", 1},
+      {"/tolerance/state", "fine"},
+      {"/tolerance/words", json::array()},
+      {"/tolerance/unheard_of", 1},
+      {"/datafiles/3/rows", 1.5},
+      {"/datafiles/3/tests/1/chance", ""},
       {"/reports/0", 1}};
   std::vector<std::string> files;
   for (const auto& [pointer, value] : changes) {

@@ -111,7 +111,7 @@ TEST_F(ShownEvidenceTest, HostileCellsLeaveTheJUnitReportWellFormed) {
     RunResults results;
     results.datafiles = {Result(TAGGING, DataFile::Sample(TAGGING).Set(4, "color", hostile))};
     std::ostringstream out;
-    JUnitPrinter(out, "here", false).Print(results);
+    JUnitPrinter(out, "here").Print(results);
     EXPECT_EQ(ReadXml(out.str())["failures"], "1") << hostile;
   }
 }

@@ -126,6 +126,9 @@ RunResults WholeResults() {
   results.seconds = 2.5;
   results.shard = Shard{2, 3};
   results.faults = {"Shard 3 of 3 is missing."};
+  results.host = "builder-7";
+  results.verifiers = "1.2.3+0123abcd";
+  results.tolerance = ToleranceBudget{ToleranceBudget::State::Kept, {"1 tolerated failure."}};
   results.beforeFirst = {PassingTest(1, "SingleDummyPassingTest")};
   results.reports = {"/somewhere/report_1.xml", "/somewhere/report_2.xml"};
 
@@ -140,6 +143,8 @@ RunResults WholeResults() {
   tolerated.tests = {PassingTest(19, START),
                      FailingTest(20, "By_chance", "rarely", "m", Evidence::Kind::None)};
   tolerated.tests[1].outcome = Outcome::Tolerated;
+  tolerated.tests[1].chance = "p=0.0714 k/n=2/400: 2 in 400, chance allows it";
+  tolerated.rows = 93;
   results.datafiles.push_back(tolerated);
 
   DatafileResult unreadable = Datafile("broken.om4", "1", Outcome::Unreadable);

@@ -79,5 +79,55 @@ TEST_F(VerifierFiles, ASourceWithoutItsLastMacroIsNamed) {
   ExpectProblem("verifiers/Bells.cpp does not end with OMBRELIA_DEFINE_VERIFIER(Bells, ...)");
 }
 
+// What the manifest says of the tests that chance may fail.
+class ChanceInTheManifest : public VerifierFiles {
+ protected:
+  void Say(const std::string& members) {
+    WriteFile(
+        m_folder / "verifiers/manifest.json",
+        R"({"verifiers": [{"class": "Bells", "experiment": "two bells.om5", )" + members + "}]}");
+  }
+  void SayChance(const std::string& members) {
+    Say(R"("tolerated_failures": "", "chance_failures": [{)" + members + "}]");
+  }
+};
+
+TEST_F(ChanceInTheManifest, IsNoProblemWhereItIsWhole) {
+  Say(R"("tolerated_failures": "A, B", "chance_failures": [)"
+      R"({"test": "A", "probability": "1/14", "at_least": "0/1", "derivation": "Of 14; one [fails]."},)"
+      R"({"test": "B", "by_rows": "fair coin", "derivation": "By chance."}])");
+  EXPECT_EQ(Problems(), "");
+}
+
+TEST_F(ChanceInTheManifest, IsMissedForAToleratedFailure) {
+  Say(R"("tolerated_failures": "A, B", "chance_failures": [)"
+      R"({"test": "A", "probability": "1/14", "derivation": "Of 14."}])");
+  ExpectProblem(
+      "verifiers/manifest.json: Bells tolerates B, whose chance is not among its "
+      "chance_failures.");
+  Say(R"("tolerated_failures": "A")");
+  ExpectProblem("Bells tolerates A, whose chance is not among its chance_failures.");
+}
+
+TEST_F(ChanceInTheManifest, HasATestAndADerivation) {
+  SayChance(R"("probability": "1/14", "derivation": "Of 14.")");
+  ExpectProblem("Bells, the chance of \"\" lacks its test or its derivation.");
+  SayChance(R"("test": "A", "probability": "1/14", "derivation": "")");
+  ExpectProblem("the chance of \"A\" lacks its test or its derivation.");
+}
+
+TEST_F(ChanceInTheManifest, IsAFractionOrGoesByTheRows) {
+  for (const std::string wrong : {"0.07", "1/0", "1:14", "x1/14", "1/14 "}) {
+    SayChance(R"("test": "A", "derivation": "d", "probability": ")" + wrong + "\"");
+    ExpectProblem("the chance of \"A\" is no fraction such as 1/14: \"" + wrong + "\".");
+  }
+  SayChance(R"("test": "A", "derivation": "d")");
+  ExpectProblem("the chance of \"A\" is no fraction such as 1/14: \"\".");
+  SayChance(R"("test": "A", "derivation": "d", "probability": "1/2", "by_rows": "fair coin")");
+  ExpectProblem("the chance of \"A\" has both a probability and one by rows.");
+  SayChance(R"("test": "A", "derivation": "d", "probability": "1/2", "at_least": "none")");
+  ExpectProblem("the chance of \"A\" is at least no fraction such as 1/14: \"none\".");
+}
+
 }  // namespace
 }  // namespace Tests
