@@ -14,6 +14,8 @@
 #include "host/commands/MergeCommand.h"
 #include "host/commands/RepairCommand.h"
 #include "host/commands/RunCommand.h"
+#include "host/commands/WatchCommand.h"
+#include "host/commands/WatchedCommand.h"
 #include "host/results/ExitStatus.h"
 #include "host/results/WideText.h"
 #include "host/run/CommandLine.h"
@@ -28,6 +30,8 @@ ExitStatus RunCommandOf(const MergeArguments& arguments) { return RunMergeComman
 ExitStatus RunCommandOf(const RepairArguments& arguments) { return RunRepairCommand(arguments); }
 ExitStatus RunCommandOf(const CollectArguments& arguments) { return RunCollectCommand(arguments); }
 ExitStatus RunCommandOf(const HistoryArguments& arguments) { return RunHistoryCommand(arguments); }
+ExitStatus RunCommandOf(const WatchedArguments& arguments) { return RunWatchedCommand(arguments); }
+ExitStatus RunCommandOf(const WatchArguments& arguments) { return RunWatchCommand(arguments); }
 
 ExitStatus RunProgram(int argc, char** argv) {
   try {

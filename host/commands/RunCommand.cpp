@@ -1,19 +1,12 @@
 #include "host/commands/RunCommand.h"
 
-#include <wx/datetime.h>
-#include <wx/debug.h>
-
-#include <algorithm>
 #include <iostream>
-#include <system_error>
-#include <utility>
 #include <vector>
 
 #include "host/commands/ResultsOutput.h"
+#include "host/commands/RunSetup.h"
 #include "host/results/Digest.h"
-#include "host/results/Manifest.h"
-#include "host/results/SecondVerification.h"
-#include "host/results/WideText.h"
+#include "host/results/ThisMachine.h"
 #include "host/run/DatafileList.h"
 #include "host/run/PluginLibrary.h"
 #include "host/run/Progress.h"
@@ -28,57 +21,10 @@ namespace OmbreliaHost {
 
 namespace {
 
-void EnterWorkingDirectory(const fs::path& directory) {
-  if (directory.empty()) return;
-  std::error_code error;
-  fs::current_path(directory, error);
-  if (error) {
-    throw RunError(ExitStatus::WrongUse,
-                   directory.string() + ": not usable as working directory: " + error.message());
-  }
-}
-
-std::string UtcNow() { return Utf8OfText(wxDateTime::Now().ToUTC().FormatISOCombined()) + "Z"; }
-
-// In a child process.
-DatafileResult VerifyAgain(const Datafile& datafile, std::optional<MachineKind> machine) {
-  // A failed assertion is the plug-in's to tell.
-  wxDisableAsserts();
-  OwnVerdict verdict =
-      VerifyInThisProcess(datafile.path, datafile.areas, machine.value_or(ThisMachine()));
-  DatafileResult result;
-  result.tests = std::move(verdict.tests);
-  result.rows = verdict.rows;
-  return result;
-}
-
-class VerdictsOnTheScreen : public VerdictListener {
- public:
-  explicit VerdictsOnTheScreen(TerminalPrinter& printer) : m_printer(printer) {}
-  void OnBeforeFirst(const std::vector<TestOutcome>& tests) override {
-    m_printer.PrintBeforeFirst(tests);
-  }
-  void OnVerdict(const DatafileResult& datafile) override { m_printer.PrintDatafile(datafile); }
-
- private:
-  TerminalPrinter& m_printer;
-};
-
 // Does anybody ask what the data files and the verifiers were? The answer takes a look at every byte.
 bool AsksForDigests(const OutputArguments& output) {
   return !output.json.empty() || !output.junit.empty() || !output.html.empty() ||
          !output.history.empty() || output.tolerate;
-}
-
-// A page and a history want the bounds and the rows of all; whoever keeps results asks for the rows that a
-// probability goes by.
-bool AsksForAll(const OutputArguments& output, const std::string& experiment) {
-  if (!output.history.empty() || !output.html.empty()) return true;
-  const VerifierEntry* const verifier = FindVerifier(experiment);
-  return !output.json.empty() && verifier != nullptr &&
-         std::any_of(
-             verifier->chanceFailures.begin(), verifier->chanceFailures.end(),
-             [](const ChanceFailure& chance) { return chance.law != ChanceFailure::Law::Fixed; });
 }
 
 Supervisor::Plan PlanOf(const RunArguments& arguments, const std::optional<Shard>& shard) {
@@ -94,11 +40,6 @@ Supervisor::Plan PlanOf(const RunArguments& arguments, const std::optional<Shard
     return AsksForAll(output, experiment);
   };
   return plan;
-}
-
-// The version of the project, and the library that was built of it.
-std::string VersionOfVerifiers(const fs::path& library) {
-  return std::string(OMBRELIA_VERSION) + "+" + DigestOf(library).substr(0, 8);
 }
 
 RunResults ResultsOf(const Supervisor::Plan& plan, const std::optional<Shard>& shard,

@@ -16,6 +16,11 @@ void HtmlTable::AddRow(const std::vector<std::string>& cells, const std::string&
   m_rows.back().cells.resize(m_columns.size());
 }
 
+void HtmlTable::SetCellClass(std::size_t column, const std::string& cellClass) {
+  m_rows.back().cellClasses.resize(m_columns.size());
+  m_rows.back().cellClasses[column] = cellClass;
+}
+
 bool HtmlTable::IsShown(std::size_t column) const {
   return !m_columns[column].heading.empty() ||
          std::any_of(m_rows.begin(), m_rows.end(),
@@ -40,7 +45,11 @@ std::string HtmlTable::Markup() const {
     html += row.rowClass.empty() ? "<tr>" : "<tr" + HtmlAttribute("class", row.rowClass) + ">";
     for (std::size_t i = 0; i < m_columns.size(); ++i) {
       if (!shown[i]) continue;
-      const std::string alignment = m_columns[i].align == Align::Right ? " class=\"number\"" : "";
+      const bool isNumber = m_columns[i].align == Align::Right;
+      std::string classes = isNumber ? "number" : "";
+      if (!row.cellClasses.empty() && !row.cellClasses[i].empty())
+        classes += (classes.empty() ? "" : " ") + row.cellClasses[i];
+      const std::string alignment = classes.empty() ? "" : HtmlAttribute("class", classes);
       html += row.headed && i == 0 ? "<th scope=\"row\"" + alignment + ">" + row.cells[i] + "</th>"
                                    : "<td" + alignment + ">" + row.cells[i] + "</td>";
     }

@@ -22,6 +22,9 @@ class HtmlTable {
   void AddRow(const std::vector<std::string>& cells, const std::string& rowClass = "",
               bool headed = false);
 
+  // Gives a cell of the last row a class of the style sheet, such as HeatClass of SvgPlots.h.
+  void SetCellClass(std::size_t column, const std::string& cellClass);
+
   std::string Markup() const;
 
  private:
@@ -33,6 +36,7 @@ class HtmlTable {
     std::vector<std::string> cells;
     std::string rowClass;
     bool headed = false;
+    std::vector<std::string> cellClasses = {};  // empty, or one per column
   };
   bool IsShown(std::size_t column) const;
 

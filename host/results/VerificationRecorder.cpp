@@ -2,9 +2,7 @@
 
 #include <utility>
 
-#include "framework/HostNames.h"
 #include "host/results/ThisMachine.h"
-#include "plugin/HostProbes.h"
 
 namespace OmbreliaHost {
 
@@ -45,10 +43,7 @@ boost::shared_ptr<MUExperimentTextReaderMultiFile> VerificationRecorder::NewTabl
 }
 
 bool VerificationRecorder::RunsOnMachine(const wxString& hostNameText) {
-  // One machine may be of both kinds that have bounds of their own.
-  if (m_machine == ThisMachine()) return Halvex::CurrSystemMatchesLocalHostName(hostNameText);
-  return (m_machine == MachineKind::Small && hostNameText == Ombrelia::SMALL_MACOSX_TESTBOX) ||
-         (m_machine == MachineKind::Large && hostNameText == Ombrelia::BIG_MACOSX_SERVER);
+  return IsKnownBy(m_machine, hostNameText);
 }
 
 void VerificationRecorder::OnLength(const wxString& columnName,

@@ -78,15 +78,20 @@ std::optional<Shard> PartitionOf(const std::string& word) {
   return shard;
 }
 
-void AddRunOptions(CLI::App& app, RunArguments& run) {
+// What a run of data files that are there has, and one of those that come has not.
+enum class Extent { OfAList, OfWhatComes };
+
+void AddRunOptions(CLI::App& app, RunArguments& run, Extent extent = Extent::OfAList) {
   app.add_option("--plugin", run.plugin,
                  "The plug-in library (default: the one that came with this program)")
       ->type_name("PATH");
   app.add_option("--work-dir", run.workDir, "Working directory of the run")->type_name("DIR");
-  AddChoice<ShowMode>(
-      app, "--progress", SHOW_MODES, [&run](ShowMode mode) { run.progress = mode; },
-      "Show progress on standard error: auto (on a terminal only), always, never")
-      ->type_name("WHEN");
+  if (extent == Extent::OfAList) {
+    AddChoice<ShowMode>(
+        app, "--progress", SHOW_MODES, [&run](ShowMode mode) { run.progress = mode; },
+        "Show progress on standard error: auto (on a terminal only), always, never")
+        ->type_name("WHEN");
+  }
   AddGlobs(app, run.only,
            "Take only data files whose name, or its part before the first blank, matches; "
            "may be given again");
@@ -99,13 +104,15 @@ void AddRunOptions(CLI::App& app, RunArguments& run) {
   app.add_option("--jobs", run.jobs, "Verify in N processes side by side (default: 1)")
       ->type_name("N")
       ->check(CLI::Range(1, 1000));
-  app.add_option_function<std::string>(
-         "--partition", [&run](const std::string& word) { run.partition = PartitionOf(word); },
-         "Take only the M-th of N shares, counted from 1")
-      ->type_name("slice:M/N")
-      ->check([](const std::string& word) {
-        return PartitionOf(word) ? std::string() : word + " is not slice:M/N with M from 1 to N";
-      });
+  if (extent == Extent::OfAList) {
+    app.add_option_function<std::string>(
+           "--partition", [&run](const std::string& word) { run.partition = PartitionOf(word); },
+           "Take only the M-th of N shares, counted from 1")
+        ->type_name("slice:M/N")
+        ->check([](const std::string& word) {
+          return PartitionOf(word) ? std::string() : word + " is not slice:M/N with M from 1 to N";
+        });
+  }
   AddChoice<MachineKind>(
       app, "--machine", MACHINES, [&run](MachineKind kind) { run.machine = kind; },
       "Tell also what would fail on a machine of this kind: ordinary, small, large")
@@ -185,6 +192,66 @@ CLI::App* AddHistoryCommand(CLI::App& app, HistoryArguments& history) {
   return command;
 }
 
+CLI::App* AddWatchCommand(CLI::App& app, WatchArguments& watch) {
+  CLI::App* const command =
+      app.add_subcommand("watch", "Verify the data files of a folder as they arrive");
+  command->add_option("folder", watch.folder, "Its *.txt files, not those of folders below it")
+      ->type_name("FOLDER")
+      ->required();
+  command->add_flag("--new-only", watch.newOnly,
+                    "Do not verify what is there at the start, unless it changes");
+  AddRunOptions(*command, watch.run, Extent::OfWhatComes);
+  command->footer(
+      "Example:\n"
+      "  verify-datafiles watch run --json results.json --html results.html\n"
+      "A data file is verified when it has not changed for a second, and again when it is written\n"
+      "again: then the last verdict counts. Control-C ends the watch; the files that were asked "
+      "for\n"
+      "are written then.\n"
+      "Exit status: that of a run of all that came: 0 no failing test; 1 some failing test, or a\n"
+      "data file that was not verified; 2 wrong use; 3 a report is not well-formed; 4 the library\n"
+      "does not load or there is no report.");
+  return command;
+}
+
+CLI::App* AddWatchedCommand(CLI::App& app, WatchedArguments& watched) {
+  CLI::App* const command = app.add_subcommand(
+      "watched", "Show which cells, rows and bounds of a good data file its verifier notices");
+  command
+      ->add_option("names", watched.names,
+                   "Good data files, or experiments, of which the sample is taken that was built "
+                   "with this program (default: all experiments)")
+      ->type_name("FILE|EXPERIMENT");
+  command
+      ->add_option_function<int>(
+          "--jobs", [&watched](int jobs) { watched.jobs = jobs; },
+          "Verify in N processes side by side (default: one for each processor)")
+      ->type_name("N")
+      ->check(CLI::Range(1, 1000));
+  command
+      ->add_option_function<double>(
+          "--timeout",
+          [&watched](double seconds) { watched.timeout = std::chrono::duration<double>(seconds); },
+          "A verification that takes more of the processor's time never ends (default: 1)")
+      ->type_name("SECONDS")
+      ->check(CLI::Range(0.001, 1e6));
+  command->add_option("--json", watched.json, "Write what was found as JSON")->type_name("FILE");
+  command->add_option("--html", watched.html, "Write what was found as a page of heat maps")
+      ->type_name("FILE");
+  command->footer(
+      "Example:\n"
+      "  verify-datafiles watched two_sublists_tagging.om5 --json watched.json\n"
+      "Each cell is changed up to three times: to a text close to it (a number to one more, any\n"
+      "other text to one with \" 2\" behind it), to the next other text of its column, and to "
+      "none.\n"
+      "It counts as noticed if other tests fail then, each time; or else, at least once, in "
+      "part.\n"
+      "Exit status: 0 what is noticed was found; 2 wrong use, or a data file that is not good; 4 "
+      "the\n"
+      "files that were asked for could not be written.");
+  return command;
+}
+
 }  // namespace
 
 std::variant<CommandLine, ExitStatus> ParseCommandLine(int argc, char** argv) {
@@ -235,10 +302,14 @@ std::variant<CommandLine, ExitStatus> ParseCommandLine(int argc, char** argv) {
   CLI::App* const collectApp = AddCollectCommand(app, collect);
   HistoryArguments history;
   CLI::App* const historyApp = AddHistoryCommand(app, history);
+  WatchedArguments watched;
+  CLI::App* const watchedApp = AddWatchedCommand(app, watched);
+  WatchArguments watch;
+  CLI::App* const watchApp = AddWatchCommand(app, watch);
 
   for (CLI::App* const one : {listApp, explainApp, mergeApp}) one->footer("");
-  const std::array<CLI::App*, 6> subcommands = {listApp,   explainApp, mergeApp,
-                                                repairApp, collectApp, historyApp};
+  const std::array<CLI::App*, 8> subcommands = {listApp,    explainApp, mergeApp,   repairApp,
+                                                collectApp, historyApp, watchedApp, watchApp};
   const auto allowSubcommands = [&](bool allowed) {
     for (CLI::App* const one : subcommands) one->disabled(!allowed);
   };
@@ -260,6 +331,8 @@ std::variant<CommandLine, ExitStatus> ParseCommandLine(int argc, char** argv) {
   if (repairApp->parsed()) return repair;
   if (collectApp->parsed()) return collect;
   if (historyApp->parsed()) return history;
+  if (watchedApp->parsed()) return watched;
+  if (watchApp->parsed()) return watch;
   return run;
 }
 

@@ -77,8 +77,25 @@ struct HistoryArguments {
   std::filesystem::path html;
 };
 
-using CommandLine = std::variant<RunArguments, ListArguments, ExplainArguments, MergeArguments,
-                                 RepairArguments, CollectArguments, HistoryArguments>;
+struct WatchedArguments {
+  std::vector<std::string>
+      names;                // data files and experiments; none: the samples of all experiments
+  std::optional<int> jobs;  // at least 1; absent: one for each processor
+  std::chrono::duration<double> timeout =
+      std::chrono::seconds(1);  // of the processor's time, per change
+  std::filesystem::path json;
+  std::filesystem::path html;
+};
+
+struct WatchArguments {
+  std::filesystem::path folder;
+  bool newOnly = false;  // what is there at the start is not verified until it changes
+  RunArguments run;      // but for its inputs, the progress and the partition
+};
+
+using CommandLine =
+    std::variant<RunArguments, ListArguments, ExplainArguments, MergeArguments, RepairArguments,
+                 CollectArguments, HistoryArguments, WatchedArguments, WatchArguments>;
 
 // A subcommand is one only as the first argument: any later word of that name is an input. An exit
 // status comes back when the program is to end at once: after the help and the version, which it prints,

@@ -18,17 +18,13 @@ namespace {
   throw RunError(ExitStatus::WrongUse, path.string() + ": " + why);
 }
 
-bool LooksLikeDatafile(const fs::path& path) {
-  return path.extension() == ".txt" && path.filename().string().front() != '.';
-}
-
 std::vector<fs::path> DatafilesOfFolder(const fs::path& folder) {
   std::vector<fs::path> files;
   std::error_code error;
   fs::directory_iterator entry(folder, error);
   for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
     std::error_code ignored;
-    if (LooksLikeDatafile(entry->path()) && !entry->is_directory(ignored)) {
+    if (HasDatafileName(entry->path()) && !entry->is_directory(ignored)) {
       files.push_back(entry->path());
     }
   }
@@ -39,15 +35,6 @@ std::vector<fs::path> DatafilesOfFolder(const fs::path& folder) {
   return files;
 }
 
-bool MatchesOneOf(const std::vector<std::string>& globs, const fs::path& path) {
-  const std::string name = path.filename().string();
-  const std::string experiment = name.substr(0, name.find(' '));
-  return std::any_of(globs.begin(), globs.end(), [&](const std::string& glob) {
-    return fnmatch(glob.c_str(), name.c_str(), 0) == 0 ||
-           fnmatch(glob.c_str(), experiment.c_str(), 0) == 0;
-  });
-}
-
 template <typename Condition>
 void KeepOnly(std::vector<Datafile>& files, const Condition& condition) {
   files.erase(std::remove_if(files.begin(), files.end(),
@@ -56,6 +43,19 @@ void KeepOnly(std::vector<Datafile>& files, const Condition& condition) {
 }
 
 }  // namespace
+
+bool HasDatafileName(const fs::path& path) {
+  return path.extension() == ".txt" && path.filename().string().front() != '.';
+}
+
+bool MatchesOneOf(const std::vector<std::string>& globs, const fs::path& path) {
+  const std::string name = path.filename().string();
+  const std::string experiment = name.substr(0, name.find(' '));
+  return std::any_of(globs.begin(), globs.end(), [&](const std::string& glob) {
+    return fnmatch(glob.c_str(), name.c_str(), 0) == 0 ||
+           fnmatch(glob.c_str(), experiment.c_str(), 0) == 0;
+  });
+}
 
 void RequireReadableFile(const fs::path& path) {
   std::error_code error;

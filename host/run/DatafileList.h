@@ -24,6 +24,12 @@ struct Datafile {
 // does not matter: to judge a broken data file is the plug-in's affair.
 void RequireReadableFile(const std::filesystem::path& path);
 
+// Whether a file of this name is taken as a data file of its folder.
+bool HasDatafileName(const std::filesystem::path& path);
+
+// Whether the name of the file, or its part before the first blank, matches one of the globs.
+bool MatchesOneOf(const std::vector<std::string>& globs, const std::filesystem::path& path);
+
 // The inputs in their order; in place of a folder its *.txt files in name order, not those of folders
 // below it and not hidden ones, which some systems leave beside a file. Of these only the ones that match
 // one of the globs, if there are any globs, and of those only the ones of the share. Every file can be

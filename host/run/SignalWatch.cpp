@@ -20,6 +20,7 @@ constexpr std::array<int, 4> SIGNALS = {SIGINT, SIGTERM, SIGHUP, SIGCHLD};
 std::array<int, 2> ends = {-1, -1};
 volatile sig_atomic_t stopSignal = 0;
 std::array<struct sigaction, SIGNALS.size()> former;
+int watches = 0;
 
 void OnSignal(int signal) {
   const int error = errno;
@@ -35,6 +36,10 @@ bool IsIgnored(const struct sigaction& action) { return action.sa_handler == SIG
 }  // namespace
 
 SignalWatch::SignalWatch() {
+  if (watches > 0) {
+    ++watches;
+    return;
+  }
   if (pipe(ends.data()) != 0) throw RunError(ExitStatus::NoReport, "no pipe can be made");
   for (const int end : ends) {
     fcntl(end, F_SETFL, O_NONBLOCK);
@@ -49,9 +54,11 @@ SignalWatch::SignalWatch() {
     // The end of a child must be heard of in any case: a shell may have it ignored.
     if (SIGNALS[i] == SIGCHLD || !IsIgnored(former[i])) sigaction(SIGNALS[i], &action, nullptr);
   }
+  ++watches;
 }
 
 SignalWatch::~SignalWatch() {
+  if (--watches > 0) return;
   for (std::size_t i = 0; i < SIGNALS.size(); ++i) sigaction(SIGNALS[i], &former[i], nullptr);
   for (int& end : ends) {
     close(end);

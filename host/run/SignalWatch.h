@@ -5,8 +5,8 @@
 namespace OmbreliaHost {
 
 // While it lives, Control-C, a hang-up and a request to end do not end the program but can be taken here,
-// and the end of a child process wakes up whoever polls. A signal that was ignored before stays so. One at
-// a time.
+// and the end of a child process wakes up whoever polls. A signal that was ignored before stays so. One
+// within the life of another one is the same as that.
 class SignalWatch {
  public:
   SignalWatch();

@@ -6,12 +6,13 @@ import re
 import shutil
 import subprocess
 
-from . import cpp
+from . import cpp, watched
 from .problem import Problem
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 MANIFEST = "verifiers/manifest.json"
 BOUNDS = "tests/verifiers/bounds.tsv"
+WATCHED = "verifiers/watched.tsv"
 PARITY = "tests/verifiers/Parity.test.cpp"
 CHANGES = "CHANGELOG.md"
 
@@ -84,7 +85,7 @@ def laid_out(file, text):
                           capture_output=True, text=True, check=True, cwd=ROOT).stdout
 
 
-def files_of(experiment, name, proves, base, samples, source, test, bounds, root=ROOT):
+def files_of(experiment, name, proves, base, samples, source, test, rules, bounds, root=ROOT):
     """Every file that changes, by its path below the root, with its new bytes."""
     def read(file):
         return (root / file).read_text(encoding="utf-8")
@@ -97,6 +98,7 @@ def files_of(experiment, name, proves, base, samples, source, test, bounds, root
         f"tests/verifiers/{name}.test.cpp": laid_out(f"tests/verifiers/{name}.test.cpp", test),
         BOUNDS: read(BOUNDS) + "".join(f"{experiment}\t{bound.call}\t{bound.minimum}\t{bound.maximum}\n"
                                        for bound in bounds),
+        WATCHED: read(WATCHED) + watched.line(experiment, samples[0], rules, bounds),
         PARITY: _with_one_more(read(PARITY)),
         CHANGES: _with_change(read(CHANGES), name, experiment),
     }
@@ -113,6 +115,6 @@ def write(contents, root=ROOT):
         path = root / file
         path.parent.mkdir(parents=True, exist_ok=True)
         path.write_bytes(content)
-    # The page on the verifiers is made from the manifest.
+    # The page on the verifiers is made from the manifest and the table of what they watch.
     subprocess.run(["cmake", "-P", str(root / "scripts/make-verifier-table")], check=True,
                    stdout=subprocess.DEVNULL)

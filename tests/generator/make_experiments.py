@@ -85,6 +85,8 @@ def make_project(root):
             "tolerated_failures": ""}
     (root / "verifiers/manifest.json").write_text(json.dumps({"verifiers": [seed]}, indent=2) + "\n")
     (root / "tests/verifiers/bounds.tsv").write_text("# none\n")
+    (root / "verifiers/watched.tsv").write_text("experiment\twatched\tnot watched\trow dropped\trow doubled\tbounds\t"
+                                                "traps\n")
     (root / "tests/verifiers/Parity.test.cpp").write_text("EXPERIMENTS_OF_A_RELEASE = 1;\n")
     (root / "CHANGELOG.md").write_text("### Added\n\n")
     shutil.copy(ROOT / "scripts/make-verifier-table", root / "scripts")

@@ -57,7 +57,8 @@ class WhatIsWritten(Project):
         self.assertEqual(sorted(file for file in after if after[file] != before.get(file)),
                          ["CHANGELOG.md", "docs/verifiers.md", "samples/datafiles/bells.om5 1.txt",
                           "tests/verifiers/Parity.test.cpp", "tests/verifiers/Test_bells.test.cpp",
-                          "tests/verifiers/bounds.tsv", "verifiers/Test_bells.cpp", "verifiers/manifest.json"])
+                          "tests/verifiers/bounds.tsv", "verifiers/Test_bells.cpp", "verifiers/manifest.json",
+                          "verifiers/watched.tsv"])
         entry = json.loads(after["verifiers/manifest.json"])["verifiers"][-1]
         self.assertEqual(entry, {"class": "Test_bells", "experiment": "bells.om5", "proves": "Bells ring in order.",
                                  "base": "TestCaseWithFullColumnStringComp_T", "expect_empty_datafile": False,
@@ -65,6 +66,14 @@ class WhatIsWritten(Project):
         self.assertIn(b"EXPERIMENTS_OF_A_RELEASE = 2;", after["tests/verifiers/Parity.test.cpp"])
         self.assertIn(b"- A verifier of `bells.om5`: `Test_bells`.", after["CHANGELOG.md"])
         self.assertIn(b"bells.om5\tduration_all\t", after["tests/verifiers/bounds.tsv"])
+
+    def test_the_page_tells_what_it_is_to_watch(self):
+        self.run_program("bells.om5", "--from", self.bells(), "--columns", "Key")
+        line = (self.root / "verifiers/watched.tsv").read_text().splitlines()[-1]
+        self.assertEqual(line, "bells.om5\t`Key` 3 of 3; `Cumulative Time` 0 of 3, 1 in part\t"
+                               "`Participant Name`; `Event Name`; `Expansion Time(ms)`\t3 of 3\t3 of 3\t2 of 2\t")
+        row = "| " + line.replace("bells.om5", "`bells.om5`").replace("\t", " | ").rstrip() + " |"
+        self.assertIn(row, (self.root / "docs/verifiers.md").read_text())
 
     def test_the_sample_knows_neither_person_nor_date(self):
         self.run_program("bells.om5", "--from", self.bells())

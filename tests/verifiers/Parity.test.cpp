@@ -228,6 +228,8 @@ TEST(Parity, TwoVerifiersExpectNoReadableDataFile) {
   EXPECT_EQ(classes, (Names{"TestBasicInput_02", "TestBasicMacInput_01"}));
 }
 
+const std::string WHAT_IS_WATCHED = "## What each verifier watches";
+
 // The rows are made here once more, so that a fault of the script shows.
 TEST(Parity, ThePageOnTheVerifiersHasTheRowsOfTheManifest) {
   Names rows;
@@ -243,10 +245,39 @@ TEST(Parity, ThePageOnTheVerifiersHasTheRowsOfTheManifest) {
   }
   Names found;
   std::istringstream page(ReadFile(ROOT + "/docs/verifiers.md"));
-  for (std::string line; std::getline(page, line);) {
+  for (std::string line; std::getline(page, line) && line != WHAT_IS_WATCHED;) {
     if (line.rfind("| `", 0) == 0) found.insert(line);
   }
   ExpectSame(rows, found, "the rows of docs/verifiers.md");
+}
+
+// A test of the host's room holds the lines themselves against what the built program finds.
+TEST(Parity, ThePageOnTheVerifiersHasTheLinesOnWhatIsWatched) {
+  std::vector<std::string> rows;
+  std::vector<std::string> experiments;
+  std::istringstream lines(ReadFile(ROOT + "/verifiers/watched.tsv"));
+  std::string line;
+  std::getline(lines, line);  // the headings
+  while (std::getline(lines, line)) {
+    std::string row = "|";
+    std::istringstream fields(line + "\t");
+    for (std::string field; std::getline(fields, field, '\t');) {
+      if (row == "|") experiments.push_back(field);
+      if (row == "|") field = "`" + field + "`";
+      row += (field.empty() ? "" : " " + field) + " |";
+    }
+    rows.push_back(row);
+  }
+  std::vector<std::string> found;
+  std::istringstream page(ReadFile(ROOT + "/docs/verifiers.md"));
+  while (std::getline(page, line) && line != WHAT_IS_WATCHED) continue;
+  while (std::getline(page, line)) {
+    if (line.rfind("| `", 0) == 0) found.push_back(line);
+  }
+  EXPECT_EQ(rows, found);
+  std::vector<std::string> registered;
+  for (const Entry& entry : Manifest()) registered.push_back(entry.experiment);
+  EXPECT_EQ(experiments, registered) << "run scripts/make-verifier-table --watched";
 }
 
 TEST(Parity, ThePageOnTheVerifiersIsAsTheScriptMakesIt) {
