@@ -94,9 +94,8 @@ std::string ChancesMarkup(const HistorySummary& summary) {
   for (const ExperimentHistory& history : summary.experiments) {
     for (const ExperimentHistory::Chances& chances : history.chances) {
       const bool look = chances.count.verdict == ChanceVerdict::LookAtIt;
-      items += "<li>" + Text(history.experiment + ", " + chances.chance.test + ": ") +
-               (look ? Badge("failed", chances.count.words)
-                     : "<b>" + Text(chances.count.words) + "</b>") +
+      items += "<li>" + Text(history.experiment + ", " + chances.chance.test + ": ") + "<b>" +
+               Text(chances.count.words) + "</b>" + (look ? " " + Badge("failed", "look") : "") +
                "<br/><span class=\"muted small\">" + Text(WordsOnProbability(chances)) +
                "</span></li>\n";
     }
