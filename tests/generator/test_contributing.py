@@ -51,7 +51,7 @@ class Contributor(unittest.TestCase):
         lines, section = commands()
         self.assertEqual(lines[-1], ALL_TESTS)
         generate, checks = lines[0], lines[1:-1]
-        self.assertEqual(len(checks), 3)
+        self.assertEqual(len(checks), 4)
 
         # The page's data file is one of two bells that ring in turn.
         (self.root / "run").mkdir()
