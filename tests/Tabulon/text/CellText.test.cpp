@@ -10,7 +10,8 @@
 namespace {
 
 TEST(CellTextHash, IsTheSameForTheSameCharactersInBothWidths) {
-  for (const std::size_t length : {0, 1, 3, 4, 8, 9, 16, 17, 40, 128, 129, 241, 1000}) {
+  for (const std::size_t length :
+       {0U, 1U, 3U, 4U, 8U, 9U, 16U, 17U, 40U, 128U, 129U, 241U, 1000U}) {
     std::string narrow(length, 'x');
     if (length > 2) narrow[length / 2] = '\xE9';
     std::wstring wide;
@@ -44,7 +45,7 @@ TEST(CellTextHash, CannotBeKnownFromAnotherProcess) {
 
 TEST(CellText, IsCopiedIntoATextThatHeldAnother) {
   wxString text(wxT("a text that was there before, and a long one"));
-  for (const std::size_t length : {5, 200, 0}) {
+  for (const std::size_t length : {5U, 200U, 0U}) {
     const std::string narrow(length, '\xE9');
     MUCellText(narrow.data(), length).CopyInto(text);
     EXPECT_EQ(text, wxString(wxT('\u00E9'), length));
