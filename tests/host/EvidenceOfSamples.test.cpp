@@ -1,5 +1,4 @@
-// Each cell of each sample is changed, one at a time: where that makes a test fail, the evidence names the
-// cell.
+// Each cell of each sample is changed, one at a time. Where that makes a test fail, the evidence names the cell.
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -12,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "Tabulon/src/machine/MUMachine.h"
 #include "host/results/Manifest.h"
 #include "host/results/SecondVerification.h"
 #include "tests/support/DataFile.h"
@@ -34,6 +34,10 @@ using OmbreliaHost::TestOutcome;
 using Tests::DataFile;
 
 constexpr long LINE_OF_FIRST_ROW = 7;
+
+// Every row of a column in the optimised build, and one in so many in a build with sanitizers, where all of them would
+// take minutes.
+constexpr std::size_t ROW_STEP = MU_HAS_ADDRESS_SANITIZER ? 17 : 1;
 
 std::string PrintExperiment(const testing::TestParamInfo<OmbreliaHost::VerifierEntry>& info) {
   return info.param.className;
@@ -101,7 +105,7 @@ TEST_P(EvidenceOfSamples, NamesTheChangedCell) {
   ASSERT_EQ(Verify(m_sample).outcome, Outcome::Passed);
   for (const std::string& column : ColumnsThatMatter()) {
     const std::vector<std::string> cells = m_sample.Column(column);
-    for (std::size_t row = 0; row < cells.size(); ++row) {
+    for (std::size_t row = 0; row < cells.size(); row += ROW_STEP) {
       // A text of nothing else, one of another row, a number, and nothing at all.
       std::set<std::string> texts = {"changed", cells[(row + 1) % cells.size()], "7", ""};
       texts.erase(cells[row]);
