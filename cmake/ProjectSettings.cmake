@@ -52,7 +52,9 @@ target_compile_options(
             $<$<BOOL:${OMBRELIA_WARNINGS_AS_ERRORS}>:-Werror>
             # A unique symbol would keep the library loaded after dlclose.
             $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>
-            $<$<CXX_COMPILER_ID:Clang>:-Wno-pragma-system-header-outside-header>)
+            $<$<CXX_COMPILER_ID:Clang>:-Wno-pragma-system-header-outside-header>
+            # The time in a precompiled header would make every build new to the compiler's cache.
+            "$<$<CXX_COMPILER_ID:Clang>:SHELL:-Xclang -fno-pch-timestamp>")
 target_link_libraries(ombrelia_settings INTERFACE ${wxWidgets_LIBRARIES})
 
 if(OMBRELIA_SANITIZE)
