@@ -25,6 +25,8 @@ class CommonTestHelperLogic {
   static boost::shared_ptr<MUExperimentTextReaderMultiFile> GetReaderOrElseLogAnError(
       FakeJUnitPrinter* printer, const wxString& dataFilePath, bool expectFailureToRead);
 
+  // Returns the location text of a failure. fileName: an experiment's file name or a class's name. line:
+  // a fixed number that identifies the check in the report.
   static wxString GetFileStringForLine(long line, const wxString& fileName);
 
   // Do the first cells of the column equal expected, text by text? Rows beyond expected do not
@@ -37,7 +39,7 @@ class CommonTestHelperLogic {
   // Writes one line per area to standard error, for a person who reads the log.
   static void PrintStimAreaDataNicelyFormatted(const std::vector<StimAreaData>& areas);
 
-  // Are both of one length? Records a failing test if not, and nothing if they are.
+  // Do both have the same length? Records a failing test if not, otherwise nothing.
   static bool VerifyEqualLengths(const std::vector<StimAreaData>& actual,
                                  const std::vector<StimAreaData>& expected,
                                  FakeJUnitPrinter* printer, wxString location);

@@ -31,8 +31,8 @@ class ExpectedCells {
   // Fills the rows of the range whose number leaves this remainder by the divisor.
   ExpectedCells& Remainder(std::size_t first, std::size_t last, std::size_t divisor,
                            std::size_t remainder, const wxString& cell);
-  // Fills one group of groupSize rows for each of cells, from row first on. The group's cell stands
-  // in its rows firstInGroup to lastInGroup, which count from 0 within the group.
+  // Takes groupSize rows per cell, from row first on. The cell fills rows firstInGroup to lastInGroup
+  // of its group, counted from 0.
   ExpectedCells& Groups(std::size_t first, std::size_t groupSize, std::size_t firstInGroup,
                         std::size_t lastInGroup, const std::vector<wxString>& cells);
 

@@ -26,7 +26,7 @@ namespace Ombrelia {
 // Each data file gets a test suite, a passing entry test, X's checks and two records of run times.
 // No step is skipped because a check failed, and no check throws. Between data files the frame keeps
 // the printer pointer and the last table. X resets its own members at the start of its checks.
-template <class X, bool EXPECT_EMPTY_DATAFILE>
+template <typename X, bool EXPECT_EMPTY_DATAFILE>
 class IndividualTestCase_T : public Interface_SpecificIndividualTestVerifier {
  public:
   // name is the experiment file's name. The verifier is registered under it unless skipRegistration.
@@ -95,8 +95,8 @@ class IndividualTestCase_T : public Interface_SpecificIndividualTestVerifier {
   }
   wxString CellAt(int row, int column) const { return m_reader->GetDataCellValue(row, column); }
 
-  // Bounds in milliseconds, both ends inclusive. exceptTestMachines leaves out the two machines for
-  // which the calls with a machine in their name give separate bounds.
+  // Bounds in milliseconds, both ends inclusive. With exceptTestMachines, nothing is checked on the two
+  // test machines, which the _SmallTestBox and _MacServer calls are for.
   void PerformBoundsTest(int min, int max, const wxString& columnName, bool isExpansion,
                          bool exceptTestMachines) {
     if (exceptTestMachines && RunTimes::RunningOnATestMachine()) return;
@@ -117,11 +117,16 @@ class IndividualTestCase_T : public Interface_SpecificIndividualTestVerifier {
     }
   }
 
+  // Returns the place of the first displayed column whose name starts with text, case-sensitively, or
+  // -1 if there is none.
   int GetColumnIndexFromText_StartsWith(const wxString& text) const {
     return RunTimes::ColumnIndexFromText_StartsWith(*m_reader, text);
   }
+  // Returns the milliseconds in the expansion column's name, clamped to int, or -123 without a number.
   int GetExpansionTime() const { return RunTimes::ExpansionTime(*m_reader); }
 
+  // Each records one passing test with the measured time in its name, or a failing one if the table
+  // has no column for that time. The reader is not null and is not kept.
   void RecordTotalDurationOfTheExperiment(
       boost::shared_ptr<MUExperimentTextReaderMultiFile> reader) {
     RunTimes::RecordTotalDuration(*reader, m_printer, m_name);
@@ -136,8 +141,8 @@ class IndividualTestCase_T : public Interface_SpecificIndividualTestVerifier {
   wxString m_name;
 };
 
-// Null from the start of the program, before any initialiser runs, as its constructor is constexpr.
-template <class X, bool EXPECT_EMPTY_DATAFILE>
+// Constant-initialised to null, before any static initialiser runs.
+template <typename X, bool EXPECT_EMPTY_DATAFILE>
 boost::shared_ptr<X> IndividualTestCase_T<X, EXPECT_EMPTY_DATAFILE>::m_singletonVerifier;
 
 }  // namespace Ombrelia

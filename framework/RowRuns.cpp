@@ -13,12 +13,13 @@ bool RunEquals(const MUExperimentTextReaderMultiFile& reader, const wxString& co
   if (VerificationListener* const listener = VerificationListener::Current())
     listener->OnCells(columnName, first, texts);
   const int column = reader.GetColumnPositionNumberFromText(columnName);
+  bool equal = true;
   int row = first;
   for (const wxString& text : texts) {
-    if (reader.GetDataCellValue(row, column) != text) return false;
+    if (reader.GetDataCellValue(row, column) != text) equal = false;
     ++row;
   }
-  return true;
+  return equal;
 }
 
 bool RunEqualsInAnyOrder(const MUExperimentTextReaderMultiFile& reader, const wxString& columnName,

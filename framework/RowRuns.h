@@ -10,11 +10,12 @@ class MUExperimentTextReaderMultiFile;
 
 namespace Ombrelia {
 
-// Do the rows from first on hold these texts, one each? Other rows do not matter. Rows count from 0;
-// rows out of range and a missing column read "?".
+// Do the rows from first on hold these texts, one each? All of them are read, also after a difference.
+// Other rows do not matter. Rows count from 0; rows out of range and a missing column read "?".
 bool RunEquals(const MUExperimentTextReaderMultiFile& reader, const wxString& columnName, int first,
                const std::vector<wxString>& texts);
-// The same in any order: each text stands in the rows as often as it is listed.
+// The same in any order: each text stands in the rows as often as it is listed. scripts/new-verifier
+// writes calls of it; no verifier here has one.
 bool RunEqualsInAnyOrder(const MUExperimentTextReaderMultiFile& reader, const wxString& columnName,
                          int first, const std::vector<wxString>& texts);
 

@@ -26,7 +26,7 @@ class RowScan {
   // Cells are compared exactly. A missing column reads "?" in every row.
   bool HoldsFor(const MUExperimentTextReaderMultiFile& reader, const wxString& columnName) const;
 
-  // The rule's parts, for who explains it.
+  // The parts of the rule, for the program that explains failures.
   Kind RuleKind() const { return m_kind; }
   const std::vector<wxString>& Texts() const { return m_texts; }
   int WantedCount() const { return m_count; }  // of a COUNT rule

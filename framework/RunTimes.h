@@ -23,9 +23,8 @@ namespace RunTimes {
 int ColumnIndexFromText_StartsWith(const MUExperimentTextReaderMultiFile& reader,
                                    const wxString& text);
 
-// Returns the number behind the first colon of the expansion column's name, at most the greatest int
-// and at least the least. Returns -123, which lies outside all bounds, if there is no such column or
-// no number in it.
+// Returns the number behind the first colon of the expansion column's name, clamped to int. Returns
+// -123, which lies outside all bounds, if there is no such column or no number in it.
 int ExpansionTime(const MUExperimentTextReaderMultiFile& reader);
 
 // Records one result: does the time lie from min to max, both ends included? The time is the expansion

@@ -6,8 +6,7 @@
 
 namespace Ombrelia {
 
-// Does the temporary list of a sublist verifier hold in place of the regular one? It does on the Mac
-// before 2016-03-01, and has had no effect since.
+// Returns whether the temporary list replaces the regular one: on the Mac, before 2016-03-01.
 bool Tolmey3661ListApplies(const boost::gregorian::date& today, bool runningOnMacOSX);
 
 // Asks the same for the date and the platform of this run.

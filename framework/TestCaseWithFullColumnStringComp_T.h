@@ -10,7 +10,7 @@ namespace Ombrelia {
 // A verifier of one column overrides the two Get operations and inherits the rest. A verifier of
 // several columns calls VerifyVerbatimColumnContent once for each. The tests of all columns have the
 // same names; the report's running numbers tell them apart.
-template <class X>
+template <typename X>
 class TestCaseWithFullColumnStringComp_T : public IndividualTestCase_T<X, false> {
  public:
   using IndividualTestCase_T<X, false>::IndividualTestCase_T;
@@ -41,7 +41,7 @@ class TestCaseWithFullColumnStringComp_T : public IndividualTestCase_T<X, false>
     return TestContentOfData_Internal(reader, printer, GetTargetedColumnName(),
                                       GetExpectedCellValuesForTargetedColumn());
   }
-  // The column does not matter; a failure is told to be of it.
+  // Compares row counts only; columnName is passed on to the listener.
   bool TestLengthOfData_Internal(Reader reader, FakeJUnitPrinter* printer,
                                  const wxString& columnName,
                                  const std::vector<wxString>& expected) {

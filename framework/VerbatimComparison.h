@@ -16,7 +16,8 @@ class FakeJUnitPrinter;
 // name is the experiment file's name, which locations of failures show.
 namespace VerbatimComparison {
 
-// Has the table as many rows as expected has cells? Records a wrong length and no right one.
+// Has the table as many rows as expected has cells? Records a failure if the lengths differ, otherwise
+// nothing.
 bool CheckLength(const MUExperimentTextReaderMultiFile& reader, FakeJUnitPrinter* printer,
                  const wxString& name, const wxString& columnName,
                  const std::vector<wxString>& expected);

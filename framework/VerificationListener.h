@@ -1,4 +1,4 @@
-// Hears what the checks compare a data file with.
+// Is told what checks compare the data file with.
 #ifndef OMBRELIA_FRAMEWORK_VERIFICATIONLISTENER_H
 #define OMBRELIA_FRAMEWORK_VERIFICATIONLISTENER_H
 
@@ -16,7 +16,7 @@ struct StimAreaData;
 
 // A program that asks why a test failed listens here. The plug-in has no listener. Each call stands before
 // the result of its check, and nothing that is passed lives longer than the call. Rows and columns count
-// from 0; columns go by the name that the check asked for, whether the data file has it or not.
+// from 0. columnName is the name that the check asked for; the data file may lack it.
 class VerificationListener {
  public:
   virtual ~VerificationListener() = default;
@@ -31,9 +31,11 @@ class VerificationListener {
   // The rows from firstRow on are to hold the expected cells, one each.
   virtual void OnCells(const wxString& columnName, int firstRow,
                        const std::vector<wxString>& expected) = 0;
+  // The column is to keep the rule.
   virtual void OnScan(const wxString& columnName, const RowScan& rule) = 0;
-  // The number lies within its bounds if it is neither below min nor above max. Milliseconds.
+  // actual is within bounds if min <= actual <= max. Milliseconds.
   virtual void OnBound(int column, int min, int max, long actual) = 0;
+  // Each actual area is to satisfy the expected one at its place. The lists may differ in length.
   virtual void OnStimAreas(const std::vector<StimAreaData>& actual,
                            const std::vector<StimAreaData>& expected) = 0;
 

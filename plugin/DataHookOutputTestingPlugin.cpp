@@ -31,11 +31,14 @@ FakeJUnitPrinter* DataHookOutputTestingPlugin::PrivateImpl::GetTestResultPrinter
   return m_printer.get();
 }
 
-void DataHookOutputTestingPlugin::PrivateImpl::ReleasePrinter() { m_printer.reset(); }
+void DataHookOutputTestingPlugin::PrivateImpl::ReleasePrinter() {
+  if (m_printer) m_printer->FinalizeTheTotalContentOfOurArray();
+  m_printer.reset();
+}
 
-template <class Operation>
+template <typename OPERATION>
 void DataHookOutputTestingPlugin::PrivateImpl::CallWithoutThrowing(const wxChar* name,
-                                                                   Operation operation) noexcept {
+                                                                   OPERATION operation) noexcept {
   try {
     operation();
   } catch (const std::exception& exception) {
@@ -120,7 +123,9 @@ bool DataHookOutputTestingPlugin::LogAssertionFailureAsTestFailure(const wxStrin
   return true;
 }
 
-void DataHookOutputTestingPlugin::FlushTestOutput() { m_impl->ReleasePrinter(); }
+void DataHookOutputTestingPlugin::FlushTestOutput() {
+  m_impl->CallWithoutThrowing(wxT("FlushTestOutput"), [&] { m_impl->ReleasePrinter(); });
+}
 
 void DataHookOutputTestingPlugin::RegisterOneSingleVerifier(VerifierRegistrationInfo info) {
   PrivateImpl::AddVerifier(info);

@@ -6,9 +6,11 @@
 #include <memory>
 
 #include "plugin/DataHookOutputTestingPlugin.h"
-#include "report/FakeJUnitPrinter.h"
 
 namespace Ombrelia {
+
+class ConcreteFakeJUnitPrinter;
+class FakeJUnitPrinter;
 
 class DataHookOutputTestingPlugin::PrivateImpl {
  public:
@@ -22,7 +24,8 @@ class DataHookOutputTestingPlugin::PrivateImpl {
   // Never null. Makes a printer, whose first result is a passing test, if there is none. Borrowed:
   // valid until ReleasePrinter.
   FakeJUnitPrinter* GetTestResultPrinter();
-  // Deletes the printer, which writes its report; nothing if there is none. Never throws.
+  // Deletes the printer, which writes its report; nothing if there is none. If it throws, for want of
+  // memory, the printer is still there with all its results.
   void ReleasePrinter();
 
   // Records a failing test. Assertion failures are numbered from 1 over the life of the process.
@@ -30,13 +33,13 @@ class DataHookOutputTestingPlugin::PrivateImpl {
 
   // Calls operation. If it throws, for want of memory or out of a library, a failing test of the suite
   // that is open says so; if not even that can be recorded, nothing does. name: the host's operation.
-  template <class Operation>
-  void CallWithoutThrowing(const wxChar* name, Operation operation) noexcept;
+  template <typename OPERATION>
+  void CallWithoutThrowing(const wxChar* name, OPERATION operation) noexcept;
 
  private:
   void RecordException(const wxChar* operation, const char* what) noexcept;
 
-  std::unique_ptr<FakeJUnitPrinter> m_printer;
+  std::unique_ptr<ConcreteFakeJUnitPrinter> m_printer;
 };
 
 // The key under which a data file's verifier is looked up: the name part of its path, upper-cased and

@@ -27,7 +27,8 @@ class Interface_DataHookPlugin : public OmbreliaSDK::OMSdkBase {
   // Records a failing test in the suite that is open. Returns true.
   virtual bool LogAssertionFailureAsTestFailure(const wxString& assertionText) = 0;
   // Writes the report. A second call in a row does nothing; a later result starts a new report,
-  // which replaces this one.
+  // which replaces this one. If memory does not suffice to put the report together, nothing is written,
+  // all results are kept, and the next call or the end of the process writes them.
   virtual void FlushTestOutput() = 0;
 };
 

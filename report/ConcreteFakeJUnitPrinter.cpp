@@ -22,6 +22,8 @@ namespace {
 
 const int TIME_OF_EVERY_TEST = 999;
 
+const char* const END_OF_A_SUITE = "    </testsuite>";
+
 // Few writes, and no block so large that the heap would ask the system for each anew.
 const std::size_t PIECE_SIZE = std::size_t{64} * 1024;
 const std::size_t ROOM_FOR_AN_ENTRY = 1024;  // a longer one makes its piece grow
@@ -222,10 +224,12 @@ int ConcreteFakeJUnitPrinter::TimeOf(std::uint32_t tests) const {
 }
 
 void ConcreteFakeJUnitPrinter::CloseTheCurrentSuite() {
-  std::string head = "    <testsuite name=\"";
-  AppendUtf8(head, m_openSuiteName);
-  AddHeadAndEnd(m_headOfOpenSuite, head + "\"" + Counts(m_openTests, m_openFailures) + ">",
-                "    </testsuite>");
+  Entry head(m_reportPieces[m_headOfOpenSuite]);
+  AppendHeadOfTheOpenSuite(head.Text());
+  Entry end(m_reportPieces.back());
+  end.Text().append(END_OF_A_SUITE).append(m_lineEnd);
+  head.Keep();
+  end.Keep();
   m_closedTests += m_openTests;
   m_closedFailures += m_openFailures;
   m_openTests = 0;
@@ -233,11 +237,22 @@ void ConcreteFakeJUnitPrinter::CloseTheCurrentSuite() {
 }
 
 void ConcreteFakeJUnitPrinter::FinalizeTheTotalContentOfOurArray() {
-  CloseTheCurrentSuite();
-  AddHeadAndEnd(0,
-                "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<testsuites" +
-                    Counts(m_closedTests, m_closedFailures) + " name=\"AllTests\">",
-                "</testsuites>");
+  if (!m_finalPath.empty()) return;
+  // All of these lines, or none if memory runs out.
+  Entry suiteHead(m_reportPieces[m_headOfOpenSuite]);
+  AppendHeadOfTheOpenSuite(suiteHead.Text());
+  Entry reportHead(m_reportPieces.front());
+  reportHead.Text()
+      .append("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<testsuites")
+      .append(Counts(m_closedTests + m_openTests, m_closedFailures + m_openFailures))
+      .append(" name=\"AllTests\">")
+      .append(m_lineEnd);
+  Entry ends(m_reportPieces.back());
+  ends.Text().append(END_OF_A_SUITE).append(m_lineEnd).append("</testsuites>").append(m_lineEnd);
+  m_finalPath = NameForOurFinalResultsFile();
+  suiteHead.Keep();
+  reportHead.Keep();
+  ends.Keep();
 }
 
 std::string ConcreteFakeJUnitPrinter::Counts(std::uint32_t tests, std::uint32_t failures) const {
@@ -245,24 +260,19 @@ std::string ConcreteFakeJUnitPrinter::Counts(std::uint32_t tests, std::uint32_t 
          "\" disabled=\"0\" errors=\"0\" time=\"" + std::to_string(TimeOf(tests)) + "\"";
 }
 
-void ConcreteFakeJUnitPrinter::AddHeadAndEnd(std::size_t headPiece, const std::string& head,
-                                             const char* end) {
-  Entry first(m_reportPieces[headPiece]);
-  first.Text().append(head).append(m_lineEnd);
-  Entry last(m_reportPieces.back());
-  last.Text().append(end).append(m_lineEnd);
-  last.Keep();
-  first.Keep();
+void ConcreteFakeJUnitPrinter::AppendHeadOfTheOpenSuite(std::string& text) const {
+  text.append("    <testsuite name=\"");
+  AppendUtf8(text, m_openSuiteName);
+  text.append("\"").append(Counts(m_openTests, m_openFailures)).append(">").append(m_lineEnd);
 }
 
 void ConcreteFakeJUnitPrinter::FlushFileAndSaveToFinalDestination() {
-  const wxString path = NameForOurFinalResultsFile();
-  if (!wxFileExists(path)) CreateNewFileOnDisk(path);
+  if (!wxFileExists(m_finalPath)) CreateNewFileOnDisk(m_finalPath);
   // Nothing of a former report is needed, but one that cannot be opened is worth a note in the log.
-  wxFile().Open(path);
-  wxTempFile file(path);
+  wxFile().Open(m_finalPath);
+  wxTempFile file(m_finalPath);
   const bool written = file.IsOpened() && PrintArrayIntoFile(&file);
-  if (!written) wxLogError(_("can't write buffer '%s' to disk."), path);
+  if (!written) wxLogError(_("can't write buffer '%s' to disk."), m_finalPath);
   // Also if the disk is full: the beginning of a report is better than none.
   if (file.IsOpened()) file.Commit();
 }

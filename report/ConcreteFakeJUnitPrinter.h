@@ -20,9 +20,9 @@ namespace Ombrelia {
 //   <fileBaseName>.xml            placed there in advance, to be found as the report of a process that
 //                                 dies; renamed to the next name at construction
 //   <fileBaseName>_<pid>.xml      the report, written by the destructor and by nothing else
-// The directory must exist. Without it, and if memory for putting the report together is missing, the
-// report is lost and no exception leaves the destructor; wx may log the loss. Every test's time is the
-// constant 999: durations of the report are no measurements.
+// The directory must exist. Without it, and if the destructor lacks the memory to put the report
+// together, the report is lost and no exception leaves the destructor; wx may log the loss. Every test's
+// time is the constant 999: durations of the report are no measurements.
 class ConcreteFakeJUnitPrinter : public FakeJUnitPrinter {
  public:
   // renameUnconditionally: rename a report placed in advance even if flag files show that other processes
@@ -32,6 +32,11 @@ class ConcreteFakeJUnitPrinter : public FakeJUnitPrinter {
   ~ConcreteFakeJUnitPrinter() override;
   ConcreteFakeJUnitPrinter(const ConcreteFakeJUnitPrinter&) = delete;
   ConcreteFakeJUnitPrinter& operator=(const ConcreteFakeJUnitPrinter&) = delete;
+
+  // Puts the report together, so that the destructor needs no memory for that. If it throws, for want of
+  // memory, the report takes further results and the call can be repeated. Otherwise it takes no more
+  // results, and further calls do nothing.
+  void FinalizeTheTotalContentOfOurArray();
 
   void NewTestSuite(const wxString& suiteName) override;
   void AddPassingTestResult(const wxString& testName) override;
@@ -48,13 +53,11 @@ class ConcreteFakeJUnitPrinter : public FakeJUnitPrinter {
   std::string& PieceForAnEntry();
   // The beginning of the next test's entry, up to its time.
   void AppendStart(std::string& text, const wxString& testName) const;
-  // One line at the end of that piece and one at the end of the report: both, or none if it throws.
-  void AddHeadAndEnd(std::size_t headPiece, const std::string& head, const char* end);
+  void AppendHeadOfTheOpenSuite(std::string& text) const;
   // The attributes of a suite, or of the whole report, that count.
   std::string Counts(std::uint32_t tests, std::uint32_t failures) const;
   int TimeOf(std::uint32_t tests) const;
   void CloseTheCurrentSuite();
-  void FinalizeTheTotalContentOfOurArray();
   void FlushFileAndSaveToFinalDestination();
   bool PrintArrayIntoFile(wxTempFile* file);  // false if the file did not take all
 
@@ -76,7 +79,8 @@ class ConcreteFakeJUnitPrinter : public FakeJUnitPrinter {
   wxString m_processIdText;
   wxString m_fileBaseName;
   bool m_unattended;
-  bool m_arrayPrinted;  // the report was handed to its file; prescribed, and nothing reads it
+  wxString m_finalPath;  // of the report, once it is put together; empty before
+  bool m_arrayPrinted;   // the report was handed to its file; prescribed, and nothing reads it
 };
 
 }  // namespace Ombrelia

@@ -61,8 +61,8 @@ class Assorted_V5_BlockSettings
   }
 
  private:
-  // Vehicles alone are counted: four animals in a row are let through. A correct host fails this now
-  // and then: the words of the failure say so.
+  // Counts vehicles only; four animals in a row pass. A correct host fails this occasionally, as the
+  // failure text says.
   void VerifyThatFirstBlockIsJumbled() {
     static const wxString testName = wxT("Block_One_Is_V4_Jumbled");
     int vehiclesInARow = 0;

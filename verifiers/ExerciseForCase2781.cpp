@@ -14,7 +14,7 @@ const std::vector<wxString>& GetExpectedCellValuesForCode_01() {
   return cells;
 }
 
-// How a cell shows who set its value is the host's own affair, so the host's library writes it.
+// The host's library defines the form of a tag cell, so it makes the expected text.
 const std::vector<wxString>& GetExpectedCellValuesForCode_02() {
   static const std::vector<wxString> cells =
       ExpectedCells::Blank(45)

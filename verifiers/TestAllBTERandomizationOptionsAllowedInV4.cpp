@@ -60,7 +60,7 @@ class TestAllBTERandomizationOptionsAllowedInV4
              "random order")});
   }
 
-  // A correct host fails this now and then: the words of the failure say so.
+  // A correct host fails this occasionally, as the failure text says.
   void RandomTrialsEveryTime() {
     static const wxString testName = wxT("Rand_Trials_In_Block_Every_Time");
     ReportCheck(!EachRepeatsThreeRows({39, 45, 51}, 33), testName,
@@ -96,7 +96,7 @@ class TestAllBTERandomizationOptionsAllowedInV4
                      "always use the SAME random order")});
   }
 
-  // A correct host fails this now and then: the words of the failure say so.
+  // A correct host fails this occasionally, as the failure text says.
   void RandomEventsEveryTime() {
     static const wxString testName = wxT("Rand_Events_In_Trial_Every_Time");
     ReportCheck(!EachRepeatsThreeRows({24, 27}, 21), testName,
@@ -110,8 +110,8 @@ class TestAllBTERandomizationOptionsAllowedInV4
 
   wxString DataCell(int row) const { return CellAt(row, m_eventNameColumn); }
 
-  // Do the three rows from each of repeats on equal the three rows from pattern on? Undefined cells
-  // equal one another.
+  // Returns whether the three rows from each repeat equal the three from pattern. Undefined cells are
+  // equal.
   bool EachRepeatsThreeRows(const std::vector<int>& repeats, int pattern) const {
     return std::all_of(repeats.begin(), repeats.end(), [this, pattern](int repeat) {
       return DataCell(repeat) == DataCell(pattern) &&

@@ -20,7 +20,7 @@ class TestBasicMacInput_01 : public IndividualTestCase_T<TestBasicMacInput_01, t
 
   void OnNotifyUnableToReadDatafile(FakeJUnitPrinter* printer) override {
     RecordCompletion(printer);
-    // No duration was measured. The fixed one keeps the tracking test in the shape of all others.
+    // No duration was measured; a fixed number keeps the form of the test's name.
     printer->AddPassingTestResult(
         wxString::Format(wxT("__TIMING__TRACKING__%s__%s_ms"), FOCUS_OF_THIS_TEST, wxT("55555")));
   }

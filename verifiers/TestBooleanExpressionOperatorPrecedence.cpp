@@ -6,7 +6,7 @@ namespace {
 
 const wxString FOCUS_OF_THIS_TEST = wxT("2013-05-14_and_or_expression_evaluation.om5");
 
-// Was the expression of this trial, counted from 1, written so that it comes out true?
+// Returns whether the trial's expression is true. Trials count from 1.
 bool ExpressionIsTrueIn(int trial) {
   return trial <= 7 || (trial >= 14 && trial <= 24) || trial == 26 || trial == 28;
 }

@@ -48,7 +48,7 @@ class TestCodeBasedResponses_2545
                 {wxT("Some row with code value 2 is scored wrong."), 114,
                  wxT("All rows with code value 2 should be scored as C -- CORRECT -- for this "
                      "experiment.")});
-    // A good run has no passing test here: the first two already tell of it.
+    // Success records nothing here.
     if (!allRowsAreValid) {
       ReportFailure(
           wxT("All_rows_must_have_valid_code_value"),

@@ -104,7 +104,7 @@ wxString GetNumericValueIfListWasNumbers(const wxString& text) {
   return wxString();
 }
 
-// The letter of a text of the list of three letters, in the same form.
+// Returns "a,", "b," or "c," for the first of these letters that the text contains, else an empty text.
 wxString GetAlphabeticValue(const wxString& text) {
   if (text.Contains(wxT("a"))) return wxT("a,");
   if (text.Contains(wxT("b"))) return wxT("b,");
@@ -124,7 +124,7 @@ struct LettersAndNumbers {
 
 // Letters and numbers take turns. A letter must be the one before it or the next one.
 LettersAndNumbers WalkThroughTrial4(const Texts& texts) {
-  // No text holds the first of these letters, so the first text goes on to the second letter.
+  // A correct host's texts contain no "Z", so the first text moves on to "A".
   static const wxString letters[] = {wxT("Z"), wxT("A"), wxT("B"), wxT("C"), wxT("D"), wxT("E")};
   LettersAndNumbers found;
   for (std::size_t i = 0; i < texts.size(); ++i) {
@@ -244,7 +244,7 @@ class TestCrossedUnpairedPairedLists
   }
 
   // A trial and five copies of it combine seven numbers with three letters, so one letter comes three
-  // times. A missing copy takes part in the comparison of neighbours with an empty text.
+  // times. A missing copy compares as an empty text.
   void VerifySpecialTrial_2b() {
     const wxString baseNames[] = {TRIAL_BASENAME_02,   TRIAL_BASENAME_02b1, TRIAL_BASENAME_02b2,
                                   TRIAL_BASENAME_02b3, TRIAL_BASENAME_02b4, TRIAL_BASENAME_02b5};

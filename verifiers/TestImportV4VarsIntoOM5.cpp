@@ -64,8 +64,7 @@ class TestImportV4VarsIntoOM5 : public TestCaseWithFullColumnStringComp_T<TestIm
     return joined;
   }
 
-  // Drawing two items without replacement starts afresh at the boundary of a block alone: two blocks
-  // of five rows leave four sequences.
+  // The draw restarts only at a block boundary, so two blocks of five rows allow four sequences.
   void VerifyVariableThatUsedRandom_NO_Replacement() {
     static const wxString testName =
         wxT("Random_choice_of_two_items_ONLY_RESETS_at_BLOCK_boundary");

@@ -71,7 +71,7 @@ class TestMultipleSubsetExpressionsOnOneBlock
                      "coinflips")});
   }
 
-  // A correct host fails this now and then: the words of the failure say so.
+  // A correct host fails this occasionally, as the failure text says.
   void VarietyOfRightAndLeft() {
     static const wxString testName = wxT("Variety_of_Right_and_Left");
     const bool left = CountCells(*m_reader, wxT("Trial\nName"), wxT("cues left")) > 0;
@@ -117,10 +117,8 @@ class TestMultipleSubsetExpressionsOnOneBlock
              "TestMultipleSubsetExpressionsOnOneBlock for details about expected behavior here")});
   }
 
-  // Every run of the experiment flips, so the search has no other end: a file without such a row
-  // keeps it searching. Rows past the table never match, and the count stays at the last of them
-  // rather than overflow. The flag is volatile because a compiler may take a loop without any side
-  // effect to end, and drop it.
+  // Every run flips, so the search has no end condition. row stops at the greatest int instead of
+  // overflowing. found is volatile because a compiler may remove a loop without side effects.
   int FirstRowOfCoinflips(int eventName) const {
     volatile bool found = false;
     int row = 0;

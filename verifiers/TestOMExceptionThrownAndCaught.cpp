@@ -8,7 +8,7 @@ namespace {
 const wxString FOCUS_OF_THIS_TEST = wxT("2015-01-30_OMException_thrown_and_caught.om5");
 
 const std::vector<wxString>& GetExpectedCellValuesForTrialName() {
-  // The characters of the first name are those that no file's name may hold.
+  // The first name contains every character that a file name must not contain.
   static const std::vector<wxString> cells =
       ExpectedCells()
           .Add(wxT("a\\a/a:a*a?a\"a<a>a|aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa"))

@@ -7,7 +7,7 @@ namespace {
 
 const wxString FOCUS_OF_THIS_TEST = wxT("all_feedback_branching.om4");
 
-// How a tag cell looks is the host's business, so the host makes the text.
+// The host's library defines the form of a tag cell, so it makes the expected text.
 wxString TagCell(const wxString& eventValue, const wxString& trialValue) {
   return PostProcessingFacade::GetFormattedTagsDataCell(eventValue, trialValue, true);
 }

@@ -121,8 +121,8 @@ class TestTimerActionsAndCriteria
              "var")});
   }
 
-  // In what follows a cell that is no number records a failing test as it is read. The order of reads
-  // is thus the order of the report, and a check reads its cells also after it has failed.
+  // A cell that is no number records a failing test when it is read, so reads give the report's order.
+  // The cells on either side of a pause are read even if the pause has failed.
 
   void TestBehaviorOfTimer_1() {
     static const wxString testName = wxT("Timer_1_behaved_properly");

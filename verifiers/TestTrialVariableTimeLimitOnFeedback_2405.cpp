@@ -38,6 +38,7 @@ class TestTrialVariableTimeLimitOnFeedback_2405
   TestTrialVariableTimeLimitOnFeedback_2405() : IndividualTestCase_T(FOCUS_OF_THIS_TEST, false) {}
 
   void RunAllVerificationTests(VerificationNecessities necessities) override {
+    // No line number identifies the two checks of areas; their locations show 0.
     const wxString location = CommonTestHelperLogic::GetFileStringForLine(0, FOCUS_OF_THIS_TEST);
     CommonTestHelperLogic::BothPlatforms_VerifySequentialStimData(
         *necessities.stimAreas, GetExpectedStimAreaSequence_EitherPlatform(), m_printer, location);
@@ -68,8 +69,7 @@ class TestTrialVariableTimeLimitOnFeedback_2405
 
  private:
   // Do 5999 ms or more lie between the time of such a row and that of the row before it? The limit is
-  // one millisecond below what the texts of the check say. Row 0 never is enough, because row -1 has
-  // no time.
+  // one millisecond below what the texts of the check say. Row 0 never qualifies: no row precedes it.
   bool SomeCorrectEventLastedLongEnough() const {
     const int eventColumn = ColumnOf(wxT("Event\nName"));
     const int timeColumn = ColumnOf(wxT("Cumulative\nTime"));

@@ -61,8 +61,7 @@ class Test_10_11_13_all_tvars_spr_rsvp
         EachOccursFourTimes(POSITION, {wxT("left"), wxT("right"), wxT("top")}) &&
         EachOccursFourTimes(COLOR, {wxT("r"), wxT("g"), wxT("b")}) &&
         EachOccursFourTimes(TIME_LIMIT, {wxT("500"), wxT("1000"), wxT("1500")});
-    // Each segment is demanded three times. The message says six, and readers of the report know it
-    // by these words.
+    // Each segment is demanded three times. The message says six; its wording is fixed.
     ReportCheck(asDemanded, testName,
                 {wxT("Something bad happened instead."), 123,
                  wxT("We expected to see every segment six times in a specific order and every "

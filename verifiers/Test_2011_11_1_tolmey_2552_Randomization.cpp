@@ -12,7 +12,7 @@ const wxString FOCUS_OF_THIS_TEST = wxT("2011-11-1_tolmey_2552_Randomization.om4
 // The share of blue rows among all rows, in single precision. It is no number for a table without
 // rows.
 float ProportionOfBlue(const MUExperimentTextReaderMultiFile& reader) {
-  // A single-precision count that grows by ones stops here.
+  // Adding 1 to a float changes nothing from here on.
   constexpr int GREATEST_COUNT = 1 << 24;
   const int blue = CountCells(reader, wxT("Font Color\n(Trial Variable)"), wxT("Blue"));
   return static_cast<float>(std::min(blue, GREATEST_COUNT)) /

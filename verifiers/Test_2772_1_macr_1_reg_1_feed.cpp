@@ -20,9 +20,9 @@ class Test_2772_1_macr_1_reg_1_feed
             "block_Level_macro_functions");
     const RowScan colours = RowScan::Anywhere({wxT("Red"), wxT("Green"), wxT("Blue")}, 2);
     const RowScan places = RowScan::Anywhere({wxT("one"), wxT("two"), wxT("three")}, 2);
-    const bool eachOnce = colours.HoldsFor(*m_reader, wxT("Font Color\n(Trial Variable)")) &&
-                          places.HoldsFor(*m_reader, wxT("Screen Location\n(Trial Variable)"));
-    ReportCheck(eachOnce, testName,
+    const bool eachColour = colours.HoldsFor(*m_reader, wxT("Font Color\n(Trial Variable)"));
+    const bool eachPlace = places.HoldsFor(*m_reader, wxT("Screen Location\n(Trial Variable)"));
+    ReportCheck(eachColour && eachPlace, testName,
                 {wxT("Something bad happened instead."), 95,
                  wxT("We expected to see each variable name to show up exactly once.")});
 

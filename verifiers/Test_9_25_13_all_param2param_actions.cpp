@@ -1,4 +1,3 @@
-#include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
 #include "framework/IndividualTestCase_T.h"
 
 namespace Ombrelia {
@@ -22,17 +21,6 @@ const wxChar* const EXPECTED_CELLS[ROWS][PARAMETERS] = {
     {wxT("123"), wxT("-244"), wxT("12"), wxT("123"), wxT("two!three!"), wxT("two!three!three!"),
      wxT("three!")}};
 
-int CountMatches(const MUExperimentTextReaderMultiFile& reader) {
-  int matches = 0;
-  for (int parameter = 0; parameter < PARAMETERS; ++parameter) {
-    const int column = reader.GetColumnPositionNumberFromText(PARAMETER_NAMES[parameter]);
-    for (int row = 0; row < ROWS; ++row) {
-      if (reader.GetDataCellValue(row, column) == EXPECTED_CELLS[row][parameter]) ++matches;
-    }
-  }
-  return matches;
-}
-
 }  // namespace
 
 class Test_9_25_13_all_param2param_actions
@@ -43,7 +31,7 @@ class Test_9_25_13_all_param2param_actions
   void RunAllVerificationTests(VerificationNecessities) override {
     static const wxString testName =
         wxT("Having_parameters_get_modified_by_values_in_other_parameters");
-    ReportCheck(CountMatches(*m_reader) == PARAMETERS * ROWS, testName,
+    ReportCheck(CountMatches() == PARAMETERS * ROWS, testName,
                 {wxT("Something bad happened instead."), 123,
                  wxT("We expected very  specific values to be in the parameter cells, at least "
                      "one of them wasn't right.")});
@@ -53,6 +41,18 @@ class Test_9_25_13_all_param2param_actions
     PerformDurationBoundsTest_MacServer(1500, 1650);
     PerformBoundsTest(0, 20, EXPANSION_TIME_COLUMN_NAME, true, true);
     PerformExpansionBoundsTest_MacServer(200, 300);
+  }
+
+ private:
+  int CountMatches() const {
+    int matches = 0;
+    for (int parameter = 0; parameter < PARAMETERS; ++parameter) {
+      const int column = ColumnOf(PARAMETER_NAMES[parameter]);
+      for (int row = 0; row < ROWS; ++row) {
+        if (CellAt(row, column) == EXPECTED_CELLS[row][parameter]) ++matches;
+      }
+    }
+    return matches;
   }
 };
 

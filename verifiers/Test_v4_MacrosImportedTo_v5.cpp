@@ -7,7 +7,7 @@ namespace {
 
 const wxString FOCUS_OF_THIS_TEST = wxT("import_v4_macros.om4");
 
-// A block whose rows walk round the list of four. Its trials are named after the stem.
+// A block whose rows cycle through the four list items. Trial names begin with the stem.
 struct Block {
   wxString name;
   int rows;

@@ -21,14 +21,14 @@ const char* const FAILED =
 TEST(CheckReport, RecordsAPassWithItsNameAlone) {
   RecordingPrinter printer;
   ReportCheck(&printer, EXPERIMENT, true, wxT("A_check"), FAILURE);
-  EXPECT_EQ(printer.lines, Lines{"pass A_check"});
+  EXPECT_EQ(printer.m_lines, Lines{"pass A_check"});
 }
 
 TEST(CheckReport, RecordsAFailureWithItsFourTexts) {
   RecordingPrinter printer;
   ReportCheck(&printer, EXPERIMENT, false, wxT("A_check"), FAILURE);
   ReportFailure(&printer, EXPERIMENT, wxT("A_check"), FAILURE);
-  EXPECT_EQ(printer.lines, (Lines{FAILED, FAILED}));
+  EXPECT_EQ(printer.m_lines, (Lines{FAILED, FAILED}));
 }
 
 }  // namespace

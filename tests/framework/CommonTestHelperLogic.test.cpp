@@ -33,9 +33,9 @@ class OpenedFile {
   ~OpenedFile() { std::remove(m_path.c_str()); }
   boost::shared_ptr<MUExperimentTextReaderMultiFile> Open(bool expectFailure = false) {
     return CommonTestHelperLogic::GetReaderOrElseLogAnError(
-        &printer, wxString::FromUTF8(m_path.c_str()), expectFailure);
+        &m_printer, wxString::FromUTF8(m_path.c_str()), expectFailure);
   }
-  RecordingPrinter printer;
+  RecordingPrinter m_printer;
 
  private:
   std::string m_path;
@@ -105,13 +105,13 @@ TEST(Reader, IsReturnedForAGoodFileWithoutAnyResult) {
   EXPECT_EQ(reader->GetNumberOfDataRows(), 2);
   EXPECT_EQ(reader->GetDataCellValue(1, 0), wxT("b"));
   EXPECT_TRUE(file.Open(true));
-  EXPECT_EQ(file.printer.lines, Lines{});
+  EXPECT_EQ(file.m_printer.m_lines, Lines{});
 }
 
 TEST(Reader, IsNullForABadFile) {
   OpenedFile file("bad.name.txt", "too short");
   EXPECT_FALSE(file.Open());
-  EXPECT_EQ(file.printer.lines,
+  EXPECT_EQ(file.m_printer.m_lines,
             Lines{Fail("open_and_parse_bad.name", "this datafile was not open-able/parse-able",
                        "CommonTestHelperLogic_GetReaderOrElseLogAnError", 49,
                        "unable to construct a MUExperimentTextReaderMultiFile for this datafile")});
@@ -120,7 +120,7 @@ TEST(Reader, IsNullForABadFile) {
 TEST(Reader, IsNullWithoutAnyResultWhenFailureIsExpected) {
   OpenedFile file("bad.txt", "too short");
   EXPECT_FALSE(file.Open(true));
-  EXPECT_EQ(file.printer.lines, Lines{});
+  EXPECT_EQ(file.m_printer.m_lines, Lines{});
 }
 
 TEST(Location, PretendsToBeASourcePosition) {
@@ -178,7 +178,7 @@ Lines SequenceRecord(const Areas& actual, const Areas& expected) {
   RecordingPrinter printer;
   CommonTestHelperLogic::BothPlatforms_VerifySequentialStimData(actual, expected, &printer,
                                                                 wxT("here:7"));
-  return printer.lines;
+  return printer.m_lines;
 }
 
 TEST(StimAreas, PassOnceWhenAllAgree) {
@@ -208,9 +208,9 @@ TEST(StimAreas, NameTheFirstPlaceThatDiffers) {
 TEST(StimAreas, AreCheckedOnTheMacAndNotOnWindows) {
   RecordingPrinter printer;
   CommonTestHelperLogic::Win32_VerifySequentialStimData({AREA}, {}, &printer, wxT("here:7"));
-  EXPECT_EQ(printer.lines, Lines{});
+  EXPECT_EQ(printer.m_lines, Lines{});
   CommonTestHelperLogic::MacOSX_VerifySequentialStimData({AREA}, {AREA}, &printer, wxT("here:7"));
-  EXPECT_EQ(printer.lines, Lines{"pass StimArea_vector_is_complete_and_in_order"});
+  EXPECT_EQ(printer.m_lines, Lines{"pass StimArea_vector_is_complete_and_in_order"});
   EXPECT_TRUE(CommonTestHelperLogic::RunningOnMacOSX());
 }
 

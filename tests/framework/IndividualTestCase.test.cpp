@@ -22,16 +22,16 @@ class FrameProbe : public IndividualTestCase_T<FrameProbe, false> {
  public:
   FrameProbe() : IndividualTestCase_T(FOCUS_OF_THIS_TEST, false) {}
   void RunAllVerificationTests(VerificationNecessities necessities) override {
-    ++runs;
-    if (expectsTheTable) {
+    ++m_runs;
+    if (m_expectsTheTable) {
       EXPECT_EQ(necessities.reader.get(), m_reader.get());
       EXPECT_EQ(necessities.printer, m_printer);
     }
-    areas = necessities.stimAreas->size();
-    if (checks) checks(*this);
+    m_areas = necessities.stimAreas->size();
+    if (m_checks) m_checks(*this);
   }
   void OnNotifyUnableToReadDatafile(FakeJUnitPrinter* printer) override {
-    ++notifications;
+    ++m_notifications;
     IndividualTestCase_T::OnNotifyUnableToReadDatafile(printer);
   }
   using IndividualTestCase_T::CellAt;
@@ -50,11 +50,11 @@ class FrameProbe : public IndividualTestCase_T<FrameProbe, false> {
   using IndividualTestCase_T::ReportPass;
   using IndividualTestCase_T::RowCount;
 
-  std::function<void(FrameProbe&)> checks;
-  bool expectsTheTable = true;
-  int runs = 0;
-  int notifications = 0;
-  std::size_t areas = 0;
+  std::function<void(FrameProbe&)> m_checks;
+  bool m_expectsTheTable = true;
+  int m_runs = 0;
+  int m_notifications = 0;
+  std::size_t m_areas = 0;
 };
 
 class FrameEmptyProbe : public IndividualTestCase_T<FrameEmptyProbe, true> {
@@ -110,9 +110,9 @@ DataFile SomeFile() {
 // What the checks record on a file: the lines between the entry test and the two tracking tests.
 Lines RecordOf(const DataFile& file, const std::function<void(FrameProbe&)>& checks,
                const std::string& machine = ORDINARY_MACHINE) {
-  Probe().checks = checks;
+  Probe().m_checks = checks;
   Lines lines = file.Verify(machine);
-  Probe().checks = nullptr;
+  Probe().m_checks = nullptr;
   EXPECT_GE(lines.size(), 4U);
   lines.erase(lines.begin(), lines.begin() + 2);
   lines.resize(lines.size() - 2);
@@ -120,21 +120,21 @@ Lines RecordOf(const DataFile& file, const std::function<void(FrameProbe&)>& che
 }
 
 TEST(IndividualTestCase, LivesThroughAReadableFileInOrder) {
-  const int before = Probe().runs;
-  Probe().checks = [](FrameProbe& probe) { EXPECT_EQ(probe.m_reader->GetNumberOfDataRows(), 3); };
+  const int before = Probe().m_runs;
+  Probe().m_checks = [](FrameProbe& probe) { EXPECT_EQ(probe.m_reader->GetNumberOfDataRows(), 3); };
   DataFile file = SomeFile();
   file.StimAreas().resize(2);
   EXPECT_EQ(file.Verify(),
             (Lines{"suite Frame_Probe.om5", "pass VerifyDatafile_was_called_for_Frame_Probe.om5",
                    "pass __TIMING__TRACKING__Frame_Probe.om5__1500_ms",
                    "pass __EXPANSION__TRACKING__Frame_Probe.om5__40_ms"}));
-  EXPECT_EQ(Probe().runs, before + 1);
-  EXPECT_EQ(Probe().areas, 2U);
-  Probe().checks = nullptr;
+  EXPECT_EQ(Probe().m_runs, before + 1);
+  EXPECT_EQ(Probe().m_areas, 2U);
+  Probe().m_checks = nullptr;
 }
 
 TEST(IndividualTestCase, ReportsAnUnreadableFileAndGoesNoFurther) {
-  const int before = Probe().runs;
+  const int before = Probe().m_runs;
   EXPECT_EQ(
       VerifyBytes(PROBE, "only\nthree\nlines\n"),
       (Lines{"suite Frame_Probe.om5", "pass VerifyDatafile_was_called_for_Frame_Probe.om5",
@@ -142,7 +142,7 @@ TEST(IndividualTestCase, ReportsAnUnreadableFileAndGoesNoFurther) {
                   "CommonTestHelperLogic_GetReaderOrElseLogAnError", 49,
                   "unable to construct a MUExperimentTextReaderMultiFile for this "
                   "datafile")}));
-  EXPECT_EQ(Probe().runs, before);
+  EXPECT_EQ(Probe().m_runs, before);
   EXPECT_EQ(Probe().m_reader.get(), nullptr);
 }
 
@@ -150,7 +150,7 @@ TEST(IndividualTestCase, ReportsAFileWhoseNameIsNotAscii) {
   RecordingPrinter printer;
   Probe().VerifyDatafile(wxT("/no/such/folder/\u00fcber \u4e2d \U0001F600.om5 7.txt"), {},
                          &printer);
-  EXPECT_EQ(FailuresOf(printer.lines),
+  EXPECT_EQ(FailuresOf(printer.m_lines),
             Lines{Fail("open_and_parse_\xC3\xBC"
                        "ber \xE4\xB8\xAD \xF0\x9F\x98\x80.om5 7",
                        "this datafile was not open-able/parse-able",
@@ -162,7 +162,7 @@ TEST(IndividualTestCase, ReportsAFileThatIsNotThere) {
   RecordingPrinter printer;
   Probe().VerifyDatafile(wxT("/no/such/folder/Frame_Probe.om5 7.txt"), {}, &printer);
   EXPECT_EQ(
-      FailuresOf(printer.lines),
+      FailuresOf(printer.m_lines),
       Lines{Fail("open_and_parse_Frame_Probe.om5 7", "this datafile was not open-able/parse-able",
                  "CommonTestHelperLogic_GetReaderOrElseLogAnError", 49,
                  "unable to construct a MUExperimentTextReaderMultiFile for this datafile")});
@@ -172,26 +172,26 @@ TEST(IndividualTestCase, ReportsAFileThatIsNotThere) {
 // singleton's.
 TEST(IndividualTestCase, GivesChecksAndNotificationToTheSingleton) {
   FrameProbe other;
-  Probe().checks = [](FrameProbe& probe) { EXPECT_EQ(&probe, &Probe()); };
-  const int before = Probe().runs;
+  Probe().m_checks = [](FrameProbe& probe) { EXPECT_EQ(&probe, &Probe()); };
+  const int before = Probe().m_runs;
   const ScratchFolder folder;
   WriteFile(folder / "Frame_Probe.om5 1.txt", SomeFile().Text());
   const wxString readable = wxString::FromUTF8((folder / "Frame_Probe.om5 1.txt").c_str());
   RecordingPrinter printer;
-  other.expectsTheTable = false;
-  Probe().expectsTheTable = false;  // which the other one holds
+  other.m_expectsTheTable = false;
+  Probe().m_expectsTheTable = false;  // which the other one holds
   other.VerifyDatafile(readable, {}, &printer);
-  EXPECT_EQ(other.runs, 0);
-  EXPECT_EQ(Probe().runs, before + 1);
+  EXPECT_EQ(other.m_runs, 0);
+  EXPECT_EQ(Probe().m_runs, before + 1);
   EXPECT_TRUE(other.m_reader);
-  EXPECT_EQ(printer.lines.size(), 4U);
+  EXPECT_EQ(printer.m_lines.size(), 4U);
 
-  const int told = Probe().notifications;
+  const int told = Probe().m_notifications;
   other.VerifyDatafile(wxT("/no/such/file.txt"), {}, &printer);
-  EXPECT_EQ(other.notifications, 0);
-  EXPECT_EQ(Probe().notifications, told + 1);
-  Probe().expectsTheTable = true;
-  Probe().checks = nullptr;
+  EXPECT_EQ(other.m_notifications, 0);
+  EXPECT_EQ(Probe().m_notifications, told + 1);
+  Probe().m_expectsTheTable = true;
+  Probe().m_checks = nullptr;
 }
 
 void VerifyWithoutSingleton() {
@@ -316,7 +316,7 @@ TEST(Cells, AreReadFromTheTableInHand) {
 
 TEST(Tracking, FailsWithoutTheDurationColumnAndBoundsNothing) {
   const DataFile file = SomeFile().RemoveColumn(TIME);
-  Probe().checks = [](FrameProbe& probe) { probe.PerformDurationBoundsTest(1, 2, true); };
+  Probe().m_checks = [](FrameProbe& probe) { probe.PerformDurationBoundsTest(1, 2, true); };
   EXPECT_EQ(file.Verify(),
             (Lines{"suite Frame_Probe.om5", "pass VerifyDatafile_was_called_for_Frame_Probe.om5",
                    Fail("__TIMING__TRACKING__UNAVAILABLE__Frame_Probe.om5",
@@ -324,12 +324,12 @@ TEST(Tracking, FailsWithoutTheDurationColumnAndBoundsNothing) {
                         "We cannot monitor run-time duration without having the Cum Time column "
                         "available."),
                    "pass __EXPANSION__TRACKING__Frame_Probe.om5__40_ms"}));
-  Probe().checks = nullptr;
+  Probe().m_checks = nullptr;
 }
 
 TEST(Tracking, FailsWithoutTheExpansionColumnAndBoundsNothing) {
   const DataFile file = SomeFile().RemoveColumn("Expansion Time(ms): 40");
-  Probe().checks = [](FrameProbe& probe) {
+  Probe().m_checks = [](FrameProbe& probe) {
     probe.PerformBoundsTest(1, 2, wxT("Expansion Time(ms): "), true, true);
   };
   EXPECT_EQ(file.Verify(),
@@ -339,7 +339,7 @@ TEST(Tracking, FailsWithoutTheExpansionColumnAndBoundsNothing) {
                         "Someting broke, there's no expansion time column.", PROBE, 352,
                         "We cannot monitor run-time duration without having the expansion time "
                         "column available.")}));
-  Probe().checks = nullptr;
+  Probe().m_checks = nullptr;
 }
 
 // Bounds take the first column that starts with the name; the total duration takes the exact one.
@@ -543,7 +543,7 @@ TEST(Columns, WithoutRowsReadAsUndefined) {
                                     wxT("Cumulative\nTime"), false);
     Ombrelia::RunTimes::RecordTotalDuration(*probe.m_reader, &printer, wxT("n"));
   });
-  EXPECT_EQ(printer.lines,
+  EXPECT_EQ(printer.m_lines,
             (Lines{Fail("Experiment_duration_n", WEIRD, "n", 228,
                         "Expected a duration between 0 and 5000. Instead, we got a duration of "
                         "-999."),

@@ -18,21 +18,21 @@ class ColumnProbe : public TestCaseWithFullColumnStringComp_T<ColumnProbe> {
  public:
   ColumnProbe() : TestCaseWithFullColumnStringComp_T(FOCUS_OF_THIS_TEST, false) {}
   const std::vector<wxString>& GetExpectedCellValuesForTargetedColumn() override {
-    return useDefaults
+    return m_useDefaults
                ? TestCaseWithFullColumnStringComp_T::GetExpectedCellValuesForTargetedColumn()
-               : expected;
+               : m_expected;
   }
   const wxString& GetTargetedColumnName() override {
-    return useDefaults ? TestCaseWithFullColumnStringComp_T::GetTargetedColumnName() : column;
+    return m_useDefaults ? TestCaseWithFullColumnStringComp_T::GetTargetedColumnName() : m_column;
   }
   using IndividualTestCase_T::m_printer;
   using IndividualTestCase_T::m_reader;
   using TestCaseWithFullColumnStringComp_T::TestContentOfData_Internal;
   using TestCaseWithFullColumnStringComp_T::VerifyVerbatimColumnContent;
 
-  bool useDefaults = false;
-  wxString column;
-  std::vector<wxString> expected;
+  bool m_useDefaults = false;
+  wxString m_column;
+  std::vector<wxString> m_expected;
 };
 
 }  // namespace Ombrelia
@@ -57,8 +57,8 @@ DataFile Rows(const std::vector<std::string>& cells) {
 // What the declared comparison records on a column of these cells.
 Lines Compare(const std::vector<std::string>& cells, const std::vector<wxString>& expected,
               const wxString& column = wxT("Event\nName")) {
-  Probe().expected = expected;
-  Probe().column = column;
+  Probe().m_expected = expected;
+  Probe().m_column = column;
   Lines lines = Rows(cells).Verify();
   lines.erase(lines.begin(), lines.begin() + 2);
   lines.resize(lines.size() - 2);
@@ -120,11 +120,11 @@ TEST(VerbatimComparison, ReadsUndefinedCellsInAColumnThatIsMissing) {
 }
 
 TEST(VerbatimComparison, ExpectsNothingByDefault) {
-  Probe().useDefaults = true;
+  Probe().m_useDefaults = true;
   EXPECT_EQ(FailuresOf(Compare({"a"}, {})),
             Lines{Fail("Correct_quantity_of_data_cells", "Too many data cells. More than expected.",
                        PROBE, 89, "No extra info.")});
-  Probe().useDefaults = false;
+  Probe().m_useDefaults = false;
 }
 
 // No rows and nothing expected: the length is right, and still nothing matched.
@@ -133,7 +133,7 @@ TEST(VerbatimComparison, FailsWithoutRowsEvenIfNothingIsExpected) {
   const boost::shared_ptr<MUExperimentTextReaderMultiFile> empty(
       new MUExperimentTextReaderMultiFile(nullptr));
   EXPECT_FALSE(Probe().VerifyVerbatimColumnContent(empty, &printer, wxT("Event\nName"), {}));
-  EXPECT_EQ(printer.lines,
+  EXPECT_EQ(printer.m_lines,
             Lines{Mismatch("At datafile row index 0 we expected {ERRORERROR}, but that was not the "
                            "actual content.")});
 }
@@ -147,7 +147,7 @@ TEST(VerbatimComparison, ComparesTheTableOfTheFrame) {
   EXPECT_FALSE(Probe().VerifyVerbatimColumnContent(wxT("Event\nName"), {wxT("a"), wxT("c")}));
   EXPECT_FALSE(Probe().VerifyVerbatimColumnContent(wxT("Event\nName"), {wxT("a")}));
   Probe().m_printer = nullptr;
-  EXPECT_EQ(printer.lines,
+  EXPECT_EQ(printer.m_lines,
             (Lines{"pass Data_appears_completely_and_in_order",
                    Mismatch("At datafile row index 1 we expected {c}, but that was not the actual "
                             "content."),

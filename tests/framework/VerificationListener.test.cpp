@@ -29,40 +29,40 @@ class Listener : public VerificationListener {
   ~Listener() override { SetCurrent(nullptr); }
 
   boost::shared_ptr<MUExperimentTextReaderMultiFile> NewTable() override {
-    calls.push_back("table");
-    table.reset(new MUExperimentTextReaderMultiFile(nullptr));
-    return table;
+    m_calls.push_back("table");
+    m_table.reset(new MUExperimentTextReaderMultiFile(nullptr));
+    return m_table;
   }
-  bool RunsOnMachine(const wxString& hostNameText) override { return hostNameText == machine; }
+  bool RunsOnMachine(const wxString& hostNameText) override { return hostNameText == m_machine; }
   void OnLength(const wxString& columnName, const std::vector<wxString>& expected) override {
-    calls.push_back("length " + Name(columnName) + Joined(expected));
+    m_calls.push_back("length " + Name(columnName) + Joined(expected));
   }
   void OnCells(const wxString& columnName, int firstRow,
                const std::vector<wxString>& expected) override {
-    calls.push_back("cells " + Name(columnName) + " " + std::to_string(firstRow) +
-                    Joined(expected));
+    m_calls.push_back("cells " + Name(columnName) + " " + std::to_string(firstRow) +
+                      Joined(expected));
   }
   void OnScan(const wxString& columnName, const RowScan& rule) override {
-    calls.push_back("scan " + Name(columnName) + " " + std::to_string(rule.LastRow()) +
-                    Joined(rule.Texts()));
-    kind = rule.RuleKind();
-    wantedCount = rule.WantedCount();
+    m_calls.push_back("scan " + Name(columnName) + " " + std::to_string(rule.LastRow()) +
+                      Joined(rule.Texts()));
+    m_kind = rule.RuleKind();
+    m_wantedCount = rule.WantedCount();
   }
   void OnBound(int column, int min, int max, long actual) override {
-    calls.push_back("bound " + std::to_string(column) + " " + std::to_string(min) + " " +
-                    std::to_string(max) + " " + std::to_string(actual));
+    m_calls.push_back("bound " + std::to_string(column) + " " + std::to_string(min) + " " +
+                      std::to_string(max) + " " + std::to_string(actual));
   }
   void OnStimAreas(const std::vector<StimAreaData>& actual,
                    const std::vector<StimAreaData>& expected) override {
-    calls.push_back("areas " + std::to_string(actual.size()) + " " +
-                    std::to_string(expected.size()));
+    m_calls.push_back("areas " + std::to_string(actual.size()) + " " +
+                      std::to_string(expected.size()));
   }
 
-  Calls calls;
-  boost::shared_ptr<MUExperimentTextReaderMultiFile> table;
-  wxString machine;
-  RowScan::Kind kind = RowScan::Kind::POSITIONAL;
-  int wantedCount = 0;
+  Calls m_calls;
+  boost::shared_ptr<MUExperimentTextReaderMultiFile> m_table;
+  wxString m_machine;
+  RowScan::Kind m_kind = RowScan::Kind::POSITIONAL;
+  int m_wantedCount = 0;
 
  private:
   static std::string Name(const wxString& text) { return text.ToStdString(wxConvUTF8); }
@@ -89,11 +89,11 @@ TEST(VerificationListener, IsNotThereAtTheStart) {
 TEST_F(VerificationListenerTest, MakesTheTable) {
   const auto table =
       CommonTestHelperLogic::GetReaderOrElseLogAnError(&m_printer, wxT("/no/file"), false);
-  EXPECT_EQ(m_listener.calls, (Calls{"table"}));
+  EXPECT_EQ(m_listener.m_calls, (Calls{"table"}));
   EXPECT_EQ(table, nullptr);
   const boost::shared_ptr<MUExperimentTextReaderMultiFile> loaded =
       Tests::TableOf({"color"}, {{"red"}});
-  EXPECT_EQ(loaded, m_listener.table);
+  EXPECT_EQ(loaded, m_listener.m_table);
 }
 
 TEST_F(VerificationListenerTest, HearsTheLengthAndTheCellsOfAColumn) {
@@ -102,19 +102,19 @@ TEST_F(VerificationListenerTest, HearsTheLengthAndTheCellsOfAColumn) {
                                             expected);
   Ombrelia::VerbatimComparison::CheckContent(m_table, &m_printer, wxT("x.om4"), wxT("color"),
                                              expected);
-  EXPECT_EQ(m_listener.calls, (Calls{"length color red green", "cells color 0 red green"}));
+  EXPECT_EQ(m_listener.m_calls, (Calls{"length color red green", "cells color 0 red green"}));
 }
 
 TEST_F(VerificationListenerTest, HearsARunOfRows) {
   Ombrelia::RunEquals(*m_table, wxT("shape"), 1, {wxT("round")});
-  EXPECT_EQ(m_listener.calls, (Calls{"cells shape 1 round"}));
+  EXPECT_EQ(m_listener.m_calls, (Calls{"cells shape 1 round"}));
 }
 
 TEST_F(VerificationListenerTest, HearsARule) {
   RowScan::Count(wxT("red"), 3, 7).HoldsFor(*m_table, wxT("color"));
-  EXPECT_EQ(m_listener.calls, (Calls{"scan color 7 red"}));
-  EXPECT_EQ(m_listener.kind, RowScan::Kind::COUNT);
-  EXPECT_EQ(m_listener.wantedCount, 3);
+  EXPECT_EQ(m_listener.m_calls, (Calls{"scan color 7 red"}));
+  EXPECT_EQ(m_listener.m_kind, RowScan::Kind::COUNT);
+  EXPECT_EQ(m_listener.m_wantedCount, 3);
 }
 
 TEST_F(VerificationListenerTest, HearsBoundsOfBothTimes) {
@@ -122,19 +122,19 @@ TEST_F(VerificationListenerTest, HearsBoundsOfBothTimes) {
                                   false);
   Ombrelia::RunTimes::CheckBounds(*m_table, &m_printer, wxT("x.om4"), 1, 20,
                                   Ombrelia::EXPANSION_TIME_COLUMN_NAME, true);
-  EXPECT_EQ(m_listener.calls, (Calls{"bound 1 1 8 9", "bound 2 1 20 12"}));
+  EXPECT_EQ(m_listener.m_calls, (Calls{"bound 1 1 8 9", "bound 2 1 20 12"}));
 }
 
 TEST_F(VerificationListenerTest, HearsStimulusAreas) {
   const StimAreaData area = {0, 0, 1, 1, wxT("a"), 0};
   CommonTestHelperLogic::BothPlatforms_VerifySequentialStimData({area}, {area, area}, &m_printer,
                                                                 wxT("somewhere"));
-  EXPECT_EQ(m_listener.calls, (Calls{"areas 1 2"}));
+  EXPECT_EQ(m_listener.m_calls, (Calls{"areas 1 2"}));
 }
 
 TEST_F(VerificationListenerTest, SaysWhichMachineThisIs) {
   const auto runsOn = [this](const wxString& machine) {
-    m_listener.machine = machine;
+    m_listener.m_machine = machine;
     return std::make_pair(Ombrelia::RunTimes::RunningOnSmallTestBox(),
                           Ombrelia::RunTimes::RunningOnMacServer());
   };

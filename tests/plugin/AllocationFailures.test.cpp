@@ -1,23 +1,42 @@
 // Memory that runs out at any allocation of an operation that the host calls. This program replaces the
-// operator new, so that it can fail.
+// operator new and the allocation of aligned memory, so that they can fail.
 #include <gtest/gtest.h>
 #include <unistd.h>
 
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 #include <new>
 
+#include "Tabulon/src/machine/MUMachine.h"
 #include "framework/StimAreaData.h"
 #include "plugin/DataHookOutputTestingPlugin.h"
+#include "report/ConcreteFakeJUnitPrinter.h"
 #include "tests/BuildPaths.h"
 #include "tests/support/Files.h"
 
 namespace {
 
+// Which allocations count: all, or only those of aligned memory, from which the table takes its blocks.
+enum class Counted { ALL, ALIGNED };
+
+Counted counted = Counted::ALL;
 // The allocation that fails, counted from 0; none if negative.
 long failingAllocation = -1;
 bool allLaterOnesFail = false;
 bool failed = false;
+long failuresOfAligned = 0;
+
+// Counts an allocation and returns whether it must fail.
+bool MustFail() {
+  if (failingAllocation != 0) {
+    if (failingAllocation > 0) --failingAllocation;
+    return false;
+  }
+  failed = true;
+  if (!allLaterOnesFail) failingAllocation = -1;
+  return true;
+}
 
 }  // namespace
 
@@ -25,12 +44,7 @@ bool failed = false;
 extern "C" __attribute__((visibility("default"))) int __lsan_is_turned_off() { return 1; }
 
 void* operator new(std::size_t size) {
-  if (failingAllocation == 0) {
-    failed = true;
-    if (!allLaterOnesFail) failingAllocation = -1;
-    throw std::bad_alloc();
-  }
-  if (failingAllocation > 0) --failingAllocation;
+  if (counted == Counted::ALL && MustFail()) throw std::bad_alloc();
   void* const memory = std::malloc(size > 0 ? size : 1);
   if (memory == nullptr) throw std::bad_alloc();
   return memory;
@@ -45,6 +59,16 @@ void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
   }
 }
 
+// A sanitizer knows the memory of posix_memalign, too, and std::free gives it back.
+extern "C" void* aligned_alloc(std::size_t alignment, std::size_t size) noexcept {
+  if (MustFail()) {
+    ++failuresOfAligned;
+    return nullptr;
+  }
+  void* memory = nullptr;
+  return posix_memalign(&memory, alignment, size) == 0 ? memory : nullptr;
+}
+
 void operator delete(void* memory) noexcept { std::free(memory); }
 void operator delete(void* memory, const std::nothrow_t&) noexcept { std::free(memory); }
 void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
@@ -55,8 +79,8 @@ using Ombrelia::DataHookOutputTestingPlugin;
 
 // Calls operation with this allocation failing, alone or with all later ones. failed says whether the
 // operation came so far.
-template <class Operation>
-void FailAllocation(long number, bool allLater, Operation operation) {
+template <typename OPERATION>
+void FailAllocation(long number, bool allLater, OPERATION operation) {
   failed = false;
   allLaterOnesFail = allLater;
   failingAllocation = number;
@@ -66,8 +90,8 @@ void FailAllocation(long number, bool allLater, Operation operation) {
 
 // Calls operation again and again, each time with the next allocation failing, until one call needs no
 // allocation more. Returns how many calls there were before that one.
-template <class Operation>
-long FailEachAllocationOf(bool allLater, Operation operation) {
+template <typename OPERATION>
+long FailEachAllocationOf(bool allLater, OPERATION operation) {
   for (long number = 0;; ++number) {
     FailAllocation(number, allLater, operation);
     if (!failed) return number;
@@ -163,13 +187,42 @@ TEST_P(AllocationFailuresTest, LoseAnAssertionFailureAtMost) {
   ExpectWholeReport(FlushedReport(plugin));
 }
 
+// The path of a data file in this folder that has as many rows as the largest one can have.
+wxString LargeDataFileIn(const Tests::ScratchFolder& folder) {
+  const std::string name = "/2012_3_9_tolmey_2668_macro_exit_experiment.om4 1.txt";
+  std::string text = Tests::ReadFile(OMBRELIA_SOURCE_DIR "/samples/datafiles" + name);
+  while (text.size() < 1048575) text += "1\n";
+  Tests::WriteFile(folder.Path() + name, text);
+  return wxString::FromUTF8((folder.Path() + name).c_str());
+}
+
+TEST_P(AllocationFailuresTest, OfLargeBlocksEndTheVerificationOfALargeDataFileWithAFailingTest) {
+  const wxString file = LargeDataFileIn(m_folder);
+  DataHookOutputTestingPlugin plugin;
+  counted = Counted::ALIGNED;
+  failuresOfAligned = 0;
+  const long calls =
+      FailEachAllocationOf(GetParam(), [&] { plugin.PerformPostProcessing(file, {}); });
+  counted = Counted::ALL;
+  // With the address sanitizer the table takes no aligned memory.
+  if (MU_HAS_ADDRESS_SANITIZER == 0) {
+    EXPECT_GT(failuresOfAligned, 3);
+  }
+  const std::string report = FlushedReport(plugin);
+  ExpectWholeReport(report);
+  const long exceptions = CountOf(report, "TestingPluginDH_Exception_in_PerformPostProcessing\"");
+  EXPECT_EQ(exceptions + CountOf(report, "open_and_parse_"), calls);
+  EXPECT_EQ(CountOf(report, RECORDED), exceptions);
+  EXPECT_EQ(CountOf(report, "__EXPANSION__TRACKING__"), 1);
+}
+
 // wx ends the process when memory runs out inside its file functions. The allocations before those are
 // the plug-in's own, and they are these first ones.
 const long OWN_ALLOCATIONS = 3;
 
 const wxString ASSERTION = wxT("some assertion");
 
-TEST_P(AllocationFailuresTest, LoseTheReportAtMost) {
+TEST_P(AllocationFailuresTest, LeaveTheReportToTheNextFlush) {
   DataHookOutputTestingPlugin plugin;
   const std::string path = m_folder.ReportFolder() + "/" + Tests::ReportName(getpid());
   for (long number = 0; number < OWN_ALLOCATIONS; ++number) {
@@ -178,8 +231,32 @@ TEST_P(AllocationFailuresTest, LoseTheReportAtMost) {
     EXPECT_TRUE(failed) << number;
     EXPECT_FALSE(Tests::Exists(path)) << number;
   }
-  plugin.LogAssertionFailureAsTestFailure(ASSERTION);
-  ExpectWholeReport(FlushedReport(plugin));
+  const std::string report = FlushedReport(plugin);
+  ExpectWholeReport(report);
+  EXPECT_EQ(CountOf(report, "TestingPluginDH_AssertionFailure_"), OWN_ALLOCATIONS);
+  // If all later allocations fail, too, not even the exception can be recorded.
+  EXPECT_EQ(CountOf(report, "TestingPluginDH_Exception_in_FlushTestOutput\""),
+            GetParam() ? 0 : OWN_ALLOCATIONS);
+}
+
+TEST_P(AllocationFailuresTest, LeaveTheReportAsItWasUntilItIsPutTogether) {
+  auto printer = std::make_unique<Ombrelia::ConcreteFakeJUnitPrinter>(
+      wxT("FakeUnitTestsDataHookExperimentRunning"), wxT("auto_experiment_tests"), true);
+  // So long that each piece of the report must grow.
+  printer->NewTestSuite(wxString(wxT('s'), 5000));
+  printer->AddFailingTestResult(wxT("t"), wxT("s"), wxT("l"), wxString(wxT('m'), 65300));
+  const long calls = FailEachAllocationOf(GetParam(), [&] {
+    try {
+      printer->FinalizeTheTotalContentOfOurArray();
+    } catch (const std::bad_alloc&) {
+    }
+  });
+  EXPECT_GT(calls, OWN_ALLOCATIONS);
+  printer.reset();
+  const std::string report =
+      Tests::ReadFile(m_folder.ReportFolder() + "/" + Tests::ReportName(getpid()));
+  ExpectWholeReport(report);
+  EXPECT_EQ(CountOf(report, "    <testsuite name=\"sssss"), 1);
 }
 
 TEST_P(AllocationFailuresTest, LeaveTheNextCallToMakeTheReportWriter) {

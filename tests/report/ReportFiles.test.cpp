@@ -167,10 +167,10 @@ class LogCounter : public wxLog {
  public:
   LogCounter() : m_former(wxLog::SetActiveTarget(this)) {}
   ~LogCounter() override { wxLog::SetActiveTarget(m_former); }
-  int count = 0;
+  int m_count = 0;
 
  protected:
-  void DoLogRecord(wxLogLevel, const wxString&, const wxLogRecordInfo&) override { ++count; }
+  void DoLogRecord(wxLogLevel, const wxString&, const wxLogRecordInfo&) override { ++m_count; }
 
  private:
   wxLog* m_former;
@@ -179,7 +179,7 @@ class LogCounter : public wxLog {
 TEST_F(ReportFilesTest, AWorkingRunLogsNothing) {
   LogCounter log;
   Made(true).reset();
-  EXPECT_EQ(log.count, 0);
+  EXPECT_EQ(log.m_count, 0);
 }
 
 TEST_F(ReportFilesTest, OfAReportThatDoesNotFitTheBeginningIsKeptAndTheLossLogged) {
@@ -204,7 +204,7 @@ TEST_F(ReportFilesTest, OfAReportThatDoesNotFitTheBeginningIsKeptAndTheLossLogge
   std::signal(SIGXFSZ, onSignal);
 
   EXPECT_TRUE(Tests::ReadFile(At(m_report)) == whole.substr(0, 100000));  // too long to be shown
-  EXPECT_GT(log.count, 0);
+  EXPECT_GT(log.m_count, 0);
   EXPECT_EQ(Names(), (std::vector<std::string>{m_report, m_flag}));
 }
 
@@ -214,16 +214,16 @@ TEST_F(ReportFilesTest, ALostReportIsLoggedUnlessAHumanWatches) {
   const Tests::WorkingDirectory directory(empty.Path());
   LogCounter log;
   Made(true).reset();
-  EXPECT_GT(log.count, 0);
+  EXPECT_GT(log.m_count, 0);
 
   // The search for flag files comes before the switch is read.
   ASSERT_EQ(setenv("MAKE_TEST_FAILURES_POP_UP_FOR_INTERACTIVE_HUMAN", "", 1), 0);
-  const int before = log.count;
+  const int before = log.m_count;
   auto printer = Made(true);
-  const int atConstruction = log.count - before;
+  const int atConstruction = log.m_count - before;
   EXPECT_LE(atConstruction, 1);
   printer.reset();
-  EXPECT_EQ(log.count - before, atConstruction);
+  EXPECT_EQ(log.m_count - before, atConstruction);
   ASSERT_EQ(unsetenv("MAKE_TEST_FAILURES_POP_UP_FOR_INTERACTIVE_HUMAN"), 0);
 }
 

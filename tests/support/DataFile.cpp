@@ -1,7 +1,5 @@
 #include "tests/support/DataFile.h"
 
-#include <unistd.h>
-
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -10,6 +8,7 @@
 #include "plugin/DataHookOutputTestingPluginImpl.h"
 #include "plugin/Interface_SpecificIndividualTestVerifier.h"
 #include "tests/BuildPaths.h"
+#include "tests/support/Files.h"
 #include "tests/support/RecordingPrinter.h"
 
 namespace Tests {
@@ -64,29 +63,11 @@ std::vector<Ombrelia::StimAreaData> AreasOfFile(const std::string& path) {
   return areas;
 }
 
-// A folder of this process that is removed at its end.
-class TemporaryFolder {
- public:
-  TemporaryFolder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "ombrelia-XXXXXX").string();
-    if (!mkdtemp(pattern.data())) Stop("cannot make " + pattern);
-    m_path = pattern;
-  }
-  ~TemporaryFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(m_path, ignored);
-  }
-  const std::string& Path() const { return m_path; }
-
- private:
-  std::string m_path;
-};
-
 void VerifyBytesOn(Ombrelia::FakeJUnitPrinter& printer, const std::string& experiment,
                    const std::string& bytes, const std::vector<Ombrelia::StimAreaData>& areas,
                    const std::string& machine) {
-  const TemporaryFolder folder;
-  const std::string path = folder.Path() + "/" + experiment + " 1.txt";
+  const ScratchFolder folder;
+  const std::string path = folder / (experiment + " 1.txt");
   std::ofstream(path, std::ios::binary) << bytes;
   const wxString file = wxString::FromUTF8(path.c_str());
   auto& registry = Ombrelia::DataHookOutputTestingPlugin::PrivateImpl::m_static_verifiers();
@@ -250,7 +231,7 @@ std::string DataFile::Text() const {
 Lines DataFile::Verify(const std::string& machine) const {
   RecordingPrinter printer;
   VerifyOn(printer, machine);
-  return printer.lines;
+  return printer.m_lines;
 }
 
 void DataFile::VerifyOn(Ombrelia::FakeJUnitPrinter& printer, const std::string& machine) const {
@@ -263,7 +244,7 @@ Lines VerifyBytes(const std::string& experiment, const std::string& bytes,
                   const std::vector<Ombrelia::StimAreaData>& areas, const std::string& machine) {
   RecordingPrinter printer;
   VerifyBytesOn(printer, experiment, bytes, areas, machine);
-  return printer.lines;
+  return printer.m_lines;
 }
 
 }  // namespace Tests

@@ -32,6 +32,13 @@ inline std::string DurationUnavailable(const std::string& experiment) {
               "We cannot monitor run-time duration without having the Cum Time column available.");
 }
 
+inline std::string ExpansionUnavailable(const std::string& experiment) {
+  return Fail("__EXPANSION__TRACKING__UNAVAILABLE__" + experiment,
+              "Someting broke, there's no expansion time column.", experiment, 352,
+              "We cannot monitor run-time duration without having the expansion time column "
+              "available.");
+}
+
 inline std::string CannotBeRead(const std::string& experiment) {
   return Fail("open_and_parse_" + experiment + " 1", "this datafile was not open-able/parse-able",
               "CommonTestHelperLogic_GetReaderOrElseLogAnError", 49,

@@ -12,19 +12,19 @@ namespace Tests {
 class RecordingPrinter : public Ombrelia::FakeJUnitPrinter {
  public:
   void NewTestSuite(const wxString& suiteName) override {
-    lines.push_back("suite " + suiteName.ToStdString(wxConvUTF8));
+    m_lines.push_back("suite " + suiteName.ToStdString(wxConvUTF8));
   }
   void AddPassingTestResult(const wxString& testName) override {
-    lines.push_back("pass " + testName.ToStdString(wxConvUTF8));
+    m_lines.push_back("pass " + testName.ToStdString(wxConvUTF8));
   }
   void AddFailingTestResult(const wxString& testName, const wxString& subject,
                             const wxString& location, const wxString& message) override {
-    lines.push_back("FAIL " + testName.ToStdString(wxConvUTF8) + " | " +
-                    subject.ToStdString(wxConvUTF8) + " | " + location.ToStdString(wxConvUTF8) +
-                    " | " + message.ToStdString(wxConvUTF8));
+    m_lines.push_back("FAIL " + testName.ToStdString(wxConvUTF8) + " | " +
+                      subject.ToStdString(wxConvUTF8) + " | " + location.ToStdString(wxConvUTF8) +
+                      " | " + message.ToStdString(wxConvUTF8));
   }
 
-  std::vector<std::string> lines;
+  std::vector<std::string> m_lines;
 };
 
 }  // namespace Tests

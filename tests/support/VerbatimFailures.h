@@ -38,21 +38,29 @@ inline std::vector<std::string> Cells(const std::vector<CellRun>& runs) {
   return cells;
 }
 
-// The column is to hold these cells: the sample does, and a change of any one of them fails the
-// comparison with this cell as the expected one, and nothing else.
+// Expects that the file passes, and that a change of any one cell of the column fails the comparison
+// with this cell as the expected one, and nothing else.
 inline void ExpectEachCellIsCompared(const std::string& experiment, const std::string& column,
-                                     const std::vector<std::string>& cells) {
-  const DataFile sample = DataFile::Sample(experiment);
-  ASSERT_EQ(sample.Column(column), cells);
+                                     const DataFile& file) {
+  EXPECT_EQ(file.Failures(), Lines{});
+  const std::vector<std::string> cells = file.Column(column);
   for (std::size_t row = 0; row < cells.size(); ++row) {
-    EXPECT_EQ(DataFile(sample).Set(row, column, cells[row] + "x").Failures(),
+    EXPECT_EQ(DataFile(file).Set(row, column, cells[row] + "x").Failures(),
               Lines{CellDiffers(experiment, row, cells[row])});
   }
 }
 
-// The same with the sample's own cells, for a test into which they are not typed.
+// The same on the sample, for a test into which its cells are not typed.
 inline void ExpectEachCellIsCompared(const std::string& experiment, const std::string& column) {
-  ExpectEachCellIsCompared(experiment, column, DataFile::Sample(experiment).Column(column));
+  ExpectEachCellIsCompared(experiment, column, DataFile::Sample(experiment));
+}
+
+// The same on the sample, whose column must hold these cells.
+inline void ExpectEachCellIsCompared(const std::string& experiment, const std::string& column,
+                                     const std::vector<std::string>& cells) {
+  const DataFile sample = DataFile::Sample(experiment);
+  ASSERT_EQ(sample.Column(column), cells);
+  ExpectEachCellIsCompared(experiment, column, sample);
 }
 
 }  // namespace Tests

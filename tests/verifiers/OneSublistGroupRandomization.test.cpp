@@ -59,21 +59,13 @@ TEST(OneSublistGroupRandomization, ComparesTheRegularListFromTheFirstOfMarchOn) 
 
 TEST(OneSublistGroupRandomization, FailsOnEachWrongCell) {
   const TodayIs today(2016, 3, 1);
-  const DataFile sample = DataFile::Sample(EXPERIMENT);
-  ASSERT_EQ(sample.RowCount(), 4u);
-  for (std::size_t row = 0; row < sample.RowCount(); ++row) {
-    EXPECT_EQ(DataFile(sample).Set(row, "Event\nName", "e").Failures(),
-              Lines{CellDiffers(EXPERIMENT, row, sample.Cell(row, "Event\nName"))});
-  }
+  ASSERT_EQ(DataFile::Sample(EXPERIMENT).RowCount(), 4u);
+  ExpectEachCellIsCompared(EXPERIMENT, "Event\nName");
 }
 
 TEST(OneSublistGroupRandomization, FailsOnEachWrongCellOfTheTemporaryList) {
   const TodayIs today(2016, 2, 29);
-  const DataFile file = TemporaryFile();
-  for (std::size_t row = 0; row < file.RowCount(); ++row) {
-    EXPECT_EQ(DataFile(file).Set(row, "Event\nName", "e").Failures(),
-              Lines{CellDiffers(EXPERIMENT, row, file.Cell(row, "Event\nName"))});
-  }
+  ExpectEachCellIsCompared(EXPERIMENT, "Event\nName", TemporaryFile());
 }
 
 TEST(OneSublistGroupRandomization, FailsOnOneRowTooMany) {

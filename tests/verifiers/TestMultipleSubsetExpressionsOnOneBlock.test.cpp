@@ -194,26 +194,26 @@ TEST(TestMultipleSubsetExpressionsOnOneBlock, FailsWithoutEitherTag) {
 // Knows whether the result recorded last is the one before the search.
 class PrinterBeforeTheSearch : public Ombrelia::FakeJUnitPrinter {
  public:
-  void NewTestSuite(const wxString&) override { isNext = 0; }
+  void NewTestSuite(const wxString&) override { m_isNext = 0; }
   void AddPassingTestResult(const wxString& testName) override {
-    isNext = testName == wxT("Variety_of_Right_and_Left") ? 1 : 0;
+    m_isNext = testName == wxT("Variety_of_Right_and_Left") ? 1 : 0;
   }
   void AddFailingTestResult(const wxString&, const wxString&, const wxString&,
                             const wxString&) override {
-    isNext = 0;
+    m_isNext = 0;
   }
 
-  static volatile std::sig_atomic_t isNext;
+  static volatile std::sig_atomic_t m_isNext;
 };
 
-volatile std::sig_atomic_t PrinterBeforeTheSearch::isNext = 0;
+volatile std::sig_atomic_t PrinterBeforeTheSearch::m_isNext = 0;
 
 const int STILL_SEARCHING = 42;
 
 // Comes after each further 10 ms of work, however long they take on a busy machine.
 void EndAfterMuchSearching(int) {
   static int times = 0;
-  times = PrinterBeforeTheSearch::isNext ? times + 1 : 0;
+  times = PrinterBeforeTheSearch::m_isNext ? times + 1 : 0;
   if (times == 20) _exit(STILL_SEARCHING);
 }
 

@@ -43,13 +43,7 @@ TEST(TestTrialVariableLevelsCase_1618, PassesItsSample) {
 }
 
 TEST(TestTrialVariableLevelsCase_1618, HoldsEachCellOfTheCode) {
-  const DataFile sample = DataFile::Sample(EXPERIMENT);
-  ASSERT_EQ(sample.RowCount(), 10U);
-  for (std::size_t row = 0; row < sample.RowCount(); ++row) {
-    DataFile file = sample;
-    EXPECT_EQ(file.Set(row, "Presented", "yes").Failures(),
-              Lines{CellDiffers(EXPERIMENT, row, "")});
-  }
+  ExpectEachCellIsCompared(EXPERIMENT, "Presented", Cells({{10, ""}}));
   EXPECT_EQ(DataFile::Sample(EXPERIMENT).RemoveColumn("Presented").Failures(),
             Lines{CellDiffers(EXPERIMENT, 0, "")});
 }

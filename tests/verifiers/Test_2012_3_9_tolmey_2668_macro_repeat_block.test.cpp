@@ -15,12 +15,13 @@ TEST(Test_2012_3_9_tolmey_2668_macro_repeat_block, WantsEvent1ThreeTimes) {
 }
 
 TEST(Test_2012_3_9_tolmey_2668_macro_repeat_block, FailsOnAFourthRowThatIsAnotherEvent) {
-  EXPECT_EQ(DataFile::Sample("2012_3_9_tolmey_2668_macro_repeat_block.om4")
-                .RepeatLastRow()
-                .Set(1, "Event\nName", "event 2")
-                .Failures()
-                .size(),
-            1U);
+  const char* const experiment = "2012_3_9_tolmey_2668_macro_repeat_block.om4";
+  EXPECT_EQ(
+      DataFile::Sample(experiment).RepeatLastRow().Set(1, "Event\nName", "event 2").Failures(),
+      Lines{Fail("Repeat_block_functions_as_expected", "Something bad happened instead.",
+                 experiment, 59,
+                 "We expected to see event 1 three times as that's what the macro is set up "
+                 "to do.")});
 }
 
 }  // namespace

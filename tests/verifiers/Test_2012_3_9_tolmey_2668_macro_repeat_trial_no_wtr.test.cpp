@@ -15,13 +15,16 @@ TEST(Test_2012_3_9_tolmey_2668_macro_repeat_trial_no_wtr, WantsEvent1AndThenEven
               {3200, 3250}});
 }
 
-// Three repeats of the event do not do if the first of them stands in row 0.
+// Three repeats are not enough if the first is in row 0.
 TEST(Test_2012_3_9_tolmey_2668_macro_repeat_trial_no_wtr, FailsWhenItStartsWithTheRepeatedEvent) {
-  EXPECT_EQ(DataFile::Sample("2012_3_9_tolmey_2668_macro_repeat_trial_no_wtr.om4")
+  const char* const experiment = "2012_3_9_tolmey_2668_macro_repeat_trial_no_wtr.om4";
+  EXPECT_EQ(DataFile::Sample(experiment)
                 .SetColumn("Event\nName", {"event 2", "event 2", "event 2", "event 1"})
-                .Failures()
-                .size(),
-            1U);
+                .Failures(),
+            Lines{Fail("Repeat_trial_functions_as_expected", "Something bad happened instead.",
+                       experiment, 63,
+                       "We expected to see event 1 once and then event 2 repeated three times as "
+                       "that's what the macro is set up to do.")});
 }
 
 }  // namespace

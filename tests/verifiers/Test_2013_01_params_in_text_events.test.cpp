@@ -67,7 +67,7 @@ TEST(Test_2013_01_params_in_text_events, FailsOnAnotherProportion) {
 TEST(Test_2013_01_params_in_text_events, FailsOnAWrongNumberOfRows) {
   EXPECT_EQ(Sample().RepeatLastRow().Failures(), Lines{CheckFailed(57)});
   EXPECT_EQ(Sample().KeepRows(55).SetDuration("16687").Failures(), Lines{CheckFailed(55)});
-  // Also where the three kinds are complete, and where the rows are.
+  // Also with the right count of each kind, and with the right number of rows.
   EXPECT_EQ(Sample().RepeatRow(0).Set(0, TRIAL, "other").Failures(), Lines{CheckFailed(57)});
   EXPECT_EQ(Sample().RemoveRow(0).RepeatRow(20).Failures(), Lines{CheckFailed(56)});
 }

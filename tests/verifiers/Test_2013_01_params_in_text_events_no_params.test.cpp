@@ -66,7 +66,7 @@ TEST(Test_2013_01_params_in_text_events_no_params, FailsOnAnotherProportion) {
 TEST(Test_2013_01_params_in_text_events_no_params, FailsOnAWrongNumberOfRows) {
   EXPECT_EQ(Sample().RepeatLastRow().Failures(), Lines{CHECK_FAILED});
   EXPECT_EQ(Sample().KeepRows(55).SetDuration("16575").Failures(), Lines{CHECK_FAILED});
-  // Also where the three kinds are complete, and where the rows are.
+  // Also with the right count of each kind, and with the right number of rows.
   EXPECT_EQ(Sample().RepeatRow(0).Set(0, TRIAL, "other").Failures(), Lines{CHECK_FAILED});
   EXPECT_EQ(Sample().RemoveRow(0).RepeatRow(20).Failures(), Lines{CHECK_FAILED});
 }

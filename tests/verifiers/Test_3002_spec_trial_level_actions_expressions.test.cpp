@@ -1,7 +1,12 @@
 #include <gtest/gtest.h>
 
+#include "tests/support/ChecksOnTable.h"
 #include "tests/support/DataFile.h"
 #include "tests/support/FrameFailures.h"
+
+namespace Ombrelia {
+class Test_3002_spec_trial_level_actions_expressions;
+}
 
 namespace Tests {
 namespace {
@@ -32,6 +37,12 @@ TEST(Test_3002_spec_trial_level_actions_expressions, FailsOnceWithFiveMatchesOfS
               Lines{CHECK_FAILED})
         << row;
   }
+}
+
+TEST(Test_3002_spec_trial_level_actions_expressions, ReadsAllSixColors) {
+  EXPECT_EQ(CellsReadByChecksOn<Ombrelia::Test_3002_spec_trial_level_actions_expressions>(
+                DataFile::Sample(EXPERIMENT).Set(0, COLUMN, "black"), EXPERIMENT, COLUMN),
+            6U);
 }
 
 TEST(Test_3002_spec_trial_level_actions_expressions, FailsOnTheRightColorsInAnotherOrder) {

@@ -58,24 +58,14 @@ TEST(TwoSublistsSynchronization, ComparesTheRegularListFromTheFirstOfMarchOn) {
 
 TEST(TwoSublistsSynchronization, FailsOnEachWrongCell) {
   const TodayIs today(2016, 3, 1);
-  const DataFile sample = DataFile::Sample(EXPERIMENT);
-  ASSERT_EQ(sample.RowCount(), 5u);
-  for (const char* const column : {"Event\nName", "color"}) {
-    for (std::size_t row = 0; row < sample.RowCount(); ++row) {
-      EXPECT_EQ(DataFile(sample).Set(row, column, "x").Failures(),
-                Lines{CellDiffers(EXPERIMENT, row, sample.Cell(row, column))})
-          << column;
-    }
-  }
+  ASSERT_EQ(DataFile::Sample(EXPERIMENT).RowCount(), 5u);
+  ExpectEachCellIsCompared(EXPERIMENT, "Event\nName");
+  ExpectEachCellIsCompared(EXPERIMENT, "color");
 }
 
 TEST(TwoSublistsSynchronization, FailsOnEachWrongCellOfTheTemporaryList) {
   const TodayIs today(2016, 2, 29);
-  const DataFile file = TemporaryFile();
-  for (std::size_t row = 0; row < file.RowCount(); ++row) {
-    EXPECT_EQ(DataFile(file).Set(row, "Event\nName", "x").Failures(),
-              Lines{CellDiffers(EXPERIMENT, row, file.Cell(row, "Event\nName"))});
-  }
+  ExpectEachCellIsCompared(EXPERIMENT, "Event\nName", TemporaryFile());
 }
 
 TEST(TwoSublistsSynchronization, ComparesTheTagsInBothCasesAndAfterTheEvents) {
