@@ -227,7 +227,7 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
   std::deque<MUColumnNamePlusProperties*> m_columns;  // in display order; owned
   MURowStore m_rows;                                  // the rows are owned
   mutable std::list<MUCachingKeySelectedData> m_redFlagDependentKeys;
-  unsigned long m_nextRowKey = 0;
+  unsigned long m_nextRowKey = 0;  // m_rows takes memory for all keys below it
   bool m_insertNewColumnsInPlace = true;
   bool m_notificationPending = false;
   mutable std::list<MUInterfaceExperimentDataObserver*> m_observers;  // not owned
