@@ -47,15 +47,6 @@ class MUColumnReader {
     block.PrefetchCell(line, m_position);
   }
 
-  // True, with the cell's position in the row's line, if the row is a mere view of its file's block and the cell is
-  // not a hidden one. Otherwise false, and only the row's maps know the cell.
-  bool FindPosition(const MUSingleRowDataPlusRowProperties& row, std::size_t& position) {
-    if (row.Block() == nullptr || row.HasOverlay()) return false;
-    if (row.Block() != m_block) LookUpIn(*row.Block());
-    position = m_position;
-    return m_hiddenText == nullptr;
-  }
-
   // A view of the text, valid as long as that is neither changed nor deleted.
   static MUCellText ViewOf(const wxString& text) { return {text.wc_str(), text.length()}; }
 

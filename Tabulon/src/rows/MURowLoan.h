@@ -5,6 +5,7 @@
 #include <wx/string.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <tuple>
 #include <vector>
@@ -30,8 +31,8 @@ class MURowLoan {
   void Forget() { *this = MURowLoan(); }
 
  private:
-  using Numbers =
-      std::tuple<std::uint32_t, unsigned long, unsigned long, unsigned long, unsigned long, double>;
+  using Numbers = std::tuple<std::uint32_t, unsigned long, unsigned long, unsigned long,
+                             unsigned long, std::uint64_t>;
   // An entry of the map of cells, and the column that it stands for.
   struct Entry {
     wxString* text;
