@@ -21,7 +21,7 @@ MURowStore::MURowStore(MURowStore&& other) noexcept
       m_size(std::exchange(other.m_size, 0)),
       m_version(VersionThatNoStoreHad()),
       m_runs(std::move(other.m_runs)),
-      m_runsStand(std::exchange(other.m_runsStand, true)) {
+      m_runsStand(other.m_runsStand) {
   other.m_version = VersionThatNoStoreHad();
 }
 

@@ -3,8 +3,8 @@
 // Effect: everything that changes the table changes records and sets a bit; the lists by which queries by
 // index answer are rebuilt once, by the notification. Without a viewer that happens inside
 // AddExperimentOcurrence_SimulateIdleLoop_UsedWhenNoTabulonWindowIsShown, with one inside OnIdle.
-// Cost: a notification walks over all rows, and sorts them if a sort column is set. An object of this very
-// class, which nobody hooks, appends the rows that arrived where nothing else can have happened to rows.
+// Cost: a notification walks over all rows, and sorts them if a sort column is set. An object of this class
+// itself, not a derived one, appends arrived rows if no other row can have changed.
 // Lifetime: rows, columns and results by pointer belong to the table; observers, printer and error handler are
 // borrowed and must outlive it.
 // Threads: one, that of the event loop; no lock. Const operations write caches.

@@ -30,8 +30,7 @@ class MULoadOrder {
  public:
   using Row = MUSingleRowDataPlusRowProperties;
 
-  // A record that is lent for the length of a call. Its holder may write to it until the end of the call, also after
-  // a Write inside of it; nested calls count each for itself.
+  // Lends a record for one call, which may write to it before and after a Write inside of the call. Calls may nest.
   class CallLoan {
    public:
     explicit CallLoan(MULoadOrder& order) : m_order(order) { ++m_order.m_recordsInCalls; }
