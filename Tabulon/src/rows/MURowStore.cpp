@@ -8,7 +8,7 @@
 
 namespace {
 
-// Versions of one store lie side by side, so the high half of the bits is enough to tell stores apart.
+// A store counts its changes in the low half of the bits; the high half is given out once.
 unsigned long VersionThatNoStoreHad() {
   static std::atomic<unsigned long> versionsGiven{0};
   return ++versionsGiven << std::numeric_limits<unsigned long>::digits / 2;

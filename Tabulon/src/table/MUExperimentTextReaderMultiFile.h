@@ -188,7 +188,7 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
   // Takes the reader's columns over.
   virtual void MergeNewHeadingsWithOldHeadings(MUInterfaceExperimentDataFileInputReader* reader,
                                                const wxString& fullName);  // Loading
-  // Takes the reader's rows over.
+  // Takes the reader's rows over. A row whose key is taken replaces the old one, which is deleted.
   virtual void ExtractAll(MUInterfaceExperimentDataFileInputReader* reader);  // Loading
   virtual void EraseCachesOfQueries();                                        // Queries
   // Rebuild the lists of row keys, in load order or sorted.
