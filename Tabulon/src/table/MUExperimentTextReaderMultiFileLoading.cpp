@@ -17,6 +17,8 @@
 
 namespace {
 
+using Row = MUSingleRowDataPlusRowProperties;
+
 wxString MillisecondsText(unsigned long milliseconds) {
   return wxString::Format(wxGetTranslation(wxT(" %u milliseconds.")),
                           static_cast<unsigned>(milliseconds));
@@ -63,10 +65,19 @@ bool MUExperimentTextReaderMultiFile::AddExperimentOcurrence_private(const wxFil
 void MUExperimentTextReaderMultiFile::ExtractAll(MUInterfaceExperimentDataFileInputReader* reader) {
   const wxUint32 count = reader->GetDataRowCount();
   reader->GoToDataRow(0);
+  // Keys may have started over while rows were there.
+  if (!m_allRowKeys.empty() && m_nextRowKey <= m_allRowKeys.back()) m_loadOrder.Forget();
+  const bool readerMayKeepRows = !MUDataFileInputReaderFactory::MakesReadersLike(*reader);
   for (wxUint32 i = 0; i < count; ++i) {
-    MUSingleRowDataPlusRowProperties* row = reader->CreateAndReturnCurrentRowObject(true);
+    std::unique_ptr<Row> row(reader->CreateAndReturnCurrentRowObject(true));
     if (row == nullptr) break;
-    m_rows.insert(m_nextRowKey, row);
+    if (readerMayKeepRows) m_loadOrder.Lend(m_nextRowKey);
+    if (!m_rows.insert(m_nextRowKey, row.get())) {
+      const std::unique_ptr<Row> replaced(m_rows.find(m_nextRowKey));
+      m_rows.erase(m_nextRowKey);
+      m_rows.insert(m_nextRowKey, row.get());
+    }
+    row.release();
     ++m_nextRowKey;
   }
 }
