@@ -33,9 +33,9 @@ FakeJUnitPrinter* DataHookOutputTestingPlugin::PrivateImpl::GetTestResultPrinter
 
 void DataHookOutputTestingPlugin::PrivateImpl::ReleasePrinter() { m_printer.reset(); }
 
-template <class Operation>
+template <typename OPERATION>
 void DataHookOutputTestingPlugin::PrivateImpl::CallWithoutThrowing(const wxChar* name,
-                                                                   Operation operation) noexcept {
+                                                                   OPERATION operation) noexcept {
   try {
     operation();
   } catch (const std::exception& exception) {

@@ -30,8 +30,8 @@ class DataHookOutputTestingPlugin::PrivateImpl {
 
   // Calls operation. If it throws, for want of memory or out of a library, a failing test of the suite
   // that is open says so; if not even that can be recorded, nothing does. name: the host's operation.
-  template <class Operation>
-  void CallWithoutThrowing(const wxChar* name, Operation operation) noexcept;
+  template <typename OPERATION>
+  void CallWithoutThrowing(const wxChar* name, OPERATION operation) noexcept;
 
  private:
   void RecordException(const wxChar* operation, const char* what) noexcept;

@@ -21,7 +21,7 @@ bool failed = false;
 
 }  // namespace
 
-// What wx and the table held when an allocation failed may be lost, and is no matter here.
+// Leaks of wx and of the table after a failed allocation are not tested here.
 extern "C" __attribute__((visibility("default"))) int __lsan_is_turned_off() { return 1; }
 
 void* operator new(std::size_t size) {
@@ -55,8 +55,8 @@ using Ombrelia::DataHookOutputTestingPlugin;
 
 // Calls operation with this allocation failing, alone or with all later ones. failed says whether the
 // operation came so far.
-template <class Operation>
-void FailAllocation(long number, bool allLater, Operation operation) {
+template <typename OPERATION>
+void FailAllocation(long number, bool allLater, OPERATION operation) {
   failed = false;
   allLaterOnesFail = allLater;
   failingAllocation = number;
@@ -66,8 +66,8 @@ void FailAllocation(long number, bool allLater, Operation operation) {
 
 // Calls operation again and again, each time with the next allocation failing, until one call needs no
 // allocation more. Returns how many calls there were before that one.
-template <class Operation>
-long FailEachAllocationOf(bool allLater, Operation operation) {
+template <typename OPERATION>
+long FailEachAllocationOf(bool allLater, OPERATION operation) {
   for (long number = 0;; ++number) {
     FailAllocation(number, allLater, operation);
     if (!failed) return number;
