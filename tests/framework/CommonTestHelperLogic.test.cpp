@@ -95,7 +95,7 @@ TEST(ColumnContentsDeathTest, AbortOnANullReader) {
   testing::FLAGS_gtest_death_test_style = "threadsafe";
   EXPECT_DEATH(CommonTestHelperLogic::ColumnContentsMatchGivenVectorUpTilVectorLength(
                    boost::shared_ptr<MUExperimentTextReaderMultiFile>(), wxT("x"), {}, nullptr),
-               "");
+               "px != 0");
 }
 
 TEST(Reader, IsReturnedForAGoodFileWithoutAnyResult) {
