@@ -6,7 +6,7 @@ set(OMBRELIA_INSTALLED_DATA "share/ombrelia-data-hook")
 set(OMBRELIA_INSTALLED_SAMPLES "${OMBRELIA_INSTALLED_DATA}/samples")
 set(OMBRELIA_INSTALLED_DOCUMENTS "share/doc/ombrelia-data-hook")
 
-# Of the host's real library, its own folder is known to what is linked with it.
+# Targets linked with the host's own library find it in the folder it was linked from.
 set(CMAKE_INSTALL_RPATH_USE_LINK_PATH ON)
 
 # ombrelia_install_rpath(TARGET FOLDER...): the program or library finds its libraries in these folders, relative

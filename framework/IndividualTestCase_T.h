@@ -7,6 +7,7 @@
 #include <boost/shared_ptr.hpp>
 #include <vector>
 
+#include "Tabulon/src/machine/MUMachine.h"
 #include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
 #include "framework/CheckReport.h"
 #include "framework/CommonTestHelperLogic.h"
@@ -141,9 +142,11 @@ class IndividualTestCase_T : public Interface_SpecificIndividualTestVerifier {
   wxString m_name;
 };
 
-// Constant-initialised to null, before any static initialiser runs.
+// Null from the start of the program. An initialiser of this variable would run in no fixed order, and could
+// come after the one that makes the instance.
 template <typename X, bool EXPECT_EMPTY_DATAFILE>
-boost::shared_ptr<X> IndividualTestCase_T<X, EXPECT_EMPTY_DATAFILE>::m_singletonVerifier;
+MU_CONSTANT_INITIALIZED boost::shared_ptr<X>
+    IndividualTestCase_T<X, EXPECT_EMPTY_DATAFILE>::m_singletonVerifier;
 
 }  // namespace Ombrelia
 

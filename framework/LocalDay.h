@@ -6,8 +6,8 @@
 
 namespace Ombrelia {
 
-// The date in the local time zone, read from the clock at every call. The source of this function is
-// linked into the shared library alone: test programs put another in its place.
+// The date in the local time zone, read from the clock at every call. Tests link another source of
+// this function, except test_this_machine.
 boost::gregorian::date TodaysLocalDate();
 
 }  // namespace Ombrelia

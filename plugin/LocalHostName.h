@@ -6,8 +6,8 @@
 
 namespace Halvex {
 
-// This host's name, read from the system at every call; empty if the system gives none. The source of
-// this function is linked into the shared library alone: test programs put another in its place.
+// This host's name, read from the system at every call; empty if the system gives none. Tests
+// link another source of this function, except test_this_machine.
 wxString LocalHostName();
 
 }  // namespace Halvex

@@ -81,6 +81,11 @@ std::unique_ptr<wxLogNull> SilenceUnless(bool unattended) {
 
 }  // namespace
 
+int TimeOfTests(std::uint32_t tests, int perTestTime) {
+  // Unsigned, so that it wraps round and is no overflow.
+  return static_cast<int>(tests * static_cast<std::uint32_t>(perTestTime));
+}
+
 ConcreteFakeJUnitPrinter::ConcreteFakeJUnitPrinter(const wxString& fileBaseName,
                                                    const wxString& subDirectory,
                                                    bool renameUnconditionally)
@@ -218,11 +223,6 @@ void ConcreteFakeJUnitPrinter::AppendStart(std::string& text, const wxString& te
   text.append("\" status=\"run\" time=\"").append(std::to_string(m_perTestTime));
 }
 
-int ConcreteFakeJUnitPrinter::TimeOf(std::uint32_t tests) const {
-  // Unsigned, so that a report of millions of tests wraps around and is no overflow.
-  return static_cast<int>(tests * static_cast<std::uint32_t>(m_perTestTime));
-}
-
 void ConcreteFakeJUnitPrinter::CloseTheCurrentSuite() {
   Entry head(m_reportPieces[m_headOfOpenSuite]);
   AppendHeadOfTheOpenSuite(head.Text());
@@ -257,7 +257,8 @@ void ConcreteFakeJUnitPrinter::FinalizeTheTotalContentOfOurArray() {
 
 std::string ConcreteFakeJUnitPrinter::Counts(std::uint32_t tests, std::uint32_t failures) const {
   return " tests=\"" + std::to_string(tests) + "\" failures=\"" + std::to_string(failures) +
-         "\" disabled=\"0\" errors=\"0\" time=\"" + std::to_string(TimeOf(tests)) + "\"";
+         "\" disabled=\"0\" errors=\"0\" time=\"" +
+         std::to_string(TimeOfTests(tests, m_perTestTime)) + "\"";
 }
 
 void ConcreteFakeJUnitPrinter::AppendHeadOfTheOpenSuite(std::string& text) const {

@@ -15,6 +15,10 @@ class wxTempFile;
 
 namespace Ombrelia {
 
+// The time of a suite or of the whole report, from its number of tests and the time of each. A product beyond int wraps
+// round.
+int TimeOfTests(std::uint32_t tests, int perTestTime);
+
 // The writer uses these files, all below the working directory in "./scons-out/opt/tests/" + subDirectory:
 //   special_flag_file_<pid>.dat   written at construction: a process of this run has started
 //   <fileBaseName>.xml            placed there in advance, to be found as the report of a process that
@@ -56,7 +60,6 @@ class ConcreteFakeJUnitPrinter : public FakeJUnitPrinter {
   void AppendHeadOfTheOpenSuite(std::string& text) const;
   // The attributes of a suite, or of the whole report, that count.
   std::string Counts(std::uint32_t tests, std::uint32_t failures) const;
-  int TimeOf(std::uint32_t tests) const;
   void CloseTheCurrentSuite();
   void FlushFileAndSaveToFinalDestination();
   bool PrintArrayIntoFile(wxTempFile* file);  // false if the file did not take all

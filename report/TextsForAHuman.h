@@ -2,6 +2,7 @@
 //
 // The writer must compose them, with these words, and show them nowhere: neither in a dialog nor in the
 // log nor in the report. A build that serves a human has one place to take them from.
+// Tests compare the words. No test can see whether the writer composes them, since it drops them.
 #ifndef OMBRELIA_REPORT_TEXTSFORAHUMAN_H
 #define OMBRELIA_REPORT_TEXTSFORAHUMAN_H
 

@@ -6,8 +6,8 @@
 
 namespace OmbreliaHost {
 
-// Shows it and writes the files that were asked for; a line that is none is skipped with a word on standard error.
-// NoFailingTest, whatever the history tells. Ends the run (WrongUse) if the file cannot be read or no experiment
+// Shows it and writes the files that were asked for. Malformed lines are skipped and named on standard error.
+// Returns NoFailingTest, whatever the history tells. Ends the run (WrongUse) if the file cannot be read or no experiment
 // matches.
 ExitStatus RunHistoryCommand(const HistoryArguments& arguments);
 

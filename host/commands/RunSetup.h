@@ -24,8 +24,8 @@ std::string UtcNow();
 // The second verification of a data file, in a child process.
 DatafileResult VerifyAgain(const Datafile& datafile, std::optional<MachineKind> machine);
 
-// Is a good data file of the experiment verified a second time, too? A page and a history want the bounds and the
-// rows of all; whoever keeps results asks for the rows that a probability goes by.
+// Is a good data file of the experiment verified a second time, too? A page and a history need bounds and
+// rows of all; stored results need the rows on which a probability depends.
 bool AsksForAll(const OutputArguments& output, const std::string& experiment);
 
 // The version of the project, and the library that was built of it.

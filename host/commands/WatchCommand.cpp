@@ -31,9 +31,9 @@ namespace {
 
 // Seconds between two looks at the folder when the system tells of nothing.
 constexpr double BETWEEN_LOOKS = 1;
-// And when something arrived that is not complete.
+// Seconds between two looks while an incomplete file is there.
 constexpr double BETWEEN_LOOKS_AT_ARRIVALS = 0.2;
-// What happens in a burst is looked at together.
+// Changes within this many seconds are handled together.
 constexpr double BURST = 0.05;
 
 fs::path FolderOf(const WatchArguments& arguments) {
@@ -44,7 +44,7 @@ fs::path FolderOf(const WatchArguments& arguments) {
   return folder;
 }
 
-// Of a further process of the plug-in only what is not as it should be is shown.
+// For later plug-in processes only failures are shown.
 class VerdictsOfABatch : public VerdictsOnTheScreen {
  public:
   VerdictsOfABatch(TerminalPrinter& printer, bool isFirst)
@@ -202,7 +202,7 @@ void Watch::Keep(const RunResults& batch) {
   for (const DatafileResult& datafile : batch.datafiles) Keep(datafile);
 }
 
-// Of a data file that came again, the last verdict counts.
+// If a data file arrives again, its last verdict counts.
 void Watch::Keep(const DatafileResult& datafile) {
   const auto [place, isNew] = m_places.emplace(datafile.path, m_results.datafiles.size());
   if (isNew) m_results.datafiles.emplace_back();

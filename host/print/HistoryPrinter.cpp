@@ -12,8 +12,8 @@ namespace {
 
 constexpr std::size_t WIDTH = 60;  // of a line of marks, one for each of the last runs
 
-template <typename Value>
-std::vector<Value> LastOf(const std::vector<Value>& values) {
+template <typename VALUE>
+std::vector<VALUE> LastOf(const std::vector<VALUE>& values) {
   return {values.end() - static_cast<std::ptrdiff_t>(std::min(values.size(), WIDTH)), values.end()};
 }
 

@@ -315,7 +315,7 @@ class PageMaker {
     return text;
   }
 
-  // Of the run: the plug-in's own failures count, too.
+  // The run's failures include the plug-in's own.
   Outcome OutcomeOfAll() const {
     if (ExitStatusOf(m_results, true) != ExitStatus::NoFailingTest) return Outcome::Failed;
     return ExitStatusOf(m_results, false) != ExitStatus::NoFailingTest ? Outcome::Tolerated

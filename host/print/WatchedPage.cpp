@@ -20,7 +20,7 @@ namespace {
 
 const std::string EXPANSION_TIME = "Expansion Time(ms)";
 
-// So many of so many, and so many more in part.
+// How many of how many changes were noticed, and how many more in part.
 struct Part {
   std::size_t noticed = 0;
   std::size_t inPart = 0;

@@ -25,8 +25,8 @@ bool IsInBand(long blue, long rows) {
 }
 
 // The first from begin to end that the condition holds for, which holds for all behind it.
-template <typename Condition>
-long FirstThat(long begin, long end, Condition holds) {
+template <typename CONDITION>
+long FirstThat(long begin, long end, CONDITION holds) {
   while (begin < end) {
     const long middle = begin + (end - begin) / 2;
     if (holds(middle)) {
@@ -54,7 +54,7 @@ std::string Rounded(double number) {
   return digits;
 }
 
-// How often chance brings what has this tail in so long a time.
+// How often chance brings a result with this tail in histories of the given span.
 std::string HowOften(double tail, double spanSeconds) {
   constexpr double MOST = 1e6;
   if (spanSeconds <= 0) {

@@ -50,11 +50,11 @@ struct ChanceCount {
   std::string words;  // "2 in 400, chance allows it"
 };
 
-// spanSeconds: from the first trial to the last. Where so many failures need a look, the words tell how often as
-// long a time brings them.
+// spanSeconds: from the first trial to the last. For LookAtIt the words say how often
+// chance brings this result in histories of such a span.
 ChanceCount CountAgainstChance(const std::vector<ChanceTrial>& trials, double spanSeconds);
 
-// The probability that at least so many of the trials fail by chance.
+// The probability that at least `failures` trials fail by chance.
 double TailOf(const std::vector<double>& probabilities, std::size_t failures);
 
 // A test that fails less often is looked at after one failure.

@@ -327,7 +327,7 @@ Evidence EvidenceReduction::LastReads(std::size_t index, std::size_t mostCells) 
       addReadsOf(checks[before]);
     }
   } else {
-    // It goes by what was read for the checks before it, if these had nothing to compare that with.
+    // Use the cells read for earlier checks that compared nothing.
     for (std::size_t before = index; before-- > 0 && cells.size() <= mostCells;) {
       if (checks[before].comparisons.empty()) addReadsOf(checks[before]);
     }

@@ -96,8 +96,8 @@ json ArrayOf(const json& object, const char* name) {
   return array;
 }
 
-template <typename Value>
-void Put(json& object, const char* name, const Value& value) {
+template <typename VALUE>
+void Put(json& object, const char* name, const VALUE& value) {
   if (!value.empty()) object[name] = value;
 }
 

@@ -21,7 +21,7 @@ struct ExperimentHistory {
     Outcome outcome = Outcome::Passed;  // the worst
     std::vector<std::string> failed;    // tests, each once
   };
-  // Runs one after the other that failed; a tolerated failure is none.
+  // Failed runs in a row; tolerated failures do not count.
   struct Break {
     std::string from;                   // the time of the first one
     std::vector<std::string> tests;     // what failed in it
@@ -48,7 +48,7 @@ struct ExperimentHistory {
   };
   struct Chances {
     ChanceFailure chance;
-    double probability = 0;  // by the rows of the last data file, where it goes by them
+    double probability = 0;  // computed from the last data file's rows if it depends on them
     ChanceCount count;
   };
 
@@ -56,7 +56,7 @@ struct ExperimentHistory {
   State state = State::Good;
   std::vector<Run> runs;      // in the order of their times
   std::vector<Break> breaks;  // the last one is that of a broken experiment
-  // Of the kind of machine that the last run was on, for each has bounds of its own.
+  // Only runs on the last run's kind of machine, because bounds differ by kind.
   MachineKind machine = MachineKind::Ordinary;
   Series duration;
   Series expansion;

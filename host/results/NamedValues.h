@@ -8,26 +8,26 @@
 
 namespace OmbreliaHost {
 
-template <typename Value>
+template <typename VALUE>
 struct NamedValue {
-  Value value;
+  VALUE value;
   const char* name;
 };
 
 // Every value must have a name.
-template <typename Value>
-std::string NameIn(const std::vector<NamedValue<Value>>& names, Value value) {
-  for (const NamedValue<Value>& named : names) {
+template <typename VALUE>
+std::string NameIn(const std::vector<NamedValue<VALUE>>& names, VALUE value) {
+  for (const NamedValue<VALUE>& named : names) {
     if (named.value == value) return named.name;
   }
   throw std::logic_error("a value without a name");
 }
 
 // what: what the values are, for the words of std::invalid_argument.
-template <typename Value>
-Value ValueIn(const std::vector<NamedValue<Value>>& names, const std::string& name,
+template <typename VALUE>
+VALUE ValueIn(const std::vector<NamedValue<VALUE>>& names, const std::string& name,
               const char* what) {
-  for (const NamedValue<Value>& named : names) {
+  for (const NamedValue<VALUE>& named : names) {
     if (named.name == name) return named.value;
   }
   throw std::invalid_argument("\"" + name + "\" is no " + what);

@@ -47,7 +47,7 @@ void Search::Folder(const fs::path& folder) {
   std::vector<fs::path> folders;
   for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
        entry.increment(error)) {
-    std::error_code ignored;  // a file that goes meanwhile is none
+    std::error_code ignored;  // a file removed meanwhile is skipped
     if (fs::is_directory(entry->symlink_status(ignored))) {
       folders.push_back(entry->path());
     } else if (fs::is_regular_file(entry->status(ignored))) {

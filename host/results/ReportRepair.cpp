@@ -210,8 +210,8 @@ void Repair::TakeHead() {
   }
 }
 
-// A line of the frame, which holds no text of a data file. It must end. Of the start of a suite that is damaged, its name
-// remains, as far as it can be told.
+// A line of the frame, which holds no text of a data file. It must end. For a damaged suite start tag,
+// the suite's name is kept if it can be recovered.
 void Repair::TakeLine() {
   const std::size_t end = m_report.find(">\n", m_at) + 2;
   const std::string line = m_report.substr(m_at, end - m_at);
@@ -332,7 +332,7 @@ void Repair::FollowKnownTests(const Entry& entry) {
   if (entry.name.compare(0, ASSERTION_FAILURE.size(), ASSERTION_FAILURE) != 0) ++m_known;
 }
 
-// Nothing is left of some tests before the one that stands here. False if there is none such.
+// Skips tests of which nothing is left before the current entry. False if there is none.
 bool Repair::PassOverMissingTests() {
   constexpr int MOST_IN_A_ROW = 1000;
   if (!StandsAt(m_at, ENTRY)) return false;

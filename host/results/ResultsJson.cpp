@@ -39,8 +39,8 @@ const std::vector<NamedValue<ToleranceBudget::State>>& ToleranceStates() {
 
 // Members that may be absent.
 
-template <typename Value>
-void Put(json& object, const char* name, const std::optional<Value>& value) {
+template <typename VALUE>
+void Put(json& object, const char* name, const std::optional<VALUE>& value) {
   if (value) object[name] = *value;
 }
 
@@ -52,13 +52,13 @@ void Put(json& object, const char* name, const std::vector<std::string>& texts) 
   if (!texts.empty()) object[name] = texts;
 }
 
-template <typename Value>
-void Get(const json& object, const char* name, std::optional<Value>& value) {
-  if (object.contains(name)) value = object.at(name).get<Value>();
+template <typename VALUE>
+void Get(const json& object, const char* name, std::optional<VALUE>& value) {
+  if (object.contains(name)) value = object.at(name).get<VALUE>();
 }
 
-template <typename Value>
-void Get(const json& object, const char* name, Value& value) {
+template <typename VALUE>
+void Get(const json& object, const char* name, VALUE& value) {
   if (object.contains(name)) object.at(name).get_to(value);
 }
 
@@ -81,10 +81,10 @@ json ToJson(const EvidenceCell& cell) {
   return object;
 }
 
-template <typename Value>
-json ToArray(const std::vector<Value>& values) {
+template <typename VALUE>
+json ToArray(const std::vector<VALUE>& values) {
   json array = json::array();
-  for (const Value& value : values) array.push_back(ToJson(value));
+  for (const VALUE& value : values) array.push_back(ToJson(value));
   return array;
 }
 

@@ -24,7 +24,7 @@ std::string ShortNumber(double number) {
   return text.data();
 }
 
-// What of one run's data files counts: the same bytes once, by their latest verdict.
+// One run's trials. Data files of identical bytes count once, with the latest verdict.
 struct RunTrials {
   std::vector<double> probabilities;  // of the tests whose failure is tolerated
   bool repeats = false;               // is there a test with more than one?

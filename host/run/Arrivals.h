@@ -32,7 +32,7 @@ class Arrivals {
   std::vector<std::string> Take(double now);
   // Whether one that was taken is as it was then.
   bool IsAsTaken(const std::string& name) const;
-  // It is not taken any more; unless it has vanished, it is waited for anew.
+  // Marks it as not taken. Unless it has vanished, the next change of it is awaited.
   void PutBack(const std::string& name, double now);
 
   // The names of those that are not taken, in name order.

@@ -2,7 +2,6 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <cstddef>
 #include <functional>
@@ -22,10 +21,10 @@ const std::map<std::string, MachineKind> MACHINES = {{"ordinary", MachineKind::O
                                                      {"large", MachineKind::Large}};
 
 // The option takes one of the words.
-template <typename Value>
+template <typename VALUE>
 CLI::Option* AddChoice(CLI::App& app, const std::string& name,
-                       const std::map<std::string, Value>& words,
-                       const std::function<void(Value)>& take, const std::string& help) {
+                       const std::map<std::string, VALUE>& words,
+                       const std::function<void(VALUE)>& take, const std::string& help) {
   return app
       .add_option_function<std::string>(
           name, [&words, take](const std::string& word) { take(words.at(word)); }, help)
@@ -78,7 +77,7 @@ std::optional<Shard> PartitionOf(const std::string& word) {
   return shard;
 }
 
-// What a run of data files that are there has, and one of those that come has not.
+// Options for a run over existing data files that `watch` does not have.
 enum class Extent { OfAList, OfWhatComes };
 
 void AddRunOptions(CLI::App& app, RunArguments& run, Extent extent = Extent::OfAList) {
@@ -252,14 +251,37 @@ CLI::App* AddWatchedCommand(CLI::App& app, WatchedArguments& watched) {
   return command;
 }
 
-}  // namespace
+CLI::App* AddListCommand(CLI::App& app, ListArguments& list) {
+  CLI::App* const command = app.add_subcommand("list", "Show the experiments that have a verifier");
+  AddGlobs(*command, list.only, "Show only experiments that match; may be given again");
+  command->add_flag("--json", list.json, "Show them as JSON");
+  command->footer("");
+  return command;
+}
 
-std::variant<CommandLine, ExitStatus> ParseCommandLine(int argc, char** argv) {
-  CLI::App app(
-      "Hands data files to the data-hook plug-in, as the host does after each experiment, and sums "
-      "up the report that the plug-in writes.",
-      "verify-datafiles");
-  app.set_version_flag("--version", VersionText());
+CLI::App* AddExplainCommand(CLI::App& app, ExplainArguments& explain) {
+  CLI::App* const command =
+      app.add_subcommand("explain", "Show what the verifier of one experiment checks");
+  command->add_option("name", explain.name, "The experiment")->type_name("NAME")->required();
+  command
+      ->add_option("--datafile", explain.datafile,
+                   "A good data file of it (default: the sample that came with this program)")
+      ->type_name("FILE");
+  command->footer("");
+  return command;
+}
+
+CLI::App* AddMergeCommand(CLI::App& app, MergeArguments& merge) {
+  CLI::App* const command = app.add_subcommand("merge", "Join results that --json wrote");
+  AddOutputOptions(*command, merge.output);
+  AddHistoryOption(*command, merge.output);
+  command->add_option("files", merge.files, "Results of runs")->type_name("FILE")->required();
+  command->footer("");
+  return command;
+}
+
+// The command without a name. Answers its inputs, which a subcommand does without.
+CLI::Option* AddRunCommand(CLI::App& app, RunArguments& run) {
   app.footer(
       "Stimulus areas of X.txt stand in X.stimareas.tsv beside it.\n"
       "The report goes below DIR into scons-out/opt/tests/auto_experiment_tests.\n"
@@ -268,72 +290,75 @@ std::variant<CommandLine, ExitStatus> ParseCommandLine(int argc, char** argv) {
       "Exit status: 0 no failing test; 1 some failing test, or a data file that could not be\n"
       "verified to its end; 2 wrong use or wrong input; 3 the report is not well-formed, or\n"
       "results do not fit together; 4 the library does not load or there is no report.");
-
-  RunArguments run;
   AddRunOptions(app, run);
-  CLI::Option* const inputs =
-      app.add_option("inputs", run.inputs,
-                     "Data files, or folders of which the *.txt files are taken in name order")
-          ->type_name("FILE|FOLDER");
+  return app
+      .add_option("inputs", run.inputs,
+                  "Data files, or folders of which the *.txt files are taken in name order")
+      ->type_name("FILE|FOLDER");
+}
 
+// What each command is given, filled in as the command line is parsed.
+struct AllArguments {
+  RunArguments run;
   ListArguments list;
-  CLI::App* const listApp = app.add_subcommand("list", "Show the experiments that have a verifier");
-  AddGlobs(*listApp, list.only, "Show only experiments that match; may be given again");
-  listApp->add_flag("--json", list.json, "Show them as JSON");
-
   ExplainArguments explain;
-  CLI::App* const explainApp =
-      app.add_subcommand("explain", "Show what the verifier of one experiment checks");
-  explainApp->add_option("name", explain.name, "The experiment")->type_name("NAME")->required();
-  explainApp
-      ->add_option("--datafile", explain.datafile,
-                   "A good data file of it (default: the sample that came with this program)")
-      ->type_name("FILE");
-
   MergeArguments merge;
-  CLI::App* const mergeApp = app.add_subcommand("merge", "Join results that --json wrote");
-  AddOutputOptions(*mergeApp, merge.output);
-  AddHistoryOption(*mergeApp, merge.output);
-  mergeApp->add_option("files", merge.files, "Results of runs")->type_name("FILE")->required();
-
   RepairArguments repair;
-  CLI::App* const repairApp = AddRepairCommand(app, repair);
   CollectArguments collect;
-  CLI::App* const collectApp = AddCollectCommand(app, collect);
   HistoryArguments history;
-  CLI::App* const historyApp = AddHistoryCommand(app, history);
   WatchedArguments watched;
-  CLI::App* const watchedApp = AddWatchedCommand(app, watched);
   WatchArguments watch;
-  CLI::App* const watchApp = AddWatchCommand(app, watch);
+};
 
-  for (CLI::App* const one : {listApp, explainApp, mergeApp}) one->footer("");
-  const std::array<CLI::App*, 8> subcommands = {listApp,    explainApp, mergeApp,   repairApp,
-                                                collectApp, historyApp, watchedApp, watchApp};
+struct Subcommand {
+  CLI::App* app;
+  std::function<CommandLine()> parsed;  // what it was given
+};
+
+template <typename ARGUMENTS>
+Subcommand Add(CLI::App* (*add)(CLI::App&, ARGUMENTS&), CLI::App& app, ARGUMENTS& arguments) {
+  return {add(app, arguments), [&arguments] { return CommandLine(arguments); }};
+}
+
+// In the order of the help.
+std::vector<Subcommand> AddSubcommands(CLI::App& app, AllArguments& all) {
+  return {Add(AddListCommand, app, all.list),       Add(AddExplainCommand, app, all.explain),
+          Add(AddMergeCommand, app, all.merge),     Add(AddRepairCommand, app, all.repair),
+          Add(AddCollectCommand, app, all.collect), Add(AddHistoryCommand, app, all.history),
+          Add(AddWatchedCommand, app, all.watched), Add(AddWatchCommand, app, all.watch)};
+}
+
+}  // namespace
+
+std::variant<CommandLine, ExitStatus> ParseCommandLine(int argc, char** argv) {
+  CLI::App app(
+      "Hands data files to the data-hook plug-in, as the host does after each experiment, and sums "
+      "up the report that the plug-in writes.",
+      "verify-datafiles");
+  app.set_version_flag("--version", VersionText());
+  AllArguments all;
+  CLI::Option* const inputs = AddRunCommand(app, all.run);
+  const std::vector<Subcommand> subcommands = AddSubcommands(app, all);
+
   const auto allowSubcommands = [&](bool allowed) {
-    for (CLI::App* const one : subcommands) one->disabled(!allowed);
+    for (const Subcommand& one : subcommands) one.app->disabled(!allowed);
   };
-  const bool subcommand =
-      argc > 1 && std::any_of(subcommands.begin(), subcommands.end(),
-                              [argv](const CLI::App* one) { return one->get_name() == argv[1]; });
-  inputs->required(!subcommand);
-  allowSubcommands(subcommand);
+  const bool isSubcommand = argc > 1 && std::any_of(subcommands.begin(), subcommands.end(),
+                                                    [argv](const Subcommand& one) {
+                                                      return one.app->get_name() == argv[1];
+                                                    });
+  inputs->required(!isSubcommand);
+  allowSubcommands(isSubcommand);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& end) {
     allowSubcommands(true);  // the help names them
     return app.exit(end) == 0 ? ExitStatus::NoFailingTest : ExitStatus::WrongUse;
   }
-
-  if (listApp->parsed()) return list;
-  if (explainApp->parsed()) return explain;
-  if (mergeApp->parsed()) return merge;
-  if (repairApp->parsed()) return repair;
-  if (collectApp->parsed()) return collect;
-  if (historyApp->parsed()) return history;
-  if (watchedApp->parsed()) return watched;
-  if (watchApp->parsed()) return watch;
-  return run;
+  for (const Subcommand& one : subcommands) {
+    if (one.app->parsed()) return one.parsed();
+  }
+  return all.run;
 }
 
 }  // namespace OmbreliaHost

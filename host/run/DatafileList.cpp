@@ -35,8 +35,8 @@ std::vector<fs::path> DatafilesOfFolder(const fs::path& folder) {
   return files;
 }
 
-template <typename Condition>
-void KeepOnly(std::vector<Datafile>& files, const Condition& condition) {
+template <typename CONDITION>
+void KeepOnly(std::vector<Datafile>& files, const CONDITION& condition) {
   files.erase(std::remove_if(files.begin(), files.end(),
                              [&](const Datafile& file) { return !condition(file); }),
               files.end());

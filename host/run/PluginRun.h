@@ -39,8 +39,8 @@ class PluginRunListener {
   virtual void OnBadUnload(const Loss& loss) = 0;
 };
 
-// Runs up to so many processes side by side, each of which loads the plug-in, takes data files from the
-// common queue and writes a report. A process that is lost costs the data file that it had in hand; the
+// Runs up to `jobs` processes side by side. Each loads the plug-in, takes data files from the common
+// queue and writes a report. A process that is lost costs the data file that it had in hand; the
 // next one goes on with the rest and then verifies again what the lost one had verified. Where a report
 // fails to come though all data files went through, ever smaller groups of them are tried.
 class PluginRun {

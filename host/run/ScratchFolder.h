@@ -6,7 +6,7 @@
 
 namespace OmbreliaHost {
 
-// New and empty, in memory where the system has such a place; goes with all that is in it.
+// A new empty folder, in memory if the system offers that. The destructor deletes it with its content.
 class ScratchFolder {
  public:
   // Ends the run (NoReport) if there can be none.

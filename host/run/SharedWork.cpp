@@ -18,7 +18,7 @@ namespace {
 
 constexpr double WAITING_PER_WORK = 30;
 
-// After so many seconds of its time the process is ended by a signal, unless the time is given anew.
+// After this many seconds of processor time a signal ends the process, unless the limit is renewed.
 void GrantTime(double seconds) {
   itimerval time = {};
   time.it_value.tv_sec = static_cast<time_t>(seconds);

@@ -104,8 +104,8 @@ bool Supervisor::IsFinished() const {
 }
 
 void Supervisor::Wait() const {
-  // Many short steps are taken together, for each look at them takes time from who does them. The end of a
-  // process is heard of at once.
+  // Short steps are handled in batches, because every look slows the workers. The end of a process is
+  // handled at once.
   pollfd signals = {m_signals.Descriptor(), POLLIN, 0};
   poll(&signals, 1, MILLISECONDS_BETWEEN_LOOKS);
   std::vector<pollfd> descriptors = {{m_signals.Descriptor(), POLLIN, 0}};

@@ -95,7 +95,7 @@ TEST(ColumnContentsDeathTest, AbortOnANullReader) {
   testing::FLAGS_gtest_death_test_style = "threadsafe";
   EXPECT_DEATH(CommonTestHelperLogic::ColumnContentsMatchGivenVectorUpTilVectorLength(
                    boost::shared_ptr<MUExperimentTextReaderMultiFile>(), wxT("x"), {}, nullptr),
-               "");
+               "px != 0");
 }
 
 TEST(Reader, IsReturnedForAGoodFileWithoutAnyResult) {
@@ -230,7 +230,7 @@ bool Sleeps(pid_t process) {
 }
 
 // A process takes this host name, says that it has it, and asks for the loop. Returns its exit status,
-// or WAITING once it sleeps, which nothing but the loop makes it do.
+// or WAITING once it sleeps, which only the loop does.
 const int WAITING = 300;
 int StatusOnHost(const std::string& name) {
   int said[2] = {};

@@ -25,8 +25,8 @@ class FairHost {
 
   std::size_t Draw(std::size_t count) { return m_source() % count; }
 
-  template <typename Value>
-  std::vector<Value> Shuffled(std::vector<Value> values) {
+  template <typename VALUE>
+  std::vector<VALUE> Shuffled(std::vector<VALUE> values) {
     for (std::size_t i = values.size(); i > 1; --i) std::swap(values[i - 1], values[Draw(i)]);
     return values;
   }

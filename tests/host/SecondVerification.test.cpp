@@ -70,9 +70,9 @@ std::vector<std::string> NamesOfLines(const Tests::Lines& lines) {
   return names;
 }
 
-template <typename Value>
-std::string Shown(const std::optional<Value>& value) {
-  if constexpr (std::is_same_v<Value, std::string>) {
+template <typename VALUE>
+std::string Shown(const std::optional<VALUE>& value) {
+  if constexpr (std::is_same_v<VALUE, std::string>) {
     return value ? "{" + *value + "}" : "-";
   } else {
     return value ? std::to_string(*value) : "-";

@@ -1,10 +1,14 @@
 // What a deployment may set, and what stops the configuration.
+#include "tests/Deployment.h"
+
 #include <gtest/gtest.h>
 
 #include <map>
 #include <string>
 
+#include "Tabulon/src/machine/MUMachine.h"
 #include "tests/BuildPaths.h"
+#include "tests/hostsdk/HostLibraryPaths.h"
 #include "tests/support/Files.h"
 #include "tests/support/Process.h"
 
@@ -80,6 +84,27 @@ TEST(Deployment, WantsTheHostsLibraryWithItsHeadersOrNone) {
   EXPECT_EQ(ComplaintOn(both), "");
   ExpectComplaint("Set both", {{"OMBRELIA_PLUGINCOMMON_LIBRARY", folder.Path()},
                                {"OMBRELIA_PLUGINCOMMON_INCLUDE_DIR", folder.Path()}});
+}
+
+// With the stand-in in the place of the host's own library.
+TEST(Deployment, BuildsTheComparisonOfTheHostsLibraryAlsoWithoutOtherTests) {
+  if (OMBRELIA_WITH_THE_HOSTS_LIBRARY)
+    GTEST_SKIP() << "the folder of its headers is not known here";
+  if (MU_HAS_ADDRESS_SANITIZER)
+    GTEST_SKIP() << "no program without the sanitizer loads the stand-in";
+  const Tests::ScratchFolder folder;
+  const std::string build = folder / "build";
+  const Tests::Finished configured = Tests::RunProgram(
+      {OMBRELIA_CMAKE_COMMAND, "-S", OMBRELIA_SOURCE_DIR, "-B", build, "-D", "OMBRELIA_TESTS=OFF",
+       "-D", "OMBRELIA_PLUGINCOMMON_LIBRARY=" OMBRELIA_HOST_LIBRARY, "-D",
+       "OMBRELIA_PLUGINCOMMON_INCLUDE_DIR=" OMBRELIA_SOURCE_DIR "/hostsdk"});
+  ASSERT_EQ(configured.status, 0) << configured.err;
+  const Tests::Finished built = Tests::RunProgram(
+      {OMBRELIA_CMAKE_COMMAND, "--build", build, "--target", "test_host_library"});
+  ASSERT_EQ(built.status, 0) << built.out << built.err;
+  const Tests::Finished compared = Tests::RunProgram({build + "/bin/test_host_library"});
+  EXPECT_EQ(compared.status, 0) << compared.out;
+  EXPECT_NE(compared.out.find("[  PASSED  ] 4 tests."), std::string::npos) << compared.out;
 }
 
 }  // namespace

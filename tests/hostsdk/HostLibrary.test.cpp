@@ -6,14 +6,20 @@
 
 #include <cstring>
 #include <string>
+#include <typeinfo>
 #include <vector>
 
 #include "hostsdk/OMSdkBase.h"
 #include "hostsdk/PostProcessingFacade.h"
-#include "tests/BuildPaths.h"
+#include "tests/hostsdk/HostLibraryPaths.h"
 #ifdef __linux__
 #include <link.h>
 #endif
+
+namespace OmbreliaSDK {
+// A class that stands in a type's name where OMSdkBase would, which has no type information without its library.
+class SomeClass {};
+}  // namespace OmbreliaSDK
 
 namespace {
 
@@ -21,8 +27,8 @@ using OmbreliaSDK::OMSdkBase;
 
 // The place that a virtual operation has in the virtual table, counted from the first entry of the
 // destructor: the Itanium ABI stores it in the pointer to the member, plus 1.
-template <class Pointer>
-std::size_t PlaceInHeader(Pointer operation) {
+template <typename POINTER>
+std::size_t PlaceInHeader(POINTER operation) {
   std::ptrdiff_t words[2] = {};
   static_assert(sizeof operation == sizeof words, "the pointer to a member has another layout");
   std::memcpy(words, &operation, sizeof words);
@@ -30,42 +36,60 @@ std::size_t PlaceInHeader(Pointer operation) {
   return static_cast<std::size_t>(words[0]) / sizeof(void*);
 }
 
-struct Operation {
-  const char* name;
-  std::size_t placeInHeader;
-  const char* symbol;  // null: inline or pure, so that the library need not export it
-};
-
 #define IN_SDK(name) "_ZN11OmbreliaSDK9OMSdkBase" name
 #define CONST_IN_SDK(name) "_ZNK11OmbreliaSDK9OMSdkBase" name
 
+// The symbol of an operation with these arguments. The compiler spells their types, in whatever namespace they are: for
+// the pointer to such an operation of SomeClass it writes "M", the class, "Fv", the arguments, "E".
+template <typename... ARGUMENTS>
+std::string Symbol(const std::string& scope, const std::string& name) {
+  const std::string type = typeid(void(OmbreliaSDK::SomeClass::*)(ARGUMENTS...)).name();
+  const std::size_t arguments = std::string("M").size() +
+                                std::string(typeid(OmbreliaSDK::SomeClass).name()).size() +
+                                std::string("Fv").size();
+  return scope + std::to_string(name.size()) + name + "E" +
+         type.substr(arguments, type.size() - arguments - std::string("E").size());
+}
+
+struct Operation {
+  std::string name;
+  std::size_t placeInHeader;
+  std::string symbol;
+  // May the library go without the symbol? Of what is inline it may, and of what each plug-in implements.
+  enum class Kind { ORDINARY, INLINE, OF_THE_PLUGIN } kind = Kind::ORDINARY;
+};
+
+template <typename RESULT, typename... ARGUMENTS>
+Operation Of(const std::string& name, RESULT (OMSdkBase::*operation)(ARGUMENTS...)) {
+  return {name, PlaceInHeader(operation), Symbol<ARGUMENTS...>(IN_SDK(""), name)};
+}
+
+template <typename RESULT, typename... ARGUMENTS>
+Operation Of(const std::string& name, RESULT (OMSdkBase::*operation)(ARGUMENTS...) const,
+             Operation::Kind kind = Operation::Kind::ORDINARY) {
+  return {name, PlaceInHeader(operation), Symbol<ARGUMENTS...>(CONST_IN_SDK(""), name), kind};
+}
+
 // In the order in which the host calls them.
 std::vector<Operation> Operations() {
-  return {{"Init", PlaceInHeader(&OMSdkBase::Init), IN_SDK("4InitEv")},
-          {"DeInit", PlaceInHeader(&OMSdkBase::DeInit), IN_SDK("6DeInitEv")},
-          {"SettingsManager", PlaceInHeader(&OMSdkBase::SettingsManager),
-           IN_SDK("15SettingsManagerEv")},
-          {"GetHwDevicePlugInID", PlaceInHeader(&OMSdkBase::GetHwDevicePlugInID),
-           CONST_IN_SDK("19GetHwDevicePlugInIDEi")},
-          {"GetHwDevicePtr", PlaceInHeader(&OMSdkBase::GetHwDevicePtr), nullptr},
-          {"GetPlugInID", PlaceInHeader(&OMSdkBase::GetPlugInID), nullptr},
-          {"GetString", PlaceInHeader(&OMSdkBase::GetString), nullptr},
-          {"NeedsPlugInID", PlaceInHeader(&OMSdkBase::NeedsPlugInID),
-           CONST_IN_SDK("13NeedsPlugInIDEi")},
-          {"OnEndExperiment", PlaceInHeader(&OMSdkBase::OnEndExperiment),
-           IN_SDK("15OnEndExperimentEv")},
-          {"OnStartExperiment", PlaceInHeader(&OMSdkBase::OnStartExperiment),
-           IN_SDK("17OnStartExperimentERNS_28RunningExperimentNecessitiesE")},
-          {"SetHwDevicePtr", PlaceInHeader(&OMSdkBase::SetHwDevicePtr),
-           IN_SDK("14SetHwDevicePtrEPNS_14OMHwBaseDeviceEi")},
-          {"SetPlugInInfoObject", PlaceInHeader(&OMSdkBase::SetPlugInInfoObject),
-           IN_SDK("19SetPlugInInfoObjectEPKNS_15OMSdkPlugInInfoE")},
-          {"GetPlugInInfoObject", PlaceInHeader(&OMSdkBase::GetPlugInInfoObject),
-           CONST_IN_SDK("19GetPlugInInfoObjectEv")},
-          {"PluginHasBeenConvertedTo_NON_xrc",
-           PlaceInHeader(&OMSdkBase::PluginHasBeenConvertedTo_NON_xrc), nullptr},
-          {"FactoryFunction_GetNewEventPluginConfigPanel",
-           PlaceInHeader(&OMSdkBase::FactoryFunction_GetNewEventPluginConfigPanel), nullptr}};
+  using Kind = Operation::Kind;
+  return {Of("Init", &OMSdkBase::Init),
+          Of("DeInit", &OMSdkBase::DeInit),
+          Of("SettingsManager", &OMSdkBase::SettingsManager),
+          Of("GetHwDevicePlugInID", &OMSdkBase::GetHwDevicePlugInID),
+          Of("GetHwDevicePtr", &OMSdkBase::GetHwDevicePtr, Kind::INLINE),
+          Of("GetPlugInID", &OMSdkBase::GetPlugInID, Kind::OF_THE_PLUGIN),
+          Of("GetString", &OMSdkBase::GetString, Kind::OF_THE_PLUGIN),
+          Of("NeedsPlugInID", &OMSdkBase::NeedsPlugInID),
+          Of("OnEndExperiment", &OMSdkBase::OnEndExperiment),
+          Of("OnStartExperiment", &OMSdkBase::OnStartExperiment),
+          Of("SetHwDevicePtr", &OMSdkBase::SetHwDevicePtr),
+          Of("SetPlugInInfoObject", &OMSdkBase::SetPlugInInfoObject),
+          Of("GetPlugInInfoObject", &OMSdkBase::GetPlugInInfoObject),
+          Of("PluginHasBeenConvertedTo_NON_xrc", &OMSdkBase::PluginHasBeenConvertedTo_NON_xrc,
+             Kind::INLINE),
+          Of("FactoryFunction_GetNewEventPluginConfigPanel",
+             &OMSdkBase::FactoryFunction_GetNewEventPluginConfigPanel, Kind::INLINE)};
 }
 
 const char* const VIRTUAL_TABLE = "_ZTVN11OmbreliaSDK9OMSdkBaseE";
@@ -86,7 +110,7 @@ Texts MissingNames(void* library) {
   Texts names = {VIRTUAL_TABLE,       TYPE_INFORMATION, CONSTRUCTOR, COMPLETE_DESTRUCTOR,
                  DELETING_DESTRUCTOR, BASE_DESTRUCTOR,  TAG_CELL};
   for (const Operation& operation : Operations()) {
-    if (operation.symbol != nullptr) names.push_back(operation.symbol);
+    if (operation.kind == Operation::Kind::ORDINARY) names.push_back(operation.symbol);
   }
   Texts missing;
   for (const std::string& name : names) {
@@ -95,22 +119,41 @@ Texts MissingNames(void* library) {
   return missing;
 }
 
+// The entries of the library's virtual table.
+std::size_t PlacesInTable(void* library) {
+#ifdef __linux__
+  Dl_info where{};
+  const ElfW(Sym)* symbol = nullptr;
+  if (dladdr1(dlsym(library, VIRTUAL_TABLE), &where,
+              reinterpret_cast<void**>(const_cast<ElfW(Sym)**>(&symbol)), RTLD_DL_SYMENT) == 0) {
+    return 0;
+  }
+  return symbol->st_size / sizeof(void*) - 2;
+#else
+  static_cast<void>(library);
+  return PLACES;  // nothing tells
+#endif
+}
+
 // The operations that the library's virtual table has at another place than the header.
 Texts MisplacedOperations(void* library) {
   // The offset to the top and the type information stand before the first entry.
   void* const* const table = static_cast<void* const*>(dlsym(library, VIRTUAL_TABLE)) + 2;
+  const std::size_t places = PlacesInTable(library);
   Texts misplaced;
-  const auto compare = [&](const std::string& name, std::size_t place, const char* symbol) {
-    void* const address = dlsym(library, symbol);
-    if (address != nullptr && table[place] != address) misplaced.push_back(name);
+  const auto compare = [&](const std::string& name, std::size_t place, const void* address) {
+    if (address == nullptr) return;
+    if (place >= places || table[place] != address) misplaced.push_back(name);
   };
   // The two entries may be empty: no object is of this class alone, since it has pure operations.
-  if (table[0] != nullptr) compare("complete destructor", 0, COMPLETE_DESTRUCTOR);
-  if (table[1] != nullptr) compare("deleting destructor", 1, DELETING_DESTRUCTOR);
+  if (table[0] != nullptr) compare("complete destructor", 0, dlsym(library, COMPLETE_DESTRUCTOR));
+  if (table[1] != nullptr) compare("deleting destructor", 1, dlsym(library, DELETING_DESTRUCTOR));
+  const void* const pure = dlsym(RTLD_DEFAULT, "__cxa_pure_virtual");
+  EXPECT_NE(pure, nullptr);
   for (const Operation& operation : Operations()) {
-    if (operation.symbol != nullptr) {
-      compare(operation.name, operation.placeInHeader, operation.symbol);
-    }
+    const void* address = dlsym(library, operation.symbol.c_str());
+    if (address == nullptr && operation.kind == Operation::Kind::OF_THE_PLUGIN) address = pure;
+    compare(operation.name, operation.placeInHeader, address);
   }
   return misplaced;
 }
@@ -131,18 +174,6 @@ std::size_t BytesConstructed(void* library) {
   }
   return bytes;
 }
-
-#ifdef __linux__
-std::size_t PlacesInTable(void* library) {
-  Dl_info where{};
-  const ElfW(Sym)* symbol = nullptr;
-  if (dladdr1(dlsym(library, VIRTUAL_TABLE), &where,
-              reinterpret_cast<void**>(const_cast<ElfW(Sym)**>(&symbol)), RTLD_DL_SYMENT) == 0) {
-    return 0;
-  }
-  return symbol->st_size / sizeof(void*) - 2;
-}
-#endif
 
 class Library {
  public:
@@ -174,9 +205,7 @@ TEST(HostLibrary, ExportsAllThatThePluginNeeds) {
 TEST(HostLibrary, HasEachOperationAtThePlaceOfTheHeader) {
   const Library library(OMBRELIA_HOST_LIBRARY);
   EXPECT_EQ(MisplacedOperations(library), Texts{});
-#ifdef __linux__
   EXPECT_EQ(PlacesInTable(library), PLACES);
-#endif
 }
 
 TEST(HostLibrary, ConstructsAnObjectOfTheHeadersSize) {
@@ -187,10 +216,12 @@ TEST(HostLibrary, ConstructsAnObjectOfTheHeadersSize) {
 }
 
 #ifdef OMBRELIA_OTHER_HOST_LIBRARY
+// Of what is pure nothing tells which one it is: GetPlugInID is misplaced, too.
 TEST(OtherHostLibrary, IsSeenToDiffer) {
   const Library library(OMBRELIA_OTHER_HOST_LIBRARY);
   EXPECT_EQ(MissingNames(library), (Texts{TAG_CELL, CONST_IN_SDK("19GetPlugInInfoObjectEv")}));
-  EXPECT_EQ(MisplacedOperations(library), (Texts{"Init", "DeInit"}));
+  EXPECT_EQ(MisplacedOperations(library), (Texts{"Init", "DeInit", "GetString", "NeedsPlugInID",
+                                                 "PluginHasBeenConvertedTo_NON_xrc"}));
   EXPECT_EQ(BytesConstructed(library), 6 * sizeof(void*));
 #ifdef __linux__
   EXPECT_EQ(PlacesInTable(library), 15U);

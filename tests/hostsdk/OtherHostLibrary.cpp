@@ -1,5 +1,5 @@
-// A library whose base class is not the one of the header: it has more fields, two of its operations
-// have changed places, and one is missing.
+// A library whose base class is not the one of the header: it has more fields, operations of each kind have
+// changed places, and one is missing.
 #include <wx/string.h>
 
 class wxWindow;
@@ -20,9 +20,9 @@ class OMSdkBase {
   virtual OMSdkSettingsManager* SettingsManager();
   virtual int GetHwDevicePlugInID(int) const;
   virtual OMHwBaseDevice* GetHwDevicePtr() const { return nullptr; }
-  virtual int GetPlugInID() const = 0;
   virtual void GetString(int, wxString&) const = 0;
   virtual bool NeedsPlugInID(int) const;
+  virtual int GetPlugInID() const = 0;
   virtual void OnEndExperiment();
   virtual void OnStartExperiment(RunningExperimentNecessities&);
   virtual void SetHwDevicePtr(OMHwBaseDevice*, int);

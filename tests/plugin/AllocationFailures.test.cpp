@@ -40,7 +40,7 @@ bool MustFail() {
 
 }  // namespace
 
-// What wx and the table held when an allocation failed may be lost, and is no matter here.
+// Leaks of wx and of the table after a failed allocation are not tested here.
 extern "C" __attribute__((visibility("default"))) int __lsan_is_turned_off() { return 1; }
 
 void* operator new(std::size_t size) {

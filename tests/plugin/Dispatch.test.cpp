@@ -28,10 +28,10 @@ class TellingVerifier : public Ombrelia::Interface_SpecificIndividualTestVerifie
 };
 
 // Opens a suite and then throws what it is made with.
-template <class Thrown>
+template <typename THROWN>
 class ThrowingVerifier : public Ombrelia::Interface_SpecificIndividualTestVerifier {
  public:
-  explicit ThrowingVerifier(Thrown thrown) : m_thrown(thrown) {}
+  explicit ThrowingVerifier(THROWN thrown) : m_thrown(thrown) {}
   void VerifyDatafile(const wxString&, const std::vector<Ombrelia::StimAreaData>&,
                       Ombrelia::FakeJUnitPrinter* printer) override {
     printer->NewTestSuite(wxT("throwing"));
@@ -39,7 +39,7 @@ class ThrowingVerifier : public Ombrelia::Interface_SpecificIndividualTestVerifi
   }
 
  private:
-  Thrown m_thrown;
+  THROWN m_thrown;
 };
 
 void RegisterTellingVerifier() {

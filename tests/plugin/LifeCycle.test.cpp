@@ -53,7 +53,7 @@ TEST_F(LifeCycleTest, UnloadingWritesTheReportAndTheLibraryIsGone) {
 }
 
 TEST_F(LifeCycleTest, ANormalExitWritesTheReport) {
-  // What wx holds is not released when it has not ended before.
+  // wx releases its memory only if it ends before the exit.
   const Finished finished =
       DrivePlugin(m_folder.Path(), {"load", "process", "unknown.txt", "report", "leave"},
                   {"ASAN_OPTIONS=detect_leaks=0"});

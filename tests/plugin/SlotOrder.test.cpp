@@ -6,6 +6,7 @@
 #include <unistd.h>
 #include <wx/string.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <map>
@@ -108,8 +109,7 @@ class LibrarySymbols {
   std::map<std::uintptr_t, std::set<std::string>> m_names;
 };
 
-// What two entries with the same body may share is an address with the names of both; then any of them
-// may be meant.
+// An address that two operations of the list share does not tell which one is meant, and fails.
 void ExpectEntries(const LibrarySymbols& symbols, void* const* table, const Names& expected) {
   for (std::size_t place = 0; place < expected.size(); ++place) {
     Dl_info where{};
@@ -125,6 +125,10 @@ void ExpectEntries(const LibrarySymbols& symbols, void* const* table, const Name
     for (const std::string& operation : operations) found += " " + operation;
     EXPECT_EQ(operations.count(expected[place]), 1U)
         << "place " << place << " holds" << found << " and not " << expected[place];
+    const auto meant =
+        std::count_if(expected.begin(), expected.end(),
+                      [&](const std::string& name) { return operations.count(name) != 0; });
+    EXPECT_LE(meant, 1) << "place " << place << " holds" << found;
   }
 }
 

@@ -1,4 +1,4 @@
-// What the shared library reads of the machine that it runs on. All other tests simulate it.
+// What the plug-in and verify-datafiles read of the machine that they run on. All other tests simulate it.
 #include <gtest/gtest.h>
 #include <unistd.h>
 

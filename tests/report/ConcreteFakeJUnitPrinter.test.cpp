@@ -13,6 +13,7 @@
 namespace {
 
 using Ombrelia::ConcreteFakeJUnitPrinter;
+using Ombrelia::TimeOfTests;
 using Tests::ScratchFolder;
 using Tests::WorkingDirectory;
 
@@ -242,6 +243,13 @@ TEST_F(PrinterTest, TheSwitchForAHumanChangesNothing) {
         Tests::NamesIn(m_folder.ReportFolder()),
         (std::vector<std::string>{Tests::ReportName(getpid()), Tests::FlagFileName(getpid())}));
   }
+}
+
+// Some 24 days of 999 ms each are the most that an int holds.
+TEST(TimeOfTests, WrapsRoundBeyondInt) {
+  EXPECT_EQ(TimeOfTests(0, 999), 0);
+  EXPECT_EQ(TimeOfTests(2149633, 999), 2147483367);
+  EXPECT_EQ(TimeOfTests(2149634, 999), -2147482930);
 }
 
 }  // namespace

@@ -7,7 +7,7 @@
 namespace Tests {
 namespace {
 
-// What the tests lack fails the test that asks for it, and the next test runs.
+// A missing verifier or sample fails the test that asks for it; the next test runs.
 TEST(DataFile, ThrowsIfNoVerifierHasThatName) {
   EXPECT_THROW(VerifyBytes("renamed.om4", ""), std::runtime_error);
 }

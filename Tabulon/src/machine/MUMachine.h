@@ -31,6 +31,15 @@
 #define MU_HAS_ADDRESS_SANITIZER 1
 #endif
 
+// Before the definition of a variable: the build ends unless it has its value before any initialiser runs.
+#if defined(__clang__)
+#define MU_CONSTANT_INITIALIZED __attribute__((require_constant_initialization))
+#elif defined(__GNUC__)
+#define MU_CONSTANT_INITIALIZED __constinit
+#else
+#define MU_CONSTANT_INITIALIZED
+#endif
+
 // Calls the memory at an address up into the cache; any address will do, since nothing is read.
 inline void MUPrefetch(const void* address) {
 #if MU_HAS_BUILTINS

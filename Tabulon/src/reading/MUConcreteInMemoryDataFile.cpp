@@ -41,7 +41,8 @@ class PositionKeeper {
   explicit PositionKeeper(wxFile* file)
       : m_file(file), m_position(file ? file->Tell() : wxFileOffset(wxInvalidOffset)) {}
   ~PositionKeeper() {
-    if (m_file) m_file->Seek(m_position);
+    // A file without positions, such as a pipe, has none to go back to.
+    if (m_position != wxInvalidOffset) m_file->Seek(m_position);
   }
   PositionKeeper(const PositionKeeper&) = delete;
   PositionKeeper& operator=(const PositionKeeper&) = delete;
@@ -52,9 +53,9 @@ class PositionKeeper {
 };
 
 // False if the length cannot be had, if a read fails, or if there is more than can be held.
-bool ReadAllBytes(wxFile* file, MUPoolVector<char>* bytes) {
+bool ReadAllBytes(wxFile* file, std::size_t largestText, MUPoolVector<char>* bytes) {
   const wxFileOffset length = file ? file->Length() : wxFileOffset(wxInvalidOffset);
-  if (length < 0 || static_cast<std::uint64_t>(length) > MUDataFileBlockBuilder::LARGEST_OFFSET) {
+  if (length < 0 || static_cast<std::uint64_t>(length) > largestText) {
     return false;
   }
   const auto most = static_cast<std::size_t>(length);
@@ -109,41 +110,44 @@ bool TakeLines(const MUPoolVector<CHAR>& text, MUDataFileBlockBuilder* builder,
 }
 
 template <typename CHAR>
-bool TakeMeasuredLines(const MUPoolVector<CHAR>& text, MUDataFileLines* lines) {
+bool TakeMeasuredLines(const MUPoolVector<CHAR>& text, std::size_t largestText,
+                       MUDataFileLines* lines) {
   using Builder = MUDataFileBlockBuilder;
   MUVisibleMeasure measure;
   measure.Add(text.data(), text.data() + text.size());
   const auto feeds = static_cast<std::size_t>(std::count(text.begin(), text.end(), CHAR('\n')));
-  Builder builder(measure.isNarrow ? Builder::Width::NARROW : Builder::Width::WIDE);
+  Builder builder(measure.isNarrow ? Builder::Width::NARROW : Builder::Width::WIDE, largestText);
   builder.Reserve(measure.characters, feeds + 1, measure.tabs + feeds + 1);
   return TakeLines(text, &builder, lines);
 }
 
 // May use the bytes up.
-bool TakeLinesOfBytes(MUPoolVector<char>& bytes, MUDataFileLines* lines) {
+bool TakeLinesOfBytes(MUPoolVector<char>& bytes, std::size_t largestText, MUDataFileLines* lines) {
   using Builder = MUDataFileBlockBuilder;
   MUPlainTextMeasure plain;
   if (MUMeasurePlainText(bytes.data(), bytes.size(), &plain)) {
     // The conversion would give the same characters. A terminator becomes two.
     const std::size_t lineCount = plain.lineFeeds + 1;
-    Builder builder(Builder::Width::NARROW);
+    Builder builder(Builder::Width::NARROW, largestText);
     builder.Reserve(bytes.size() + lineCount, lineCount, plain.tabs + lineCount);
     return TakeLines(bytes, &builder, lines);
   }
   const MUDecodedText text = MUDecode(bytes);
   MUPoolVector<char>().swap(bytes);
-  return text.wide.empty() ? TakeMeasuredLines(text.narrow, lines)
-                           : TakeMeasuredLines(text.wide, lines);
+  return text.wide.empty() ? TakeMeasuredLines(text.narrow, largestText, lines)
+                           : TakeMeasuredLines(text.wide, largestText, lines);
 }
 
 }  // namespace
 
 MUConcreteInMemoryDataFile::MUConcreteInMemoryDataFile(
-    wxFile* file, const wxFileName& name, bool, MUInterfaceDataFileInputErrorHandler* handler)
+    wxFile* file, const wxFileName& name, bool, MUInterfaceDataFileInputErrorHandler* handler,
+    std::size_t largestText)
     : m_fullPath(name.GetFullPath()),
       m_shortName(MUShortNameOf(name)),
       m_currentRow(0),
       m_dataRowCount(0),
+      m_largestText(largestText),
       m_columns(new Columns),
       m_columnsHandedOver(false),
       m_errorHandler(handler),
@@ -184,10 +188,10 @@ MUConcreteInMemoryDataFile::~MUConcreteInMemoryDataFile() {
 
 void MUConcreteInMemoryDataFile::PopulateLinesCollection(wxFile* file) {
   MUPoolVector<char> bytes;
-  if (!ReadAllBytes(file, &bytes)) {
+  if (!ReadAllBytes(file, m_largestText, &bytes)) {
     // Should that return, the file counts as empty.
     wxLogFatalError(wxT("Failed to slurp into string."));
-  } else if (!TakeLinesOfBytes(bytes, &m_lines)) {
+  } else if (!TakeLinesOfBytes(bytes, m_largestText, &m_lines)) {
     ReportTooLarge();
   }
 }

@@ -12,6 +12,7 @@
 #include "Tabulon/src/memory/MUPooledMemory.h"
 #include "Tabulon/src/reading/MUInterfaceDataFileInputErrorHandler.h"
 #include "Tabulon/src/reading/MUInterfaceExperimentDataFileInputReader.h"
+#include "Tabulon/src/rows/MUDataFileBlockBuilder.h"
 #include "Tabulon/src/rows/MUDataFileLines.h"
 #include "Tabulon/src/text/MUUniqueNameIndex.h"
 
@@ -35,9 +36,11 @@ class MUConcreteInMemoryDataFile : public MUInterfaceExperimentDataFileInputRead
  public:
   // Reads all of file, whatever its position, in pieces, and puts the position back. file is borrowed for that,
   // handler as long as the reader lives; handler may be null. name gives nothing but the names of the file. The
-  // third argument is ignored. Throws nothing of its own.
+  // third argument is ignored. largestText: how many bytes the file may have, and how many characters its rows once
+  // control characters are visible; at most 4 GiB less 1. Throws nothing of its own.
   MUConcreteInMemoryDataFile(wxFile* file, const wxFileName& name, bool hasHeader,
-                             MUInterfaceDataFileInputErrorHandler* handler);
+                             MUInterfaceDataFileInputErrorHandler* handler,
+                             std::size_t largestText = MUDataFileBlockBuilder::LARGEST_OFFSET);
   MUConcreteInMemoryDataFile(const MUConcreteInMemoryDataFile&) = delete;
   MUConcreteInMemoryDataFile& operator=(const MUConcreteInMemoryDataFile&) = delete;
 
@@ -80,6 +83,7 @@ class MUConcreteInMemoryDataFile : public MUInterfaceExperimentDataFileInputRead
   wxString m_participantName;
   std::uint32_t m_currentRow;
   std::uint32_t m_dataRowCount;
+  const std::size_t m_largestText;
   Columns* m_columns;  // owned until handed over
   bool m_columnsHandedOver;
   MUInterfaceDataFileInputErrorHandler* m_errorHandler;  // not owned, may be null

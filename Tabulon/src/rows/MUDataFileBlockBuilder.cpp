@@ -80,7 +80,8 @@ std::size_t VisibleLength(const char* begin, const char* end) {
 
 }  // namespace
 
-MUDataFileBlockBuilder::MUDataFileBlockBuilder(Width width) : m_block(new MUDataFileBlock) {
+MUDataFileBlockBuilder::MUDataFileBlockBuilder(Width width, std::size_t largestOffset)
+    : m_block(new MUDataFileBlock), m_largestOffset(largestOffset) {
   m_block->m_isWide = width == Width::WIDE;
 }
 
@@ -199,7 +200,7 @@ template <typename OUT, typename CHAR>
 bool MUDataFileBlockBuilder::AppendRowTo(MUPoolVector<OUT>& text, const CHAR* begin,
                                          const CHAR* end) {
   const std::size_t textStart = text.size();
-  const std::size_t room = LARGEST_OFFSET - textStart;
+  const std::size_t room = m_largestOffset - textStart;
   if (static_cast<std::size_t>(end - begin) > room / LONGEST_VISIBLE_FORM) {
     MUVisibleMeasure measure;
     measure.Add(begin, end);

@@ -20,7 +20,8 @@ class MUDataFileBlockBuilder {
 
   // A narrow block keeps one byte per character and takes characters below 256 only.
   enum class Width { NARROW, WIDE };
-  explicit MUDataFileBlockBuilder(Width width);
+  // largestOffset: how many characters fit, at most LARGEST_OFFSET.
+  explicit MUDataFileBlockBuilder(Width width, std::size_t largestOffset = LARGEST_OFFSET);
 
   // Takes the bytes of a whole file and makes them the block's text, without another copy, if they are plain
   // text (see MUMeasurePlainText). Otherwise, or if they are too many for the block's offsets, answers false and
@@ -64,6 +65,7 @@ class MUDataFileBlockBuilder {
   void EndRow(std::size_t textStart, std::size_t cellCount);
 
   MUDataFileBlockPtr m_block;
+  const std::size_t m_largestOffset;
   std::vector<std::uint32_t> m_rowEnds;  // the cell ends of the row that is being made
 };
 

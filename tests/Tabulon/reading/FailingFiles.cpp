@@ -1,11 +1,14 @@
 #include "tests/Tabulon/reading/FailingFiles.h"
 
+#include <fcntl.h>
 #include <sys/syscall.h>
 #include <sys/types.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdarg>
 #include <cstdlib>
+#include <utility>
 
 namespace {
 
@@ -13,6 +16,7 @@ int goodReadsLeft = -1;  // negative: all are good
 bool closingFails = false;
 bool fatalErrorsComeBack = false;
 int fatalErrors = 0;
+std::function<void()> actAfterOpening;
 
 }  // namespace
 
@@ -35,6 +39,18 @@ __attribute__((visibility("default"))) int close(int file) {
   return -1;
 }
 
+#ifdef __linux__
+__attribute__((visibility("default"))) int open64(const char* path, int flags, ...) {
+  va_list arguments;
+  va_start(arguments, flags);
+  const int mode = (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(arguments, int) : 0;
+  va_end(arguments);
+  const int file = static_cast<int>(::syscall(SYS_openat, AT_FDCWD, path, flags, mode));
+  if (actAfterOpening) std::exchange(actAfterOpening, nullptr)();
+  return file;
+}
+#endif
+
 }  // extern "C"
 
 __attribute__((visibility("default"))) void wxAbort() {
@@ -53,6 +69,11 @@ FailingFiles::~FailingFiles() {
   goodReadsLeft = -1;
   closingFails = false;
 }
+
+#ifdef __linux__
+AfterOpening::AfterOpening(std::function<void()> act) { actAfterOpening = std::move(act); }
+AfterOpening::~AfterOpening() { actAfterOpening = nullptr; }
+#endif
 
 FatalErrorsComeBack::FatalErrorsComeBack() {
   fatalErrorsComeBack = true;

@@ -1,6 +1,8 @@
-// Lets the reads and the closing of files fail, and the library's fatal path come back.
+// Lets the reads and the closing of files fail, tells when one is opened, and lets the library's fatal path come back.
 #ifndef OMBRELIA_TESTS_TABULON_READING_FAILINGFILES_H
 #define OMBRELIA_TESTS_TABULON_READING_FAILINGFILES_H
+
+#include <functional>
 
 namespace ReaderBench {
 
@@ -12,6 +14,17 @@ class FailingFiles {
   FailingFiles(const FailingFiles&) = delete;
   FailingFiles& operator=(const FailingFiles&) = delete;
 };
+
+#ifdef __linux__
+// Acts once, as soon as the library has opened a file and before it does anything with it.
+class AfterOpening {
+ public:
+  explicit AfterOpening(std::function<void()> act);
+  ~AfterOpening();
+  AfterOpening(const AfterOpening&) = delete;
+  AfterOpening& operator=(const AfterOpening&) = delete;
+};
+#endif
 
 // As long as it lives, wxLogFatalError comes back instead of ending the program.
 class FatalErrorsComeBack {

@@ -6,6 +6,7 @@
 #include <wx/log.h>
 
 #include <cstdint>
+#include <cstdio>
 #include <fstream>
 #include <limits>
 
@@ -107,6 +108,20 @@ TEST(StreamingReaderFailures, ReadsAFileThatClaimsToBeEmpty) {
   EXPECT_GT(reader.GetDataRowCount(), 10u);
 }
 
+#ifdef __linux__
+// Size and bytes come from one opening: the larger file that takes the name then is never seen.
+TEST(StreamingReaderFailures, ReadsTheFileThatItHasOpenedWhateverTakesItsName) {
+  const BytesOnDisk file(GOOD);
+  const BytesOnDisk other(std::string(2u << 20, 'x'), wxT("other file.txt"));
+  const AfterOpening replacing(
+      [&] { ASSERT_EQ(0, std::rename(other.Path().fn_str(), file.Path().fn_str())); });
+  const MUConcreteExperimentDataFileTxt reader(file.Name(), true, nullptr);
+  EXPECT_FALSE(wxFileExists(other.Path()));
+  EXPECT_FALSE(reader.ErrorStatusIsPresent());
+  EXPECT_EQ(2u, reader.GetDataRowCount());
+}
+#endif
+
 TEST(StreamingReaderFailures, ReportsAFolderInTheSameWords) {
   RecordingHandler handler;
   const MUConcreteExperimentDataFileTxt reader(wxFileName(wxGetCwd()), true, &handler);
@@ -114,10 +129,10 @@ TEST(StreamingReaderFailures, ReportsAFolderInTheSameWords) {
   EXPECT_EQ(wxT("\"") + wxGetCwd() + wxT("\" is a directory."), handler.m_reports[0].message);
 }
 
-// A file that is as long as that and holds nothing but a hole.
+// A file that is as long as that and holds nothing but a hole behind its first bytes.
 class SparseFile {
  public:
-  explicit SparseFile(off_t length) : m_file("") {
+  explicit SparseFile(off_t length, const std::string& begin = "") : m_file(begin) {
     m_isThere = ::truncate(m_file.Path().fn_str(), length) == 0;
   }
   bool IsThere() const { return m_isThere; }
@@ -130,12 +145,20 @@ class SparseFile {
 
 // The reader of an open file, made where the fatal path comes back.
 struct ReadInMemory {
-  explicit ReadInMemory(const wxString& path) {
+  explicit ReadInMemory(const wxString& path,
+                        std::size_t largestText = MUDataFileBlockBuilder::LARGEST_OFFSET) {
     const wxLogNull silence;
     wxFile open(path);
     open.Seek(1);
+    Read(open, wxFileName(path), largestText);
+  }
+  ReadInMemory(wxFile& open, const wxFileName& name) {
+    const wxLogNull silence;
+    Read(open, name, MUDataFileBlockBuilder::LARGEST_OFFSET);
+  }
+  void Read(wxFile& open, const wxFileName& name, std::size_t largestText) {
     const FatalErrorsComeBack fatal;
-    reader = std::make_unique<MUConcreteInMemoryDataFile>(&open, wxFileName(path), true, &handler);
+    reader = std::make_unique<MUConcreteInMemoryDataFile>(&open, name, true, &handler, largestText);
     fatalErrors = fatal.Count();
     position = open.Tell();
   }
@@ -177,6 +200,40 @@ TEST(InMemoryReaderFailures, LogAFatalErrorForAReadThatFailsOnTheWay) {
   ExpectNotRead(ReadInMemory(file.Path()));
 }
 
+TEST(InMemoryReaderFailures, LogTwoFatalErrorsForAPipe) {
+  int ends[2] = {};
+  ASSERT_EQ(0, ::pipe(ends));
+  wxFile open(ends[0]);
+  const ReadInMemory read(open, wxFileName(wxT("pipe.txt")));
+  EXPECT_EQ(2, read.fatalErrors) << "Seek failed, and it has no length";
+  EXPECT_TRUE(read.reader->ErrorStatusIsPresent());
+  ::close(ends[1]);
+}
+
+void ExpectTooLarge(const ReadInMemory& read) {
+  EXPECT_EQ(0, read.fatalErrors) << "it was read";
+  EXPECT_TRUE(read.reader->ErrorStatusIsPresent());
+  EXPECT_EQ(0u, read.reader->GetDataRowCount());
+  ASSERT_EQ(1u, read.handler.m_reports.size());
+  EXPECT_EQ(Reader::MU_INPUT_FILE_TOO_LARGE, read.handler.m_reports[0].code);
+  EXPECT_EQ(wxT("file too large"), read.handler.m_reports[0].message);
+}
+
+// The limit is 4 GiB less 1 where none is given.
+TEST(InMemoryReaderFailures, ReportRowsAsTooLargeThatOutgrowTheLimitOnceTheyAreVisible) {
+  const std::string plainRows = std::string(200, '\n') + "x\n";               // "^J" for each end
+  const std::string narrowRows = "\x01" + std::string(100, '\x02') + "\n";    // two each
+  const std::string wideRows = "\xC4\x80" + std::string(100, '\x02') + "\n";  // and a wide one
+  for (const std::string& rows : {plainRows, narrowRows, wideRows}) {
+    const BytesOnDisk file(Header("A", "x") + "1\n" + rows);
+    const std::size_t visible = 3 + (rows == plainRows ? 403 : rows == narrowRows ? 204 : 203);
+    ASSERT_GT(visible - 1, Header("A", "x").size() + 2 + rows.size()) << "the bytes fit";
+    const ReadInMemory fits(file.Path(), visible);
+    EXPECT_FALSE(fits.reader->ErrorStatusIsPresent());
+    ExpectTooLarge(ReadInMemory(file.Path(), visible - 1));
+  }
+}
+
 TEST(InMemoryReaderFailures, FindNoLineInAnOrdinaryEmptyFile) {
   const BytesOnDisk file("");
   const ReadInMemory read(file.Path());
@@ -208,23 +265,37 @@ TEST(InMemoryReaderFailuresDeathTest, LogAFatalErrorIfMemoryEndsWhileBytesArrive
       "Failed to slurp into string\\.");
 }
 
-// What was read is not said to be unread: it needs four times the memory once it is decoded.
+constexpr int READ = 0;
+constexpr int TOO_LARGE = 1;
+constexpr int OTHERWISE_WRONG = 2;
+
+// Reads a file of 100 MiB, these bytes and then zeros, with some three times the memory, and ends the process with what came
+// of it. The process's objects are left alone: their end may need more memory.
+[[noreturn]] void HoldAHundredMebibytes(const std::string& begin) {
+  const SparseFile file(off_t{100} << 20, begin);
+  LimitMemory(GIBIBYTE / 3);
+  wxFile open(file.File().Path());
+  RecordingHandler handler;
+  const MUConcreteInMemoryDataFile reader(&open, file.File().Name(), true, &handler);
+  if (!reader.ErrorStatusIsPresent()) std::_Exit(READ);
+  const bool isTooLarge = handler.m_reports.size() == 1 &&
+                          handler.m_reports[0].code == Reader::MU_INPUT_FILE_TOO_LARGE &&
+                          handler.m_reports[0].message == wxT("file too large");
+  std::_Exit(isTooLarge ? TOO_LARGE : OTHERWISE_WRONG);
+}
+
+// Zeros are decoded in place. The text of the first line takes four times the memory.
 TEST(InMemoryReaderFailuresDeathTest, ReportsAFileThatWasReadAndCannotBeHeldAsTooLarge) {
   testing::FLAGS_gtest_death_test_style = "threadsafe";
-  EXPECT_EXIT(
-      {
-        const SparseFile file(off_t{100} << 20);
-        LimitMemory(GIBIBYTE / 3);
-        wxFile open(file.File().Path());
-        RecordingHandler handler;
-        const MUConcreteInMemoryDataFile reader(&open, file.File().Name(), true, &handler);
-        const bool asExpected = reader.ErrorStatusIsPresent() && handler.m_reports.size() == 1 &&
-                                handler.m_reports[0].code == Reader::MU_INPUT_FILE_TOO_LARGE &&
-                                handler.m_reports[0].message == wxT("file too large");
-        // Without the end of the process's objects, which need not have the memory for it.
-        std::_Exit(asExpected ? 0 : 1);
-      },
-      testing::ExitedWithCode(0), "");
+  EXPECT_EXIT(HoldAHundredMebibytes(""), testing::ExitedWithCode(TOO_LARGE), "");
+}
+
+// Zeros of a row are decoded in place, unless another character makes all of them wide.
+TEST(InMemoryReaderFailuresDeathTest, ReportsAFileThatCannotBeDecodedForWantOfMemoryAsTooLarge) {
+  testing::FLAGS_gtest_death_test_style = "threadsafe";
+  EXPECT_EXIT(HoldAHundredMebibytes(Header("A", "x")), testing::ExitedWithCode(READ), "");
+  EXPECT_EXIT(HoldAHundredMebibytes(Header("\xC4\x80", "x")), testing::ExitedWithCode(TOO_LARGE),
+              "");
 }
 
 #endif

@@ -25,10 +25,6 @@ wxString Heading(int which) {
   return Reader::GetStandardizedDataFileStringValue(static_cast<Reader::STANDARD_STRING>(which));
 }
 
-wxString Ordinal(unsigned int number) {
-  return MUUtilitarianFunctions::GetWrittenOrdinalTextForInteger(number);
-}
-
 wxString SuccessReport() {
   LastMessage handler;
   MUSendSuccess(&handler, wxString());
@@ -41,17 +37,20 @@ wxString ShortNameOfFileX() { return MUShortNameOf(wxFileName(wxT("/folder/x.y")
 
 extern "C" __attribute__((visibility("default"))) void GetTranslatedTexts(TranslatedTexts* texts) {
   texts->madeAtLoad = {Reader::COL_HEAD_STRING_VALUE_WHEN_COLNAME_IS_MISSING,
-                       Txt::PARALLEL_ARRAY_OF_COL_PATTERNS_FOR_FLAGS[0],
-                       Txt::PARALLEL_ARRAY_OF_COL_PATTERNS_FOR_TYPES[0],
-                       Txt::PARALLEL_ARRAY_OF_COL_PATTERNS_FOR_TYPES[10],
                        Txt::USERFRIENDLY_ERROR_TEXT_FILE_TOO_LARGE,
                        Txt::USERFRIENDLY_ERROR_TEXT_NO_EXPERIMENT_NAME,
                        Txt::USERFRIENDLY_ERROR_TEXT_NO_PERSONNAME_NAME,
                        Txt::USERFRIENDLY_ERROR_TEXT_NO_OM_TIMESTAMP,
                        Txt::USERFRIENDLY_ERROR_TEXT_FILE_TOO_SHORT,
-                       Txt::USERFRIENDLY_ERROR_TEXT_ZERO_COLUMN_NAMES};
+                       Txt::USERFRIENDLY_ERROR_TEXT_ZERO_COLUMN_NAMES,
+                       Txt::USERFRIENDLY_ERROR_TEXT_TOO_MANY_COLUMNS,
+                       SuccessReport()};
+  for (const wxString& ordinal : MUUtilitarianFunctions::MUUTIL_WRITTEN_ORDINAL_NUMBER_TEXT) {
+    texts->madeAtLoad.push_back(ordinal);
+  }
+  texts->trialVariablePattern = Txt::PARALLEL_ARRAY_OF_COL_PATTERNS_FOR_FLAGS[0];
+  const wxString* const names = Txt::PARALLEL_ARRAY_OF_COL_PATTERNS_FOR_TYPES;
+  texts->namesThatTheHostWrites.assign(names, names + 15);
   texts->heading = Heading;
-  texts->ordinal = Ordinal;
-  texts->successReport = SuccessReport;
   texts->shortNameOfFileX = ShortNameOfFileX;
 }

@@ -8,10 +8,11 @@
 #include <vector>
 
 struct TranslatedTexts {
-  std::vector<wxString> madeAtLoad;
+  std::vector<wxString>
+      madeAtLoad;  // the translations of whole texts, in the order of the test's list
+  wxString trialVariablePattern;
+  std::vector<wxString> namesThatTheHostWrites;
   wxString (*heading)(int which);
-  wxString (*ordinal)(unsigned int number);
-  wxString (*successReport)();
   wxString (*shortNameOfFileX)();
 };
 

@@ -6,8 +6,8 @@
 
 #include <map>
 #include <memory>
+#include <vector>
 
-#include "Tabulon/src/reading/MUConcreteExperimentDataFileTxt.h"
 #include "tests/Tabulon/reading/ReaderBench.h"
 #include "tests/Tabulon/reading/TranslatedTexts.h"
 #include "tests/TabulonModule.h"
@@ -44,25 +44,55 @@ std::string Catalogue(const std::map<std::string, std::string>& messages) {
   return bytes + originals + translations + texts;
 }
 
-const std::map<std::string, std::string> MESSAGES = {
-    {"", "Content-Type: text/plain; charset=UTF-8\n"},
-    {"[Missing\nCol Name]", "[Ohne\nNamen]"},
-    {"(Trial Variable)", "(Versuchsvariable)"},
-    {"Reaction\nTime", "Reaktions-\nzeit"},
-    {"Block\nName", "Block-\nname"},
-    {"Success", "Gelungen"},
-    {".", ","},
-    {"first", "ersten"},
-    {"third", "dritten"},
-    {"This file does not appear long enough to be a valid datafile.  There should be %u lines of "
-     "header "
-     "information followed by one or more rows of data.",
-     "Zu kurz: %u Zeilen Kopf."}};
+// What the readers translate as the library loads, in the order of TranslatedTexts::madeAtLoad.
+const std::vector<std::string> MADE_AT_LOAD = {
+    "[Missing\nCol Name]",
+    "File too large.  This file is %u bytes in size.  Halvex Tabulon cannot support opening such "
+    "large files.  You may wish to split the file into multiple smaller files and try again.",
+    "Input file is missing an experiment name.  The %s line of the file should contain the title "
+    "of the experiment.",
+    "Input file is missing a participant name.  The %s line of the file should contain the "
+    "participant name for the experiment.",
+    "Input file is missing information about the time the experiment was run.  The %s line of the "
+    "file should contain this information.",
+    "This file does not appear long enough to be a valid datafile.  There should be %u lines of "
+    "header information followed by one or more rows of data.",
+    "This file does not appear to have any column headings.  There should be column titles "
+    "populated from row %u to row %u of the file.",
+    "This file has too many cells beyond its column headings, or too many column headings of one "
+    "name.",
+    "Success",
+    "first",
+    "second",
+    "third",
+    "fourth",
+    "fifth",
+    "sixth",
+    "seventh",
+    "eighth",
+    "ninth",
+    "tenth"};
+
+// What they translate at its first use, in the order of the numbers of the headings.
+const std::vector<std::string> HEADINGS = {"Block\nName", "Trial\nName", "Error\nCode",
+                                           "Reaction\nTime"};
+
+std::string InGerman(const std::string& text) { return "(de) " + text; }
+
+std::map<std::string, std::string> Messages() {
+  std::map<std::string, std::string> messages = {{"", "Content-Type: text/plain; charset=UTF-8\n"}};
+  const auto add = [&](const std::string& text) { messages[text] = InGerman(text); };
+  for (const std::string& text : MADE_AT_LOAD) add(text);
+  for (const std::string& text : HEADINGS) add(text);
+  for (const char* text : {"(Trial Variable)", ".", "Key", "Reaction Time\n(Trial Variable)"})
+    add(text);
+  return messages;
+}
 
 class Loader : public wxTranslationsLoader {
  public:
   wxMsgCatalog* LoadCatalog(const wxString& domain, const wxString&) override {
-    const std::string bytes = Catalogue(MESSAGES);
+    const std::string bytes = Catalogue(Messages());
     wxCharBuffer buffer(bytes.size());
     std::copy(bytes.begin(), bytes.end(), buffer.data());
     return wxMsgCatalog::CreateFromData(buffer, domain);
@@ -98,70 +128,69 @@ class Module {
       ADD_FAILURE() << dlerror();
       std::abort();
     }
-    using Get = void (*)(TranslatedTexts*);
-    reinterpret_cast<Get>(dlsym(m_library, "GetTranslatedTexts"))(&texts);
+    texts = TextsNow();
   }
   ~Module() { dlclose(m_library); }
   Module(const Module&) = delete;
   Module& operator=(const Module&) = delete;
 
-  TranslatedTexts texts;
+  TranslatedTexts TextsNow() const {
+    using Get = void (*)(TranslatedTexts*);
+    TranslatedTexts now;
+    reinterpret_cast<Get>(dlsym(m_library, "GetTranslatedTexts"))(&now);
+    return now;
+  }
+
+  TranslatedTexts texts;  // as they were when it was loaded
 
  private:
   void* m_library;
 };
 
-const wchar_t* const WORDS_FOR_SHORT_FILES =
-    L"This file does not appear long enough to be a valid datafile.  There should be %u lines of "
-    L"header "
-    L"information followed by one or more rows of data.";
-
 TEST(Translations, AreMadeWhenTheLibraryLoads) {
   const InstalledCatalogue catalogue;
   ASSERT_TRUE(catalogue.isThere);
   const Module module;
-  const std::vector<wxString>& texts = module.texts.madeAtLoad;
-  EXPECT_EQ(wxT("[Ohne\nNamen]"), texts[0]);
-  EXPECT_EQ(wxT("Zu kurz: %u Zeilen Kopf."), texts[8]);
-  EXPECT_EQ(wxT("Gelungen"), module.texts.successReport());
-  EXPECT_EQ(wxT("x,y"), module.texts.shortNameOfFileX());
-  EXPECT_EQ(wxT("ersten"), module.texts.ordinal(1));
-  EXPECT_EQ(wxT("second"), module.texts.ordinal(2)) << "not in the catalogue";
-  EXPECT_EQ(wxT("dritten"), module.texts.ordinal(3));
+  ASSERT_EQ(MADE_AT_LOAD.size(), module.texts.madeAtLoad.size());
+  for (std::size_t i = 0; i < MADE_AT_LOAD.size(); ++i) {
+    EXPECT_EQ(wxString(InGerman(MADE_AT_LOAD[i])), module.texts.madeAtLoad[i]);
+  }
+  EXPECT_EQ(wxT("x(de) .y"), module.texts.shortNameOfFileX());
 }
 
 TEST(Translations, MakeThePatternOfAFlagButNotTheNamesThatTheHostWrites) {
   const InstalledCatalogue catalogue;
   const Module module;
-  const std::vector<wxString>& texts = module.texts.madeAtLoad;
-  EXPECT_EQ(wxT("\n(Versuchsvariable)"), texts[1]);
-  EXPECT_EQ(wxT("Participant\nGroup"), texts[2]);
-  EXPECT_EQ(wxT("Reaction Time\n(Trial Variable)"), texts[3]);
+  EXPECT_EQ(wxT("\n(de) (Trial Variable)"), module.texts.trialVariablePattern);
+  const std::vector<wxString>& names = module.texts.namesThatTheHostWrites;
+  EXPECT_EQ(wxT("Block\nName"), names[2]);
+  EXPECT_EQ(wxT("Trial\nName"), names[3]);
+  EXPECT_EQ(wxT("Key"), names[6]);
+  EXPECT_EQ(wxT("Error\nCode"), names[8]);
+  EXPECT_EQ(wxT("Reaction\nTime"), names[9]);
+  EXPECT_EQ(wxT("Reaction Time\n(Trial Variable)"), names[10]);
 }
 
 TEST(Translations, OfALaterCatalogueDoNotChangeWhatWasMadeAtLoad) {
   const Module module;
   const InstalledCatalogue catalogue;
-  TranslatedTexts texts = module.texts;
-  EXPECT_EQ(wxT("[Missing\nCol Name]"), texts.madeAtLoad[0]);
-  EXPECT_EQ(wxT("\n(Trial Variable)"), texts.madeAtLoad[1]);
-  EXPECT_EQ(WORDS_FOR_SHORT_FILES, texts.madeAtLoad[8]);
-  EXPECT_EQ(wxT("Success"), texts.successReport());
+  const TranslatedTexts texts = module.TextsNow();
+  ASSERT_EQ(MADE_AT_LOAD.size(), texts.madeAtLoad.size());
+  for (std::size_t i = 0; i < MADE_AT_LOAD.size(); ++i) {
+    EXPECT_EQ(wxString(MADE_AT_LOAD[i]), texts.madeAtLoad[i]);
+  }
+  EXPECT_EQ(wxT("\n(Trial Variable)"), texts.trialVariablePattern);
   EXPECT_EQ(wxT("x.y"), texts.shortNameOfFileX());
-  EXPECT_EQ(wxT("first"), texts.ordinal(1));
-  EXPECT_EQ(WORDS_FOR_SHORT_FILES,
-            MUConcreteExperimentDataFileTxt::USERFRIENDLY_ERROR_TEXT_FILE_TOO_SHORT);
 }
 
 TEST(Translations, OfTheStandardHeadingsAreMadeAtTheirFirstUseForGood) {
   const Module module;
-  {
-    const InstalledCatalogue catalogue;
-    EXPECT_EQ(wxT("Block-\nname"), module.texts.heading(0));
-    EXPECT_EQ(wxT("Trial\nName"), module.texts.heading(1)) << "not in the catalogue";
-    EXPECT_EQ(wxT("Reaktions-\nzeit"), module.texts.heading(3));
+  for (int use = 0; use < 2; ++use) {
+    const auto catalogue = use == 0 ? std::make_unique<InstalledCatalogue>() : nullptr;
+    for (std::size_t i = 0; i < HEADINGS.size(); ++i) {
+      EXPECT_EQ(wxString(InGerman(HEADINGS[i])), module.texts.heading(static_cast<int>(i)));
+    }
   }
-  EXPECT_EQ(wxT("Block-\nname"), module.texts.heading(0));
 }
 
 TEST(Translations, OfAnEmptyTextAreEmpty) {
