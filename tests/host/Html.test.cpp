@@ -24,7 +24,7 @@ class HtmlTest : public VerifyDatafilesTest {
 };
 
 TEST_F(HtmlTest, AllSamplesMakeASmallPageWithEveryTimeAgainstItsBounds) {
-  const Finished finished = Verify({OMBRELIA_SOURCE_DIR "/samples/datafiles", "--html", "page.html",
+  const Finished finished = Verify({std::string(OMBRELIA_SOURCE_DIR) + "/samples/datafiles", "--html", "page.html",
                                     "--json", "results.json", "-q"});
   EXPECT_EQ(finished.status, 0) << finished.err;
   const std::string text = ReadFile(m_folder / "page.html");
@@ -94,7 +94,7 @@ TEST_F(HtmlTest, HostileCellsOfADataFileStayTexts) {
   EXPECT_LT(ReadFile(m_folder / "page.html").size(), 200000u);
   EXPECT_EQ(ElementsOf(Page(), "script").size(), 1u);
   const Finished read = RunProgram(
-      {"/usr/bin/python3", OMBRELIA_SOURCE_DIR "/tests/host/read_page.py", m_folder / "page.html"});
+      {"/usr/bin/python3", std::string(OMBRELIA_SOURCE_DIR) + "/tests/host/read_page.py", m_folder / "page.html"});
   EXPECT_EQ(read.status, 0) << read.out << read.err;
 }
 

@@ -14,7 +14,7 @@ namespace {
 using namespace OmbreliaHost;
 
 TEST(Manifest, HasEveryEntryOfTheTable) {
-  const auto table = nlohmann::json::parse(ReadFile(OMBRELIA_SOURCE_DIR "/verifiers/manifest.json"))
+  const auto table = nlohmann::json::parse(ReadFile(std::string(OMBRELIA_SOURCE_DIR) + "/verifiers/manifest.json"))
                          .at("verifiers");
   ASSERT_EQ(Verifiers().size(), table.size());
   for (std::size_t i = 0; i < table.size(); ++i) {
@@ -40,7 +40,7 @@ TEST(Manifest, KnowsWhatIsTolerated) {
 TEST(Manifest, EveryToleratedTestIsOneThatItsVerifierReports) {
   for (const VerifierEntry& entry : Verifiers()) {
     const std::string source =
-        ReadFile(OMBRELIA_SOURCE_DIR "/verifiers/" + entry.className + ".cpp");
+        ReadFile(std::string(OMBRELIA_SOURCE_DIR) + "/verifiers/" + entry.className + ".cpp");
     for (const std::string& test : entry.toleratedFailures) {
       EXPECT_NE(source.find("\"" + test + "\""), std::string::npos)
           << entry.className << " " << test;
@@ -67,7 +67,7 @@ TEST(Manifest, KnowsWhatChanceFails) {
 TEST(Manifest, EveryTestThatChanceFailsIsOneThatItsVerifierReports) {
   for (const VerifierEntry& entry : Verifiers()) {
     const std::string source =
-        ReadFile(OMBRELIA_SOURCE_DIR "/verifiers/" + entry.className + ".cpp");
+        ReadFile(std::string(OMBRELIA_SOURCE_DIR) + "/verifiers/" + entry.className + ".cpp");
     for (const ChanceFailure& chance : entry.chanceFailures) {
       EXPECT_NE(source.find("\"" + chance.test + "\""), std::string::npos)
           << entry.className << " " << chance.test;

@@ -12,7 +12,7 @@ namespace {
 TEST(ProgramSymbols, ShowNothingOfTheRoomsToThePlugin) {
   const Tests::Finished nm =
       Tests::RunProgram({"nm", "--dynamic", "--defined-only", "--format=posix",
-                         OMBRELIA_BIN_DIR "/verify-datafiles"});
+                         std::string(OMBRELIA_BIN_DIR) + "/verify-datafiles"});
   ASSERT_EQ(nm.status, 0) << nm.err;
   std::istringstream lines(nm.out);
   for (std::string line; std::getline(lines, line);) {

@@ -19,8 +19,8 @@ class ResultsSchemaTest : public VerifyDatafilesTest {
   // What a validator of another hand says of the files; nothing if they are as the schema says.
   Finished Validate(const std::vector<std::string>& names) {
     std::vector<std::string> command = {"/usr/bin/python3",
-                                        OMBRELIA_SOURCE_DIR "/tests/host/validate_json.py",
-                                        OMBRELIA_SOURCE_DIR "/docs/results.schema.json"};
+                                        std::string(OMBRELIA_SOURCE_DIR) + "/tests/host/validate_json.py",
+                                        std::string(OMBRELIA_SOURCE_DIR) + "/docs/results.schema.json"};
     for (const std::string& name : names) command.push_back(m_folder / name);
     return RunProgram(command);
   }

@@ -25,7 +25,7 @@ std::string ComplaintOn(const Options& changed) {
   std::vector<std::string> command = {OMBRELIA_CMAKE_COMMAND};
   for (const auto& [name, value] : options) command.push_back("-D" + name + "=" + value);
   command.push_back("-P");
-  command.push_back(OMBRELIA_SOURCE_DIR "/cmake/Deployment.cmake");
+  command.push_back(std::string(OMBRELIA_SOURCE_DIR) + "/cmake/Deployment.cmake");
   const Tests::Finished finished = Tests::RunProgram(command);
   EXPECT_EQ(finished.status == 0, finished.err.empty()) << finished.err;
   return finished.err;
@@ -97,7 +97,7 @@ TEST(Deployment, BuildsTheComparisonOfTheHostsLibraryAlsoWithoutOtherTests) {
   const Tests::Finished configured = Tests::RunProgram(
       {OMBRELIA_CMAKE_COMMAND, "-S", OMBRELIA_SOURCE_DIR, "-B", build, "-D", "OMBRELIA_TESTS=OFF",
        "-D", "OMBRELIA_PLUGINCOMMON_LIBRARY=" OMBRELIA_HOST_LIBRARY, "-D",
-       "OMBRELIA_PLUGINCOMMON_INCLUDE_DIR=" OMBRELIA_SOURCE_DIR "/hostsdk"});
+       std::string("OMBRELIA_PLUGINCOMMON_INCLUDE_DIR=") + OMBRELIA_SOURCE_DIR + "/hostsdk"});
   ASSERT_EQ(configured.status, 0) << configured.err;
   const Tests::Finished built = Tests::RunProgram(
       {OMBRELIA_CMAKE_COMMAND, "--build", build, "--target", "test_host_library"});

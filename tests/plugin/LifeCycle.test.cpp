@@ -6,6 +6,7 @@
 #include <memory>
 #include <set>
 
+#include "Tabulon/src/machine/MUMachine.h"
 #include "tests/BuildPaths.h"
 #include "tests/support/Files.h"
 #include "tests/support/Process.h"

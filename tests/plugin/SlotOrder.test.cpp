@@ -15,6 +15,7 @@
 #include <sstream>
 #include <vector>
 
+#include "Tabulon/src/machine/MUMachine.h"
 #include "framework/StimAreaData.h"
 #include "tests/BuildPaths.h"
 #include "tests/Deployment.h"
@@ -108,6 +109,11 @@ class LibrarySymbols {
   std::map<std::string, Table> m_tables;
   std::map<std::uintptr_t, std::set<std::string>> m_names;
 };
+
+void ExpectSize(const LibrarySymbols::Table& table, const Names& operations) {
+  if (MU_HAS_ADDRESS_SANITIZER) return;  // which adds a zone to a table's end
+  EXPECT_EQ(table.size, (operations.size() + 2) * sizeof(void*));
+}
 
 // An address that two operations of the list share does not tell which one is meant, and fails.
 void ExpectEntries(const LibrarySymbols& symbols, void* const* table, const Names& expected) {
@@ -244,8 +250,7 @@ TEST_F(SlotOrderTest, ThePluginHasTheOperationsOfTheHostsBaseAndThenItsOwn) {
                             "LogAssertionFailureAsTestFailure",
                             "FlushTestOutput"};
   ExpectEntries(symbols, TableOfTheObject(), operations);
-  EXPECT_EQ(symbols.TableOf("DataHookOutputTestingPlugin").size,
-            (operations.size() + 2) * sizeof(void*));
+  ExpectSize(symbols.TableOf("DataHookOutputTestingPlugin"), operations);
 }
 
 TEST_F(SlotOrderTest, TheReportWriterHasItsOperationsInOrder) {
@@ -253,8 +258,7 @@ TEST_F(SlotOrderTest, TheReportWriterHasItsOperationsInOrder) {
   const Names operations = {"complete destructor", "deleting destructor", "NewTestSuite",
                             "AddPassingTestResult", "AddFailingTestResult"};
   ExpectEntries(symbols, TableAt(symbols, "ConcreteFakeJUnitPrinter"), operations);
-  EXPECT_EQ(symbols.TableOf("ConcreteFakeJUnitPrinter").size,
-            (operations.size() + 2) * sizeof(void*));
+  ExpectSize(symbols.TableOf("ConcreteFakeJUnitPrinter"), operations);
 }
 
 TEST_F(SlotOrderTest, EachVerifierHasTheOperationsOfItsBaseInOrder) {
@@ -272,7 +276,7 @@ TEST_F(SlotOrderTest, EachVerifierHasTheOperationsOfItsBaseInOrder) {
       operations.push_back("GetTargetedColumnName");
     }
     ExpectEntries(symbols, TableAt(symbols, className), operations);
-    EXPECT_EQ(symbols.TableOf(className).size, (operations.size() + 2) * sizeof(void*));
+    ExpectSize(symbols.TableOf(className), operations);
     ++verifiers;
   }
   EXPECT_EQ(verifiers, 68U);
