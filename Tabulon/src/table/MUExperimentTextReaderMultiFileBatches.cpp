@@ -8,6 +8,7 @@
 #include "Tabulon/src/reading/MUInterfaceExperimentDataFileInputReader.h"
 #include "Tabulon/src/rows/MUColumnNamePlusProperties.h"
 #include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
+#include "Tabulon/src/table/MUFileFlags.h"
 #include "Tabulon/src/table/MUInterfaceExperimentDataObserver.h"
 #include "Tabulon/src/table/MUTableEvents.h"
 #include "Tabulon/src/text/MUUtilitarianFunctions.h"
@@ -103,6 +104,7 @@ void MUExperimentTextReaderMultiFile::DeleteColumnsWithoutFile() {
         return true;
       });
   m_columns.erase(end, m_columns.end());
+  m_filesThatWereSuppressed = FilesWithASuppressedShare(m_columns);
 }
 
 void MUExperimentTextReaderMultiFile::SimultaneousFileRequestsSuppressAndUnsuppress(

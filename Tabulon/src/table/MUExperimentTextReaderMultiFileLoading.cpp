@@ -80,7 +80,18 @@ void MUExperimentTextReaderMultiFile::MergeNewHeadingsWithOldHeadings(
 
 void MUExperimentTextReaderMultiFile::UnsuppressColumnsBasedOnMultipleFileNames(
     const std::deque<wxString>& fullNames) {
-  UnsuppressColumnsForFiles(m_columns, MUFileNames(fullNames.begin(), fullNames.end()));
+  const MUFileNames names(fullNames.begin(), fullNames.end());
+  const bool noShareIsSuppressed =
+      RowsAreOurs() && std::none_of(names.begin(), names.end(), [this](const wxString& name) {
+        return m_filesThatWereSuppressed.count(name) != 0;
+      });
+  // A walk over all shares for each file that is loaded would make the time of a load grow with their number.
+  if (noShareIsSuppressed) {
+    ShowColumnsWithALiveShare(m_columns);
+    return;
+  }
+  UnsuppressColumnsForFiles(m_columns, names);
+  for (const wxString& name : names) m_filesThatWereSuppressed.erase(name);
 }
 
 void MUExperimentTextReaderMultiFile::MaintainRunningListOfExperimentFiles(const wxString& fullName,
