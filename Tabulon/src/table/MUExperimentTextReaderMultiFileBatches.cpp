@@ -161,6 +161,7 @@ bool MUExperimentTextReaderMultiFile::IdleWorkRemains() const {
 }
 
 void MUExperimentTextReaderMultiFile::IterateThroughTheNotificationLoops() {
+  if (m_observers.empty()) return;
   int lastPreservedRow = -1;
   int lastPreservedColumn = -1;
   GetOuterLimitsOfPreservedRange(&lastPreservedRow, &lastPreservedColumn);
