@@ -12,7 +12,7 @@
 
 // Effect: one row's record. A reader makes rows; the table owns and deletes them. A row made by the default
 // constructor is a plain record that is filled through its maps.
-// Cost: 80 bytes a row. Fast reading, without a copy: if HasOverlay() is false and Block() is not null, the
+// Cost: 64 bytes a row. Fast reading, without a copy: if HasOverlay() is false and Block() is not null, the
 // row's cell in a column is CellAt(Block()->PositionOf(name)), where the position may be looked up once per
 // block and column. A name that Block()->FindHiddenCell knows has the hidden text instead, but the cell's
 // sort keys.
