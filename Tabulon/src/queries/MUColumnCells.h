@@ -1,4 +1,4 @@
-// The cells of one column side by side, for who reads them in another order than that of the files.
+// One column's cells by row key, side by side, for reading in any order.
 #ifndef OMBRELIA_TABULON_SRC_QUERIES_MUCOLUMNCELLS_H
 #define OMBRELIA_TABULON_SRC_QUERIES_MUCOLUMNCELLS_H
 
@@ -27,7 +27,7 @@ class MUColumnCells {
   MUCellText TextOf(unsigned long key) const {
     return key - m_firstKey < m_cells.size() ? m_cells[key - m_firstKey] : m_undefinedText;
   }
-  // Whether it would be the same if it were made now; takes a look at each file. rows: the same.
+  // Whether the cells still match the rows; checks each file's version. rows: the same store.
   bool TellsTheCellsOf(const MURowStore& rows) const;
   std::size_t FileCount() const { return m_files.size(); }
 

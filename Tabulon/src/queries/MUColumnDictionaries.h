@@ -27,7 +27,7 @@ class MUColumnDictionaries {
   Pointer OfFewTexts(const wxString& column, const MURowStore& rows);
   // Null if none is kept.
   Pointer Find(const wxString& column, const MURowStore& rows);
-  // Lets go of those that rows which came or went have made useless, and of the files that they keep.
+  // Drops dictionaries made stale by inserted, erased or moved rows, and the files they keep.
   void DropStale(const MURowStore& rows);
 
  private:

@@ -40,7 +40,7 @@ class MUColumnDictionary {
   std::uint32_t NumberOfText(const MUCellText& text) const;
   // Whether no row had entries of its own, which may be written at any time.
   bool RowsArePlain() const { return m_ownRows.empty(); }
-  // Whether it would be the same if it were made now. rows: the same, of which none has come or gone.
+  // Whether the rows still have these texts. rows: the same store, nothing inserted or erased.
   bool TellsTheTextsOf(const MURowStore& rows) const;
   // Whether the line of every row reaches to the column.
   bool EveryRowHasTheCell() const { return m_everyRowHasTheCell; }

@@ -8,8 +8,9 @@ struct MUSingleRowDataPlusRowProperties;
 
 // Effect: says which rows a search finds. It may search, sort, notify or change flags by itself; the search
 // still visits the rows that were there at its start, without those that were deleted meanwhile.
-// Cost: called once for every row of a search whose answer is not cached. Where a call wrote to a row, the next
-// notification of the table is a full one.
+// Cost: called once for every row of a search whose answer is not cached. A call that changed the row's flags, key,
+// places or reaction time, or inserted or erased rows, makes the table's next notification a full one. A written cell
+// alone does not.
 // Lifetime: the table borrows the decider for the search, and the decider the row for the call: it must neither
 // write to it later nor keep what it borrowed from the row's maps.
 // Threads: called on the thread that searches.

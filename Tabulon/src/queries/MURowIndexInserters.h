@@ -1,5 +1,4 @@
-// Output iterators that turn rows into their indices: what is assigned is a row, what is appended is the
-// row's index among the rows of one set, as the last notification or sort wrote it.
+// Output iterators: assigning a row appends its index in one set, as last written by a notification or sort.
 //
 // Cost: one list entry per row. Lifetime: the list is borrowed and must outlive the iterator. Threads: one at
 // a time. Failure: a row that is not in the set gives the index that it had there last.

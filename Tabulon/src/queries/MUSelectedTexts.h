@@ -11,7 +11,7 @@
 #include "Tabulon/src/memory/MUScratchArray.h"
 #include "Tabulon/src/text/MUCellText.h"
 
-// Effect: holds the texts as they stand in the files, and copies them for who asks.
+// Effect: holds views of the files' texts; ToTexts copies them.
 // Cost: a pointer and a length per text; ToTexts makes a text each.
 // Lifetime: keeper owns what the texts are borrowed from, so that the answer may outlive the rows.
 // Threads: any number may read it.

@@ -1,5 +1,7 @@
 #include "Tabulon/src/reading/MUDataFileInputReaderFactory.h"
 
+#include <typeinfo>
+
 #include "Tabulon/src/reading/MUConcreteExperimentDataFileTxt.h"
 #include "Tabulon/src/reading/MUConcreteInMemoryDataFile.h"
 
@@ -17,4 +19,10 @@ MUDataFileInputReaderFactory::GetExperimentDataFileInputReader(
       break;
   }
   return new MUConcreteExperimentDataFileTxt(file, true, handler);
+}
+
+bool MUDataFileInputReaderFactory::MakesReadersLike(
+    const MUInterfaceExperimentDataFileInputReader& reader) {
+  return typeid(reader) == typeid(MUConcreteExperimentDataFileTxt) ||
+         typeid(reader) == typeid(MUConcreteInMemoryDataFile);
 }

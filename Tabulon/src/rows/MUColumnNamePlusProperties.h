@@ -25,7 +25,7 @@ struct FileStatusStruct {
   std::int16_t m_suppressed;  // 0 the file's share of the column is live, 1 suppressed
 };
 
-// A column's record, written by the reader and then by the table. Plain data: whoever has it may read and write it.
+// A column's record, written by the reader and then by the table. Plain data: any holder may read and write it.
 struct MUColumnNamePlusProperties {
   MUColumnNamePlusProperties() : m_columnPropertyFlags(0), m_dataType(0) {}
 

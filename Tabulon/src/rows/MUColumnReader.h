@@ -12,10 +12,10 @@
 #include "Tabulon/src/rows/MUSingleRowDataPlusRowProperties.h"
 #include "Tabulon/src/text/MUCellText.h"
 
-// Reads the cells of one column in any rows, hidden cells like any other. The column is looked up once for each
-// file that the rows come from, and a cell is then found in constant time; a row with entries of its own is
-// searched for its cell. What it answers is borrowed from the row: valid until the cell is written or the row
-// deleted. No row may be deleted while the reader is in use. For one thread. Throws std::bad_alloc.
+// Reads the cells of one column in any rows, hidden cells like any other. Looks the column up once per file; then
+// each cell takes constant time. A row with own entries is searched. What it answers is borrowed from the row: valid
+// until the cell is written or the row deleted. While the reader is in use, no row may be deleted and no file may gain
+// a column. For one thread. Throws std::bad_alloc.
 class MUColumnReader {
  public:
   explicit MUColumnReader(const wxString& name) : m_name(name) {}
@@ -27,8 +27,8 @@ class MUColumnReader {
     return m_hiddenText != nullptr ? ViewOf(*m_hiddenText) : row.CellAt(m_position);
   }
 
-  // What the row's line says of the cell, whatever entries the row has of its own; no value if the file had no such
-  // column when the row was read. The row must have a block.
+  // The cell's text in the file's line, ignoring the row's own entries. No value if the column was unknown when the
+  // row was read. The row must have a block.
   std::optional<MUCellText> TextInLine(const MUSingleRowDataPlusRowProperties& row) {
     if (row.Block() != m_block) LookUpIn(*row.Block());
     if (m_hiddenText != nullptr) return ViewOf(*m_hiddenText);
@@ -42,18 +42,9 @@ class MUColumnReader {
     return m_hiddenText != nullptr ? ViewOf(*m_hiddenText) : block.Cell(line, m_position);
   }
 
-  // Calls up into the cache what TextOf reads of a line that comes later, most likely in the file that was met last.
+  // Prefetches what TextOf will read of a later line, if that is in the file that was met last.
   void Prefetch(const MUDataFileBlock& block, std::size_t line) const {
     block.PrefetchCell(line, m_position);
-  }
-
-  // True, with the cell's position in the row's line, if the row is a mere view of its file's block and the cell is
-  // not a hidden one. Otherwise false, and only the row's maps know the cell.
-  bool FindPosition(const MUSingleRowDataPlusRowProperties& row, std::size_t& position) {
-    if (row.Block() == nullptr || row.HasOverlay()) return false;
-    if (row.Block() != m_block) LookUpIn(*row.Block());
-    position = m_position;
-    return m_hiddenText == nullptr;
   }
 
   // A view of the text, valid as long as that is neither changed nor deleted.

@@ -15,9 +15,9 @@
 #include "Tabulon/src/memory/MUPooledMemory.h"
 #include "Tabulon/src/text/MUCellText.h"
 
-// Holds the cells of all data rows of one file as one run of characters with an offset for each cell, the names
-// of the columns by position, and the hidden cells, which are the same on every row. Rows and positions are
-// counted from 0, data rows only.
+// Holds the cells of all data rows of one file as one run of characters with an offset for each cell. It also
+// holds the names of the columns by position, and the hidden cells, which are the same on every row. Rows and
+// positions are counted from 0, data rows only.
 //
 // Cost: a cell is found in constant time and never copied; a column's name in the logarithm of their number.
 // Lifetime: rows and the reader share the block by reference count, and it is deleted with the last of them. The
@@ -118,13 +118,13 @@ class MUDataFileBlock {
   // The text of the first hidden cell of that name, or null.
   const wxString* FindHiddenCell(const wxString& name) const;
 
-  // Changes whenever a row of the block gets its first own entry or becomes another row; compare it to
-  // detect what was concluded from the block alone and no longer holds. Rows call NoteChangedRow.
+  // Changes when a row gets its first own entry or is assigned to; compare it to detect stale facts. Rows
+  // call NoteChangedRow.
   unsigned long VersionOfRows() const { return m_versionOfRows; }
   void NoteChangedRow() const { m_versionOfRows = ++m_changeCount; }
   // How many such changes there have been; no two of them lead to the same version.
   unsigned long ChangeCount() const { return m_changeCount; }
-  // The last change was taken back: all rows are again as they were at that version.
+  // Restores the version from before the last change, which was undone.
   void NoteChangeTakenBack(unsigned long version) const { m_versionOfRows = version; }
 
  private:

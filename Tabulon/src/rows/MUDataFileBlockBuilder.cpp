@@ -56,7 +56,7 @@ void ForEachControlCharacter(const char* begin, const char* end, const TAKE& tak
   ForEachMarked(begin, end, MUMarkControlCharacters, take);
 }
 
-// Where the text goes on behind the line end at the place.
+// The position after the line end at `at`.
 const char* BehindLineEnd(const char* at, const char* end) {
   return end - at > 1 && at[1] == '\n' ? at + 2 : at + 1;
 }

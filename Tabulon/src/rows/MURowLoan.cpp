@@ -1,6 +1,7 @@
 #include "Tabulon/src/rows/MURowLoan.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace {
 
@@ -29,7 +30,10 @@ void MURowLoan::Lend(Row& row) {
 
 bool MURowLoan::Return(const Row& row) {
   if (m_block != nullptr && row.HasOverlay()) {
-    if (m_overlays != nullptr) Forget();
+    if (m_overlays != nullptr) {  // the row could not take those, and made its own
+      m_overlays.reset();
+      m_entries.clear();
+    }
     if (LineIsAsItWas(row) && EntriesSayWhatTheLineSays(row)) {
       m_overlays = row.m_text.TakeOverlaysBack(m_version);
     }
@@ -39,9 +43,13 @@ bool MURowLoan::Return(const Row& row) {
 }
 
 MURowLoan::Numbers MURowLoan::NumbersOf(const Row& row) {
+  // Compared by its bits: a reaction time that is no number is not equal to itself.
+  std::uint64_t reactionTime;
+  static_assert(sizeof(reactionTime) == sizeof(row.m_reactionTime));
+  std::memcpy(&reactionTime, &row.m_reactionTime, sizeof(reactionTime));
   return {row.m_rowPropertyFlags,    row.m_rowKey,
           row.m_indexAmongAllRows,   row.m_indexAmongActiveRows,
-          row.m_indexAmongShownRows, row.m_reactionTime};
+          row.m_indexAmongShownRows, reactionTime};
 }
 
 // Whether nothing has happened to the file's rows but that this one got entries.

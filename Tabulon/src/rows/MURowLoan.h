@@ -5,6 +5,7 @@
 #include <wx/string.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <tuple>
 #include <vector>
@@ -12,9 +13,8 @@
 #include "Tabulon/src/rows/MUColumnReader.h"
 #include "Tabulon/src/rows/MURowOverlays.h"
 
-// Effect: takes back the entries that a row's maps made during a look because somebody asked for them by reference.
-// A row whose entries say what its line says becomes a mere line again; any other one keeps them. The entries
-// are lent once more with the next row, with that row's texts: who looks at many rows asks for the same in each.
+// Effect: removes the entries that a look at a row created, if they equal the row's line; else the row keeps them.
+// The next row reuses them, with its own texts, because a decider usually reads the same columns of every row.
 // Cost: a copy and a comparison for each entry.
 // Lifetime: what was borrowed from a row's maps holds until Return, and longer only if the row keeps it.
 // Threads: one at a time for all rows of a file.
@@ -30,8 +30,8 @@ class MURowLoan {
   void Forget() { *this = MURowLoan(); }
 
  private:
-  using Numbers =
-      std::tuple<std::uint32_t, unsigned long, unsigned long, unsigned long, unsigned long, double>;
+  using Numbers = std::tuple<std::uint32_t, unsigned long, unsigned long, unsigned long,
+                             unsigned long, std::uint64_t>;
   // An entry of the map of cells, and the column that it stands for.
   struct Entry {
     wxString* text;

@@ -1,6 +1,39 @@
 #include "Tabulon/src/rows/MURowStore.h"
 
+#include <atomic>
+#include <limits>
+#include <utility>
+
 #include "Tabulon/src/rows/MUSingleRowDataPlusRowProperties.h"
+
+namespace {
+
+// A store counts its changes in the low half of the bits; the high half is given out once.
+unsigned long VersionThatNoStoreHad() {
+  static std::atomic<unsigned long> versionsGiven{0};
+  return ++versionsGiven << std::numeric_limits<unsigned long>::digits / 2;
+}
+
+}  // namespace
+
+MURowStore::MURowStore(MURowStore&& other) noexcept
+    : m_pages(std::move(other.m_pages)),
+      m_size(std::exchange(other.m_size, 0)),
+      m_version(VersionThatNoStoreHad()),
+      m_runs(std::move(other.m_runs)),
+      m_runsStand(other.m_runsStand) {
+  other.m_version = VersionThatNoStoreHad();
+}
+
+MURowStore& MURowStore::operator=(MURowStore&& other) noexcept {
+  MURowStore taken(std::move(other));
+  std::swap(m_pages, taken.m_pages);
+  std::swap(m_size, taken.m_size);
+  std::swap(m_runs, taken.m_runs);
+  std::swap(m_runsStand, taken.m_runsStand);
+  m_version = VersionThatNoStoreHad();
+  return *this;
+}
 
 bool MURowStore::insert(unsigned long key, Row* row) {
   const std::size_t pageNumber = key / PAGE_SIZE;
@@ -32,13 +65,6 @@ bool MURowStore::erase(unsigned long key) {
   ++m_version;
   ForgetRuns();
   return true;
-}
-
-void MURowStore::clear() {
-  m_pages.clear();
-  m_size = 0;
-  ++m_version;
-  ForgetRuns();
 }
 
 void MURowStore::AppendToRuns(unsigned long key, const Row* row) const {

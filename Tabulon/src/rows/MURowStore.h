@@ -44,7 +44,7 @@ class MURowStore {
     unsigned long versionOfRows;  // the block's when the run was made
 
     bool Holds(unsigned long key) const { return firstKey <= key && key < endKey; }
-    // Of a key that the run holds, or endKey.
+    // key: held by the run, or endKey.
     std::size_t LineOf(unsigned long key) const { return firstRow + (key - firstKey); }
     // Whether the block alone tells what the rows' cells are.
     bool IsPlain() const { return block != nullptr && block->VersionOfRows() == versionOfRows; }
@@ -67,6 +67,11 @@ class MURowStore {
     std::size_t m_place;
   };
 
+  MURowStore() = default;
+  // The other store is empty afterwards. Both get a version that no store had before.
+  MURowStore(MURowStore&& other) noexcept;
+  MURowStore& operator=(MURowStore&& other) noexcept;
+
   std::size_t size() const { return m_size; }
   bool empty() const { return m_size == 0; }
   const_iterator begin() const { return {this, FirstUsedPlaceFrom(0)}; }
@@ -74,7 +79,7 @@ class MURowStore {
 
   // Above every key.
   unsigned long KeyLimit() const { return PlaceCount(); }
-  // Changes on every insertion or erasure; compare it to detect stale cached facts.
+  // Changes on every insertion, erasure and move; compare it to detect stale cached facts.
   unsigned long Version() const { return m_version; }
 
   // Calls action(key, row) for every row in key order. The action must not insert or erase.
@@ -118,7 +123,6 @@ class MURowStore {
   bool insert(unsigned long key, Row* row);
   // Whether there was such a row.
   bool erase(unsigned long key);
-  void clear();
 
  private:
   static constexpr std::size_t PAGE_SIZE = 512;

@@ -54,8 +54,8 @@ class MURowText {
   MURowOverlays& MakeOverlays() const;
   // Gives entries to a row that has none of its own; changes its block's VersionOfRows, too.
   void LendOverlays(std::unique_ptr<MURowOverlays> overlays) const;
-  // Takes all entries from a row that had none at that version of its block, since when the block has seen no
-  // other change: it goes back to that version.
+  // Removes all entries; the block returns to that version. The row must have had no entries then, and the block
+  // must have seen no other change since.
   std::unique_ptr<MURowOverlays> TakeOverlaysBack(unsigned long version) const;
 
  private:

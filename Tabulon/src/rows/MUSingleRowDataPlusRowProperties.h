@@ -13,8 +13,9 @@
 // Effect: one row's record. A reader makes rows; the table owns and deletes them. A row made by the default
 // constructor is a plain record that is filled through its maps.
 // Cost: 64 bytes a row. Fast reading, without a copy: if HasOverlay() is false and Block() is not null, the
-// row's cell in a column is CellAt(Block()->PositionOf(name)), where the position may be looked up once per
-// block and column. A name that Block()->FindHiddenCell knows has the hidden text instead, but the cell's
+// row's cell in a column is CellAt(Block()->PositionOf(name)). A position that was found holds for all rows of
+// the block; a name that was not found may get one, as the block gains columns while its rows are made. A name
+// that Block()->FindHiddenCell knows has the hidden text instead, but the cell's
 // sort keys.
 // Lifetime: what the maps and CellAt lend holds until the row dies, is assigned to, or the entry is erased.
 // Copies are independent of each other but share the block of the file.
@@ -39,8 +40,6 @@ struct MUSingleRowDataPlusRowProperties : MURowMaps {
   const MUDataFileBlock* Block() const { return m_text.Block(); }
   // True once an entry was put into a map or asked for by reference: then only the maps tell the truth.
   bool HasOverlay() const { return m_text.Overlays() != nullptr; }
-  // Whether the line reaches to the position.
-  bool HasSortKeysAt(std::size_t position) const { return position < m_text.CellCount(); }
   // The text of the cell at a position of the block; empty beyond the line's last cell. Any position
   // may be asked for, MUDataFileBlock::NOT_FOUND included.
   MUCellText CellAt(std::size_t position) const { return m_text.Cell(position); }

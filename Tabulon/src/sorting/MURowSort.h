@@ -21,10 +21,11 @@ class MURowStore;
 // Failure: there must be fewer than 2 to the power 32 keys, ascending and each with a row. A column that no row
 // has, or numbers that are none, still give every place once.
 
-// By text. The order is that of these passes, all stable, with the functors of MUSortFunctors.h: the rows
-// whose text fits its sort keys are put first (descending: last); the others are sorted by their full text,
-// and if none fits, that is all; then all are sorted by the third, the second and the first sort key. It is
-// made here with fewer steps.
+// By text. The order is that of these stable passes, with the functors of MUSortFunctors.h:
+//   1. the rows whose text fits its sort keys are put first (descending: last);
+//   2. the other rows are sorted by their full text; if no row fits, the order is complete;
+//   3. all rows are sorted by the third, then by the second, then by the first sort key.
+// It is reached here with fewer steps.
 MUScratchArray<MUPlace> SortedPlaces(const MURowStore& rows, const unsigned long* keys,
                                      std::size_t count, const wxString& column, bool descending);
 

@@ -31,14 +31,13 @@ class MUTextSort {
   // Whether all are stored with one byte for a character.
   bool AllAreNarrow() const { return m_allNarrow; }
 
-  // The texts' places, counted from 0 as they were added, in order. descending: everything the other way
-  // round, but for texts that are equal.
+  // The texts' places, counted from 0 as they were added, in order. descending: the reverse order; equal texts
+  // keep theirs.
   MUScratchArray<MUPlace> Sorted(bool descending) const;
 
  private:
-  // The keys' characters, eight a word, one byte each. The last word has characters 16 and 17, then a bit
-  // that is set if the keys do not cover the text, and then some more characters of such a text, as far as
-  // it is narrow.
+  // The keys' characters, eight a word, one byte each. The last word holds characters 16 and 17, then a bit for
+  // uncovered texts. Further characters of narrow uncovered texts follow.
   using Words = MUKeyPacking<3>::Key;
 
   void Append(const Words& words, const MUCellText& text);

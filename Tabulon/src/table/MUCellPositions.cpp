@@ -1,10 +1,11 @@
 #include "Tabulon/src/table/MUCellPositions.h"
 
 void MUCellPositions::LookUp(const MUDataFileBlock& block) {
-  const auto [place, isNew] = m_entries.try_emplace(&block);
-  Entry& entry = place->second;
-  if (isNew) {
+  Entry& entry = m_entries[&block];
+  if (entry.block == nullptr || entry.columnCount != block.ColumnCount()) {
     entry.block = &block;
+    entry.columnCount = block.ColumnCount();
+    entry.positions.clear();
     entry.positions.reserve(m_names.size());
     for (const wxString& name : m_names) {
       entry.positions.push_back(block.FindHiddenCell(name) != nullptr ? HIDDEN
@@ -12,6 +13,7 @@ void MUCellPositions::LookUp(const MUDataFileBlock& block) {
     }
   }
   m_lastBlock = &block;
+  m_lastColumnCount = entry.columnCount;
   m_lastPositions = &entry.positions;
 }
 

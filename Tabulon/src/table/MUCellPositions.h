@@ -11,9 +11,9 @@
 
 #include "Tabulon/src/rows/MUDataFileBlock.h"
 
-// Effect: remembers the positions of columns, so that only a file's first cell costs a search for names.
-// Cost: a position per file and column; the first cell of a file looks all columns up. A change of a name
-// costs all that was remembered.
+// Effect: remembers column positions per file; only a file's first cell searches for names.
+// Cost: a position per file and column; the first cell of a file looks all columns up, and so does the first one
+// after the file gained a column. A change of a name costs all that was remembered.
 // Lifetime: it keeps the blocks that it knows alive until Clear, so that none of them can be taken for
 // another one at the same address.
 // Threads: one at a time.
@@ -30,7 +30,7 @@ class MUCellPositions {
       Clear();
       m_names = names;
     }
-    if (m_lastBlock != &block) LookUp(block);
+    if (m_lastBlock != &block || m_lastColumnCount != block.ColumnCount()) LookUp(block);
     return (*m_lastPositions)[place];
   }
   void Clear();
@@ -38,6 +38,7 @@ class MUCellPositions {
  private:
   struct Entry {
     boost::intrusive_ptr<const MUDataFileBlock> block;
+    std::size_t columnCount = 0;  // a block may gain columns while its rows are made
     std::vector<std::size_t> positions;
   };
 
@@ -46,6 +47,7 @@ class MUCellPositions {
   std::vector<wxString> m_names;  // that the positions belong to
   std::unordered_map<const MUDataFileBlock*, Entry> m_entries;
   const MUDataFileBlock* m_lastBlock = nullptr;
+  std::size_t m_lastColumnCount = 0;
   const std::vector<std::size_t>* m_lastPositions = nullptr;
 };
 

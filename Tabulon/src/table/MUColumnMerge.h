@@ -9,9 +9,8 @@
 struct MUColumnNamePlusProperties;
 
 // Effect: takes over every object in arrivals, which is empty afterwards. A name that the table has adds the
-// file to that column and frees the arrival. A new column is put behind the column that precedes it in the
-// file, or at the very front if none does; without insertInPlace it is put at the end. A new column with an
-// empty name is freed.
+// file to that column and frees the arrival. A new column follows its predecessor in the file, or comes first
+// if it has none. Without insertInPlace it comes last. A new column with an empty name is freed.
 // Cost: the number of columns times that of arrivals, in comparisons of names.
 // Lifetime: both lists own their columns.
 // Threads: one at a time.

@@ -17,7 +17,7 @@
 // Effect: reads cells by row key and column, and keeps the dictionaries of columns. What it remembers never
 // changes an answer: it is held against the rows and names before it is used.
 // Cost: a cell of a plain row costs no search for a name; the memory of a whole window's rows is fetched
-// side by side. Of a column of which a good part is read in one go, all cells are then put side by side.
+// side by side. Once a good part of a column was read in one pass, all its cells are stored side by side.
 // Lifetime: texts are borrowed until the cell is written or the row deleted. Files that were read are kept
 // until ForgetStale.
 // Threads: one at a time.

@@ -3,8 +3,8 @@
 // Effect: everything that changes the table changes records and sets a bit; the lists by which queries by
 // index answer are rebuilt once, by the notification. Without a viewer that happens inside
 // AddExperimentOcurrence_SimulateIdleLoop_UsedWhenNoTabulonWindowIsShown, with one inside OnIdle.
-// Cost: a notification walks over all rows, and sorts them if a sort column is set. An object of this very
-// class, which nobody hooks, appends the rows that arrived where nothing else can have happened to rows.
+// Cost: a notification walks over all rows, and sorts them if a sort column is set. An object of this class
+// itself, not a derived one, appends arrived rows if no other row can have changed.
 // Lifetime: rows, columns and results by pointer belong to the table; observers, printer and error handler are
 // borrowed and must outlive it.
 // Threads: one, that of the event loop; no lock. Const operations write caches.
@@ -189,7 +189,7 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
   // Takes the reader's columns over.
   virtual void MergeNewHeadingsWithOldHeadings(MUInterfaceExperimentDataFileInputReader* reader,
                                                const wxString& fullName);  // Loading
-  // Takes the reader's rows over.
+  // Takes the reader's rows over. A row whose key is taken replaces the old one, which is deleted.
   virtual void ExtractAll(MUInterfaceExperimentDataFileInputReader* reader);  // Loading
   virtual void EraseCachesOfQueries();                                        // Queries
   // Rebuild the lists of row keys, in load order or sorted.
@@ -228,7 +228,7 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
   std::deque<MUColumnNamePlusProperties*> m_columns;  // in display order; owned
   MURowStore m_rows;                                  // the rows are owned
   mutable std::list<MUCachingKeySelectedData> m_redFlagDependentKeys;
-  unsigned long m_nextRowKey = 0;
+  unsigned long m_nextRowKey = 0;  // m_rows takes memory for all keys below it
   bool m_insertNewColumnsInPlace = true;
   bool m_notificationPending = false;
   mutable std::list<MUInterfaceExperimentDataObserver*> m_observers;  // not owned
@@ -295,6 +295,7 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
   // Batches
   void DeleteColumnsWithoutFile();
 
+  bool m_columnsAreOurs = true;  // no reader that may keep its columns has handed them over
   // Every file of which this class has suppressed a column's share, and perhaps some whose shares are live again.
   MUFileNames m_filesThatWereSuppressed;
   mutable MUColumnTexts m_columnTexts{CELL_STRING_VALUE_WHEN_CELL_IS_UNDEFINED};

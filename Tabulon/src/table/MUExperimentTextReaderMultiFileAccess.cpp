@@ -1,23 +1,17 @@
 // The lists of row keys and plain access by row and column.
 #include <algorithm>
 #include <cstdint>
-#include <limits>
 #include <typeinfo>
 
 #include "Tabulon/src/rows/MUColumnNamePlusProperties.h"
 #include "Tabulon/src/rows/MUSingleRowDataPlusRowProperties.h"
 #include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
+#include "Tabulon/src/table/MUNearest.h"
 
 namespace {
 
 // A negative index wraps to a number that is past every end.
 std::size_t Place(int index) { return static_cast<std::size_t>(index); }
-
-// The count, or the greatest int if it lies beyond that.
-int NearestInt(unsigned long count) {
-  constexpr unsigned long greatest = std::numeric_limits<int>::max();
-  return static_cast<int>(std::min(count, greatest));
-}
 
 }  // namespace
 
@@ -59,11 +53,11 @@ bool MUExperimentTextReaderMultiFile::SortColumnHasAnActiveFile() const {
 }
 
 int MUExperimentTextReaderMultiFile::GetNumberOfDataRows() const {
-  return NearestInt(m_shownRowCount);
+  return MUNearest<int>(m_shownRowCount);
 }
 
 int MUExperimentTextReaderMultiFile::GetNumberOfDataColumns() const {
-  return NearestInt(m_shownColumnCount);
+  return MUNearest<int>(m_shownColumnCount);
 }
 
 wxString MUExperimentTextReaderMultiFile::GetDataCellValue(int row, int column) const {
@@ -106,10 +100,10 @@ wxString MUExperimentTextReaderMultiFile::GetColumnNameText(int column) const {
 }
 
 int MUExperimentTextReaderMultiFile::GetColumnPositionNumberFromText(const wxString& name) const {
-  const auto found = std::find(m_currentColumnNames->begin(), m_currentColumnNames->end(), name);
-  return found == m_currentColumnNames->end()
-             ? -1
-             : static_cast<int>(std::distance(m_currentColumnNames->begin(), found));
+  const std::vector<wxString>& names = *m_currentColumnNames;
+  const auto found = std::find(names.begin(), names.end(), name);
+  if (found == names.end()) return -1;
+  return MUNearest<int>(static_cast<std::size_t>(found - names.begin()));
 }
 
 std::vector<wxString>* MUExperimentTextReaderMultiFile::GetNamesOfAllCurrentlyDisplayedColumns() {

@@ -10,6 +10,7 @@
 #include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
 #include "Tabulon/src/table/MUFileFlags.h"
 #include "Tabulon/src/table/MUInterfaceExperimentDataObserver.h"
+#include "Tabulon/src/table/MUNearest.h"
 #include "Tabulon/src/table/MUTableEvents.h"
 #include "Tabulon/src/text/MUUtilitarianFunctions.h"
 
@@ -44,7 +45,7 @@ void MUExperimentTextReaderMultiFile::SimultaneousFileRequestsAddAndRemove(
 void MUExperimentTextReaderMultiFile::AddMultipleFiles(const std::deque<wxString>& fullNames) {
   if (fullNames.empty()) return;
   static const wxString identifier(wxT("MUExperimentTextReaderMultiFile::AddMultipleFiles"));
-  const int count = static_cast<int>(fullNames.size());
+  const int count = MUNearest<int>(fullNames.size());
   SendStartMessageToStatusBar(
       identifier, wxString::Format(wxGetTranslation(wxT("Adding %d file(s)...")), count), -1);
   for (const wxString& name : fullNames) {
@@ -57,7 +58,7 @@ void MUExperimentTextReaderMultiFile::AddMultipleFiles(const std::deque<wxString
 void MUExperimentTextReaderMultiFile::RemoveMultipleFiles(const std::deque<wxString>& fullNames) {
   if (fullNames.empty()) return;
   static const wxString identifier(wxT("MUExperimentTextReaderMultiFile::RemoveMultipleFiles"));
-  const int count = static_cast<int>(fullNames.size());
+  const int count = MUNearest<int>(fullNames.size());
   SendStartMessageToStatusBar(
       identifier, wxString::Format(wxGetTranslation(wxT("Removing %d file(s)...")), count), -1);
   for (const wxString& name : fullNames) m_files.erase(name);
@@ -167,8 +168,8 @@ void MUExperimentTextReaderMultiFile::IterateThroughTheNotificationLoops() {
   GetOuterLimitsOfPreservedRange(&lastPreservedRow, &lastPreservedColumn);
   for (MUInterfaceExperimentDataObserver* observer : m_observers) {
     if (observer == nullptr) continue;
-    observer->OnDataShapeChanged(static_cast<unsigned>(m_shownRowCount),
-                                 static_cast<unsigned>(m_shownColumnCount), m_activeRowCount,
+    observer->OnDataShapeChanged(MUNearest<unsigned>(m_shownRowCount),
+                                 MUNearest<unsigned>(m_shownColumnCount), m_activeRowCount,
                                  lastPreservedRow, lastPreservedColumn);
   }
   for (MUInterfaceExperimentDataObserver* observer : m_observers) {

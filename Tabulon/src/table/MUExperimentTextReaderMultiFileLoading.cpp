@@ -17,6 +17,8 @@
 
 namespace {
 
+using Row = MUSingleRowDataPlusRowProperties;
+
 wxString MillisecondsText(unsigned long milliseconds) {
   return wxString::Format(wxGetTranslation(wxT(" %u milliseconds.")),
                           static_cast<unsigned>(milliseconds));
@@ -63,16 +65,26 @@ bool MUExperimentTextReaderMultiFile::AddExperimentOcurrence_private(const wxFil
 void MUExperimentTextReaderMultiFile::ExtractAll(MUInterfaceExperimentDataFileInputReader* reader) {
   const wxUint32 count = reader->GetDataRowCount();
   reader->GoToDataRow(0);
+  // Keys may have started over while rows were there.
+  if (!m_allRowKeys.empty() && m_nextRowKey <= m_allRowKeys.back()) m_loadOrder.Forget();
+  const bool readerMayKeepRows = !MUDataFileInputReaderFactory::MakesReadersLike(*reader);
   for (wxUint32 i = 0; i < count; ++i) {
-    MUSingleRowDataPlusRowProperties* row = reader->CreateAndReturnCurrentRowObject(true);
+    std::unique_ptr<Row> row(reader->CreateAndReturnCurrentRowObject(true));
     if (row == nullptr) break;
-    m_rows.insert(m_nextRowKey, row);
+    if (readerMayKeepRows) m_loadOrder.Lend(m_nextRowKey);
+    if (!m_rows.insert(m_nextRowKey, row.get())) {
+      const std::unique_ptr<Row> replaced(m_rows.find(m_nextRowKey));
+      m_rows.erase(m_nextRowKey);
+      m_rows.insert(m_nextRowKey, row.get());
+    }
+    row.release();
     ++m_nextRowKey;
   }
 }
 
 void MUExperimentTextReaderMultiFile::MergeNewHeadingsWithOldHeadings(
     MUInterfaceExperimentDataFileInputReader* reader, const wxString& fullName) {
+  if (!MUDataFileInputReaderFactory::MakesReadersLike(*reader)) m_columnsAreOurs = false;
   const std::unique_ptr<std::deque<MUColumnNamePlusProperties*>> arrivals(
       reader->CreateAndReturnPositionallyOrderedColumnObjects());
   MergeColumnOrders(m_columns, *arrivals, fullName, m_insertNewColumnsInPlace);
@@ -82,7 +94,8 @@ void MUExperimentTextReaderMultiFile::UnsuppressColumnsBasedOnMultipleFileNames(
     const std::deque<wxString>& fullNames) {
   const MUFileNames names(fullNames.begin(), fullNames.end());
   const bool noShareIsSuppressed =
-      RowsAreOurs() && std::none_of(names.begin(), names.end(), [this](const wxString& name) {
+      RowsAreOurs() && m_columnsAreOurs &&
+      std::none_of(names.begin(), names.end(), [this](const wxString& name) {
         return m_filesThatWereSuppressed.count(name) != 0;
       });
   // A walk over all shares for each file that is loaded would make the time of a load grow with their number.

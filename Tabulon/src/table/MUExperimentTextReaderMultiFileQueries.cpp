@@ -299,17 +299,14 @@ MUExperimentTextReaderMultiFile::InternalFindCurrentRowIndicesMatchingRowTruthPr
     Row* const row = m_rows.find(keys[i]);
     if (row == nullptr) continue;
     const unsigned long version = m_rows.Version();
-    const bool wasLent = m_loadOrder.LendForACall();
+    MULoadOrder::CallLoan callLoan(m_loadOrder);
     loan.Lend(*row);
     if (decider->DecideRow(row) == 1) found->push_back(first + i);
     if (m_rows.Version() != version || m_loadOrder.IsLent(keys[i])) {
       // The row may be gone, or somebody may keep what he borrowed from it.
       loan.Forget();
-      m_loadOrder.LendForACall();
     } else if (loan.Return(*row)) {
-      m_loadOrder.ReturnFromACall(wasLent);
-    } else {
-      m_loadOrder.LendForACall();
+      callLoan.NoteUnchanged();
     }
   }
 

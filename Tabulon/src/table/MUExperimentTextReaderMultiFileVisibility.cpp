@@ -11,6 +11,7 @@
 #include "Tabulon/src/rows/MUSingleRowDataPlusRowProperties.h"
 #include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
 #include "Tabulon/src/table/MUFileFlags.h"
+#include "Tabulon/src/table/MUNearest.h"
 #include "Tabulon/src/table/MUTableEvents.h"
 #include "Tabulon/src/text/MUTrimmedText.h"
 
@@ -39,7 +40,7 @@ int LastEqualPlace(const LIST& current, const LIST& previous, std::size_t known 
     equal += ITEMS_AT_ONCE;
   }
   while (equal < shorter && left[equal] == right[equal]) ++equal;
-  return static_cast<int>(equal) - 1;
+  return equal == 0 ? -1 : MUNearest<int>(equal - 1);
 }
 
 // Calls decide(full name of the file) and then apply(row, decision) for the rows of the file that follow
@@ -138,7 +139,7 @@ void MUExperimentTextReaderMultiFile::HideEmptyColumnsBasedOnCurrentlyShownRows(
   static const wxString startText = wxGetTranslation(wxT("Hiding empty columns..."));
   SendStartMessageToStatusBar(identifier, startText, 1);
 
-  int hidden = 0;
+  std::size_t hidden = 0;
   if (m_shownRowCount > 0 && m_shownColumnCount > 0) {
     // Sizes and names are read anew for each column: a hook of a derived viewer may change them.
     for (std::size_t i = 0; i < m_columnHasText.size() && i < m_currentColumnNames->size(); ++i) {
@@ -159,7 +160,8 @@ void MUExperimentTextReaderMultiFile::HideEmptyColumnsBasedOnCurrentlyShownRows(
   }
   m_emptySearchFinished = true;
   SendFinishMessageToStatusBar(
-      identifier, wxString::Format(wxGetTranslation(wxT("%d columns hidden.")), hidden));
+      identifier,
+      wxString::Format(wxGetTranslation(wxT("%d columns hidden.")), MUNearest<int>(hidden)));
 }
 
 void MUExperimentTextReaderMultiFile::PerformOneTimesliceOfEmptyColumnSearch() {

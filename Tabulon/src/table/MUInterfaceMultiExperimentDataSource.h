@@ -2,9 +2,9 @@
 //
 // Effect: queries by index answer from lists that are frozen at the last notification. Changes only set flags
 // and become visible at the next one. Rows and columns count from 0.
-// Cost: plain access takes constant time; a query that is asked again before the next notification is one
-// look-up, else one walk over the rows or columns. A notification walks over all rows; the table itself,
-// not a derived one, only over those that arrived, as long as nothing else happened to rows.
+// Cost: plain access takes constant time. A repeated query is one look-up until the next notification; a new
+// one walks rows or columns. A notification walks over all rows; in the table itself, not a derived one, it
+// walks over those that arrived if no other row can have changed.
 // Lifetime: results by value are the caller's. Results by pointer are borrowed until the next notification
 // or change of sort, and must not be held across the event loop, which may run one.
 // Threads: one, that of the event loop. Const operations write caches and are not safe side by side.

@@ -39,8 +39,9 @@ bool HoldsAt(const MURowKeyLists::RowKeys& keys, unsigned long place, unsigned l
 
 void MULoadOrder::Write(const MURowStore& rows, const MURowKeyLists& lists, bool rowsAreOurs) {
   const bool append = rowsAreOurs && OnlyRowsArrived(rows, lists);
-  m_stands = false;  // in case that memory runs out on the way
-  m_lentForACall = false;
+  m_stands = false;  // stays false if memory runs out below
+  // What a call wrote before this Write, it may take back afterwards.
+  m_writtenInACall = m_recordsInCalls != 0;
   if (append) {
     CopyShownKeysInto(lists.shown);
   } else {
@@ -86,7 +87,8 @@ void MULoadOrder::Lend(unsigned long key) {
 }
 
 bool MULoadOrder::OnlyRowsArrived(const MURowStore& rows, const MURowKeyLists& lists) const {
-  if (!m_stands || m_lentForACall || m_shownKeys->size() != m_shownKeyCount) return false;
+  if (!m_stands || m_recordsInCalls != 0 || m_writtenInACall) return false;
+  if (m_shownKeys->size() != m_shownKeyCount) return false;
   return std::all_of(m_lentKeys.begin(), m_lentKeys.end(), [&](unsigned long key) {
     const Row* const row = rows.find(key);
     return row == nullptr || StandsAsListed(key, *row, lists);

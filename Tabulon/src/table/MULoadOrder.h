@@ -3,7 +3,6 @@
 #define OMBRELIA_TABULON_SRC_TABLE_MULOADORDER_H
 
 #include <cstddef>
-#include <utility>
 #include <vector>
 
 #include "Tabulon/src/memory/MUScratchArray.h"
@@ -31,27 +30,38 @@ class MULoadOrder {
  public:
   using Row = MUSingleRowDataPlusRowProperties;
 
-  // Writes the lists and the rows' places. rowsAreOurs: nobody else can write to the lists, and to the rows
-  // only who got a record by Lend or LendForACall.
+  // Lends a record for one call, which may write to it before and after a Write inside of the call. Calls may nest.
+  class CallLoan {
+   public:
+    explicit CallLoan(MULoadOrder& order) : m_order(order) { ++m_order.m_recordsInCalls; }
+    ~CallLoan() {
+      --m_order.m_recordsInCalls;
+      if (!m_isUnchanged) m_order.m_writtenInACall = true;
+    }
+    CallLoan(const CallLoan&) = delete;
+    CallLoan& operator=(const CallLoan&) = delete;
+    // The call left the record unchanged. Without this, the next Write rebuilds all.
+    void NoteUnchanged() { m_isUnchanged = true; }
+
+   private:
+    MULoadOrder& m_order;
+    bool m_isUnchanged = false;
+  };
+
+  // Writes the lists and the rows' places. rowsAreOurs: no other code writes the lists; only holders of lent records
+  // write rows.
   void Write(const MURowStore& rows, const MURowKeyLists& lists, bool rowsAreOurs);
 
-  // Rows were changed or taken out, or lists written, by the table: the next Write makes all anew.
+  // The table changed or removed rows, or wrote lists; the next Write rebuilds all.
   void Forget();
   // The record of the row was handed out. Its holder may write to it as long as the row lives.
   void Lend(unsigned long key);
   bool IsLent(unsigned long key) const { return key < m_isLent.size() && m_isLent[key]; }
-  // A record was handed out for the length of a call, in which it may be written to. Answers whether that was so
-  // before.
-  bool LendForACall() { return std::exchange(m_lentForACall, true); }
-  // It came back from the call as it was. wasLent: what LendForACall answered.
-  void ReturnFromACall(bool wasLent) { m_lentForACall = m_lentForACall && wasLent; }
 
   // Whether all rows are fully shown and all lists hold all of their keys in load order. rowsAreOurs: as for Write.
   bool HoldsAllRowsAsShown(const MURowStore& rows, const MURowKeyLists& lists,
                            bool rowsAreOurs) const;
 
-  // Whether the lists stand in load order, complete but for rows that have arrived since.
-  bool Stands() const { return m_stands; }
   // The number of keys with which both buffers of shown keys are known to begin.
   std::size_t CommonKeyCount() const { return m_commonKeyCount; }
 
@@ -69,7 +79,8 @@ class MULoadOrder {
   std::size_t m_commonKeyCount = 0;
   std::vector<unsigned long> m_lentKeys;  // each once
   std::vector<bool> m_isLent;             // by key
-  bool m_lentForACall = false;
+  std::size_t m_recordsInCalls = 0;
+  bool m_writtenInACall = false;  // since the last Write, or around it
 };
 
 #endif

@@ -5,6 +5,7 @@
 
 #include "Tabulon/src/rows/MUColumnNamePlusProperties.h"
 #include "Tabulon/src/rows/MUSingleRowDataPlusRowProperties.h"
+#include "Tabulon/src/table/MUInterfaceExperimentDataObserver.h"
 #include "tests/Tabulon/reading/ReaderBench.h"
 #include "tests/Tabulon/table/TableTestSupport.h"
 
@@ -64,6 +65,55 @@ TEST_F(TableAndReaders, PutTheCursorOnTheFirstRowBeforeTheyTakeAny) {
   EXPECT_EQ(reader.m_calls.back(), "columns");
   table.Notify();
   EXPECT_EQ(table.Column(wxT("A\nx")), Texts({"1", "2"}));
+}
+
+// Keeps the rows that it handed out, and may write to them later.
+class KeepingReader : public AccountingReader {
+ public:
+  using AccountingReader::AccountingReader;
+  MUSingleRowDataPlusRowProperties* CreateAndReturnCurrentRowObject(bool advance) override {
+    rows.push_back(AccountingReader::CreateAndReturnCurrentRowObject(advance));
+    return rows.back();
+  }
+
+  std::vector<MUSingleRowDataPlusRowProperties*> rows;
+};
+
+TEST_F(TableAndReaders, SeeWhatAReaderWritesToItsRowsLater) {
+  MUExperimentTextReaderMultiFile itself(nullptr);
+  KeepingReader reader(ReaderBench::Stream(ReaderBench::Header("A", "x") + "1\n2\n"));
+  itself.ExtractAll(&reader);
+  itself.MergeNewHeadingsWithOldHeadings(&reader, wxT("/reader bench.txt"));
+  itself.IdleTimeProcessAllNotifications();
+  ASSERT_TRUE(LoadAndShow(itself, folder.WriteData("a.txt", {"A\nx"}, {{"3"}})));
+  reader.rows[0]->m_rowPropertyFlags |= MU_ROW_FLAG_HIDDEN_BY_USER;
+  ASSERT_TRUE(LoadAndShow(itself, folder.WriteData("b.txt", {"A\nx"}, {{"4"}})));
+  EXPECT_EQ(ColumnOf(itself, wxT("A\nx")), Texts({"2", "3", "4"}));
+}
+
+// Hands over columns whose shares are suppressed.
+class SuppressingReader : public AccountingReader {
+ public:
+  using AccountingReader::AccountingReader;
+  std::deque<MUColumnNamePlusProperties*>* CreateAndReturnPositionallyOrderedColumnObjects()
+      override {
+    auto* columns = AccountingReader::CreateAndReturnPositionallyOrderedColumnObjects();
+    for (MUColumnNamePlusProperties* column : *columns) {
+      for (FileStatusStruct& share : column->m_fileStatuses) share.m_suppressed = 1;
+    }
+    return columns;
+  }
+};
+
+TEST_F(TableAndReaders, MakeSharesLiveThatAReaderSuppressed) {
+  MUExperimentTextReaderMultiFile itself(nullptr);
+  SuppressingReader reader(ReaderBench::Stream(ReaderBench::Header("A", "x") + "1\n"));
+  itself.MergeNewHeadingsWithOldHeadings(&reader, wxT("/reader bench.txt"));
+  const FileStatusStruct& share =
+      (itself.*&Tests::ProbeTable::m_columns).front()->m_fileStatuses.front();
+  EXPECT_EQ(share.m_suppressed, 1);
+  itself.UnsuppressColumnsBasedOnMultipleFileNames({share.m_fullFileName});
+  EXPECT_EQ(share.m_suppressed, 0);
 }
 
 // A reader of a file without header is good when the file is empty.
@@ -154,6 +204,29 @@ TEST(NumbersBeyondInt, AreTheGreatestIntAsCountsOfTheTable) {
   table.m_shownColumnCount = 4294967297ul;
   EXPECT_EQ(table.GetNumberOfDataRows(), 2147483647);
   EXPECT_EQ(table.GetNumberOfDataColumns(), 2147483647);
+  table.m_shownRowCount = 0;
+  table.m_shownColumnCount = 0;
+}
+
+class CountedObserver : public MUInterfaceExperimentDataObserver {
+ public:
+  void OnDataShapeChanged(unsigned rows, unsigned columns, unsigned long active, int,
+                          int) override {
+    counts = {rows, columns, active};
+  }
+  void OnRefreshRequest(wxCommandEvent&) override {}
+
+  std::vector<unsigned long> counts;
+};
+
+TEST(NumbersBeyondInt, AreTheGreatestUnsignedAsCountsForObservers) {
+  CountingTable table;
+  CountedObserver observer;
+  table.AddObserver(&observer);
+  table.m_shownRowCount = 4294967296ul;
+  table.m_shownColumnCount = 4294967295ul;
+  table.IterateThroughTheNotificationLoops();
+  EXPECT_EQ(observer.counts, std::vector<unsigned long>({4294967295ul, 4294967295ul, 0ul}));
   table.m_shownRowCount = 0;
   table.m_shownColumnCount = 0;
 }

@@ -1,10 +1,14 @@
 // File batches, observers, idle work, the hooks of a derived viewer and the order of slots.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 #include <map>
+#include <numeric>
 
 #include "Tabulon/src/queries/MUInterfaceRowTruthDecider.h"
+#include "Tabulon/src/queries/MUQueryCachingBroker.h"
+#include "Tabulon/src/queries/MUQueryKeys.h"
 #include "Tabulon/src/rows/MUColumnNamePlusProperties.h"
 #include "Tabulon/src/table/MUInterfaceExperimentDataObserver.h"
 #include "Tabulon/src/table/MUTableEvents.h"
@@ -426,12 +430,43 @@ class HookedTable : public ProbeTable {
  private:
   // Before the lists are made anew, a notification has emptied all that tells of the old ones.
   void NoteWhatStands() const {
-    const bool isEmpty = m_shownRowCount == 0 && m_shownColumnCount == 0 &&
-                         m_currentColumnNames->empty() && m_columnHasText.empty() &&
-                         m_cacheStringSelects.empty() && m_cacheColumnNames.empty() &&
-                         m_cacheRowIndicesByFlags.empty();
-    calls.push_back(isEmpty ? "nothing stands" : "the old answers stand");
+    const auto standing = {
+        Standing(m_shownRowCount != 0 || m_shownColumnCount != 0, "counts"),
+        Standing(!m_currentColumnNames->empty(), "names"),
+        Standing(!m_columnHasText.empty(), "columns with text"),
+        Standing(m_emptySearchColumn != 0 || m_emptySearchRow != 0, "cursors"),
+        Standing(m_emptySearchFinished, "finished search"),
+        Standing(!m_cacheStringSelects.empty(), "selected texts"),
+        Standing(m_broker->GetSharedPointerToMultiSelect(SelectionOfA()) != nullptr, "maps"),
+        Standing(!m_cacheColumnNames.empty(), "found names"),
+        Standing(!m_cacheRowIndicesByFlags.empty(), "rows by flags"),
+        Standing(std::any_of(m_cacheRowIndexHolders.begin(), m_cacheRowIndexHolders.end(),
+                             [](const auto& entry) { return *entry.second != nullptr; }),
+                 "found rows"),
+        Standing(std::any_of(m_nonCachedHolders.begin(), m_nonCachedHolders.end(),
+                             [](const auto* holder) { return *holder != nullptr; }),
+                 "rows found once")};
+    std::string note = std::accumulate(standing.begin(), standing.end(), std::string());
+    calls.push_back(note.empty() ? "nothing stands" : "stands:" + note);
   }
+  static std::string Standing(bool stands, const std::string& what) {
+    return stands ? " " + what + "," : "";
+  }
+  static MUCachingKeySelectedData SelectionOfA() {
+    return MUQueryKeys::SeveralColumnsWhere(
+        {wxT("A")}, wxString(), MUQueryWords::SPECIAL_CODE_TO_REQUEST_MATCH_ALL_ROWS, true);
+  }
+};
+
+class EveryRow : public MUInterfaceRowTruthDecider {
+ public:
+  explicit EveryRow(bool isCached) : m_isCached(isCached) {}
+  int DecideRow(MUSingleRowDataPlusRowProperties*) override { return 1; }
+  bool ResultMayBeCached() override { return m_isCached; }
+  wxString GetIdentityString() override { return wxT("every row"); }
+
+ private:
+  bool m_isCached;
 };
 
 Texts operator+(Texts left, const Texts& right) {
@@ -456,6 +491,24 @@ const Texts READING = {"ExtractAll", "MergeNewHeadingsWithOldHeadings",
 
 class TableHooks : public TableBatches {
  protected:
+  // Fills all that a notification empties.
+  void AskAll() {
+    std::vector<wxString> values;
+    hooked.SelectDistinctPerColumn(wxT("A"), values, ProbeTable::ALL_ROWS, false);
+    hooked.GetAllFromMultiCols_X_WhereField_Y_Matches_Z(
+        {wxT("A")}, wxT("A"), MUQueryWords::SPECIAL_CODE_TO_REQUEST_MATCH_ALL_ROWS, true);
+    hooked.FindColumnNamesByPropertyFlag(0);
+    hooked.FindCurrentRowIndicesByPropertyFlag(0, ProbeTable::ALL_ROWS);
+    for (const bool isCached : {true, false}) {
+      EveryRow decider(isCached);
+      hooked.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true);
+    }
+    hooked.m_emptySearchColumn = 1;
+    hooked.m_emptySearchRow = 1;
+    hooked.m_emptySearchFinished = true;
+    hooked.Taken();
+  }
+
   HookedTable hooked;
 };
 
@@ -498,16 +551,25 @@ TEST_F(TableHooks, OfABatchAreCalledInOrder) {
 }
 
 TEST_F(TableHooks, OfASortAndOfDeletingAreCalled) {
+  const std::string answersKept =
+      "stands: counts, names, columns with text, cursors, finished search, selected texts, maps, "
+      "found names,";
   hooked.Load(pathA);
-  std::vector<wxString> values;
-  hooked.SelectDistinctPerColumn(wxT("A"), values, ProbeTable::ALL_ROWS, false);
-  hooked.Taken();
+  AskAll();
   hooked.SetSortColumn(wxT("A"), false);
-  EXPECT_EQ(hooked.Taken(), Texts({"ResetKeysUsingSortSettings", "the old answers stand"}));
+  EXPECT_EQ(hooked.Taken(), Texts({"ResetKeysUsingSortSettings", answersKept}));
+  AskAll();
   hooked.Notify();
   EXPECT_EQ(hooked.Taken(), SORTED_NOTIFICATION);
+  AskAll();
   hooked.RevertAnyAndAllSortOptions();
-  EXPECT_EQ(hooked.Taken(), Texts({"ResetKeysIntoCurrentRowsAll", "the old answers stand"}));
+  EXPECT_EQ(hooked.Taken(), Texts({"ResetKeysIntoCurrentRowsAll", answersKept}));
+  AskAll();
+  hooked.ResetKeysIntoCurrentRowsAll();
+  EXPECT_EQ(hooked.Taken(), Texts({"ResetKeysIntoCurrentRowsAll",
+                                   answersKept + " rows by flags, found rows, rows found once,"}));
+  hooked.Notify();
+  EXPECT_EQ(hooked.Taken(), NOTIFICATION);
   hooked.DeleteAllRows_WhereField_Y_Matches_Z(wxT("A"), wxT("a1"));
   EXPECT_EQ(hooked.Taken(), Texts({"DeleteAllRows", "NotifyMyObservers"}));
 }
@@ -545,6 +607,37 @@ TEST_F(TableHooks, OfTheSearchForEmptyColumnsAreCalled) {
   EXPECT_EQ(hooked.Taken(), Texts({"HideOneSingleColumn E", "NotifyMyObservers",
                                    "SelectDistinctPerColumn F 1 trimmed", "HideOneSingleColumn F",
                                    "NotifyMyObservers", "SelectDistinctPerColumn G 1 trimmed"}));
+}
+
+// Notes what the steps behind the observers have not done yet.
+class LookingObserver : public MUInterfaceExperimentDataObserver {
+ public:
+  explicit LookingObserver(const HookedTable& table) : m_table(table) {}
+  void OnDataShapeChanged(unsigned, unsigned, unsigned long, int, int) override { Look(); }
+  void OnRefreshRequest(wxCommandEvent&) override { Look(); }
+
+  Texts seen;
+
+ private:
+  void Look() {
+    seen.push_back((m_table.m_emptySearchFinished ? "finished, next key " : "next key ") +
+                   std::to_string(m_table.m_nextRowKey));
+  }
+
+  const HookedTable& m_table;
+};
+
+TEST_F(TableHooks, ObserversOfAnEmptiedTableAreToldBeforeItsSearchAndItsKeysAreReset) {
+  LookingObserver observer(hooked);
+  hooked.Load(pathA);
+  const std::string before = "next key " + std::to_string(hooked.m_nextRowKey);
+  ASSERT_NE(before, "next key 0");
+  hooked.SimultaneousFileRequestsAddAndRemove({{pathA, false}});
+  hooked.AddObserver(&observer);
+  hooked.OnIdle();
+  EXPECT_EQ(observer.seen, Texts({before, before}));
+  EXPECT_TRUE(hooked.m_emptySearchFinished);
+  EXPECT_EQ(hooked.m_nextRowKey, 0u);
 }
 
 // Asks for another notification from inside of one.

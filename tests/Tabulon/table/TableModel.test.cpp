@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <random>
+#include <utility>
 
 #include "Tabulon/src/queries/MUInterfaceRowTruthDecider.h"
 #include "Tabulon/src/rows/MUColumnNamePlusProperties.h"
@@ -47,7 +48,9 @@ class CellDecider : public MUInterfaceRowTruthDecider {
   CellDecider(const std::string& column, const std::string& text)
       : m_column(Wide(column)), m_text(Wide(text)) {}
   int DecideRow(MUSingleRowDataPlusRowProperties* row) override {
-    return row->m_cells.ValueOrDefault(m_column) == m_text ? 1 : 0;
+    // By reference, so that the row gets an entry for the length of the look.
+    const auto cell = row->m_cells.find(m_column);
+    return (cell == row->m_cells.end() ? wxString() : cell->second) == m_text ? 1 : 0;
   }
   bool ResultMayBeCached() override { return true; }
   wxString GetIdentityString() override { return m_column + wxT("|") + m_text; }
@@ -57,13 +60,13 @@ class CellDecider : public MUInterfaceRowTruthDecider {
   wxString m_text;
 };
 
-// Hides the rows whose cell in column B is the text, and shows them if they are hidden.
-class HidingDecider : public MUInterfaceRowTruthDecider {
+// Does something with the rows whose cell in column B is the text.
+class ActingDecider : public MUInterfaceRowTruthDecider {
  public:
-  explicit HidingDecider(const wxString& text) : m_text(text) {}
-  const wxString& Text() const { return m_text; }
+  ActingDecider(const std::string& text, std::function<void(Row&)> action)
+      : m_text(Wide(text)), m_action(std::move(action)) {}
   int DecideRow(Row* row) override {
-    if (row->m_cells.ValueOrDefault(wxT("B")) == m_text) row->m_rowPropertyFlags ^= 32u;
+    if (row->m_cells.ValueOrDefault(wxT("B")) == m_text) m_action(*row);
     return 0;
   }
   bool ResultMayBeCached() override { return false; }
@@ -71,6 +74,7 @@ class HidingDecider : public MUInterfaceRowTruthDecider {
 
  private:
   wxString m_text;
+  std::function<void(Row&)> m_action;
 };
 
 class CountingObserver : public MUInterfaceExperimentDataObserver {
@@ -88,14 +92,15 @@ class CountingObserver : public MUInterfaceExperimentDataObserver {
   std::vector<long> last;
 };
 
-// Every second seed never hands out a row's record, so that notifications may append to the lists; and of
-// four seeds one is about a derived table, which makes the lists anew each time.
+// Of four seeds one hands out no record of a row, and one only to deciders, so that notifications may append to the
+// lists; one is about a derived table, which makes the lists anew each time.
 class Comparison {
  public:
   Comparison(const std::vector<PlainFile>& disk, unsigned seed)
       : m_disk(disk),
         m_random(seed),
         m_handsOutRecords(seed % 2 == 1),
+        m_asksDeciders(seed % 4 != 0),
         m_model(disk),
         m_ownedTable(seed % 4 == 3 ? std::make_unique<ProbeTable>()
                                    : std::make_unique<MUExperimentTextReaderMultiFile>(nullptr)),
@@ -160,13 +165,14 @@ class Comparison {
   }
 
   void Change() {
-    switch (Any(m_handsOutRecords ? 27 : 24)) {
+    switch (Any(m_handsOutRecords ? 28 : m_asksDeciders ? 26 : 24)) {
       case 24:
       case 25:
-        HideOrShowThroughRecord();
+        ActByDecider();
         break;
       case 26:
-        HideOrShowByDecider();
+      case 27:
+        HideOrShowThroughRecord();
         break;
       case 0:
       case 1:
@@ -352,16 +358,56 @@ class Comparison {
     }
   }
 
-  void HideOrShowByDecider() {
-    HidingDecider decider(Wide(AnyText()));
-    Note("decider");
-    m_table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true);
-    for (const unsigned long key : m_model.allKeys) {
+  // Lets a decider change rows, in one of several ways.
+  void ActByDecider() {
+    const std::string text = AnyText();
+    const int way = Any(4);
+    Note("decider " + text + " way " + std::to_string(way));
+    const auto search = [this](const std::string& wanted, const std::function<void(Row&)>& action) {
+      ActingDecider decider(wanted, action);
+      m_table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true);
+    };
+    const auto hideOrShow = [](Row& row) { row.m_rowPropertyFlags ^= 32u; };
+    const auto hideOrShowPlain = [](PlainTable::Row& row) { row.flags ^= 32u; };
+    switch (way) {
+      case 0:
+        search(text, hideOrShow);
+        ForEachPlainRow(text, hideOrShowPlain);
+        break;
+      case 1:
+        search(text, [](Row& row) { row.m_cells[wxT("D")] = wxT("written"); });
+        ForEachPlainRow(text, [](PlainTable::Row& row) { row.cells["D"] = "written"; });
+        break;
+      case 2:
+        // What the notification saw is taken back.
+        search(text, [&](Row& row) {
+          hideOrShow(row);
+          m_table.IdleTimeProcessAllNotifications();
+          hideOrShow(row);
+        });
+        ForEachPlainRow(text, [&](PlainTable::Row& row) {
+          hideOrShowPlain(row);
+          m_model.Notification();
+          hideOrShowPlain(row);
+        });
+        break;
+      default: {
+        const std::string inner = AnyText();
+        search(text, [&](Row&) { search(inner, hideOrShow); });
+        ForEachPlainRow(text, [&](PlainTable::Row&) { ForEachPlainRow(inner, hideOrShowPlain); });
+      }
+    }
+  }
+
+  // Calls action for the rows of the model whose cell in column B is the text, in the order that they have now.
+  template <typename ACTION>
+  void ForEachPlainRow(const std::string& text, ACTION action) {
+    const PlainTable::Keys keys = m_model.allKeys;
+    for (const unsigned long key : keys) {
       for (auto& plain : m_model.rows) {
         if (plain.key != key) continue;
         const auto cell = plain.cells.find("B");
-        if ((cell == plain.cells.end() ? "" : cell->second) == Utf8(decider.Text()))
-          plain.flags ^= 32u;
+        if ((cell == plain.cells.end() ? "" : cell->second) == text) action(plain);
       }
     }
   }
@@ -447,8 +493,7 @@ class Comparison {
   }
 
   void Ask() {
-    // Deciders are lent records.
-    switch (Any(m_handsOutRecords ? 10 : 7)) {
+    switch (Any(m_asksDeciders ? 10 : 7)) {
       case 0: {
         const std::string column = AnyColumn();
         const PlainSet set = AnySet();
@@ -559,6 +604,7 @@ class Comparison {
   const std::vector<PlainFile>& m_disk;
   std::mt19937 m_random;
   const bool m_handsOutRecords;
+  const bool m_asksDeciders;
   PlainTable m_model;
   CountingObserver m_observer;
   const std::unique_ptr<MUExperimentTextReaderMultiFile> m_ownedTable;

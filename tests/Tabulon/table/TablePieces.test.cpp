@@ -3,6 +3,7 @@
 
 #include <map>
 #include <random>
+#include <utility>
 
 #include "Tabulon/src/queries/MUCachingKeySelectedData.h"
 #include "Tabulon/src/queries/MUQueryCachingBroker.h"
@@ -15,6 +16,7 @@
 #include "Tabulon/src/rows/MUSingleRowDataPlusRowProperties.h"
 #include "Tabulon/src/table/MUFileFlags.h"
 #include "Tabulon/src/table/MUInterfaceMultiExperimentDataSource.h"
+#include "Tabulon/src/table/MUNearest.h"
 #include "Tabulon/src/table/MUTableEvents.h"
 #include "Tabulon/src/table/TriStateTrueFalseUnknown.h"
 #include "Tabulon/src/text/MUTrimmedText.h"
@@ -83,8 +85,6 @@ TEST(RowStore, AnswersLikeAMap) {
     EXPECT_EQ(store.erase(key), model.erase(key) == 1);
   }
   expectEqual();
-  store.clear();
-  expectEqual();
 }
 
 TEST(RowStore, MayBeErasedFromWhileItIsWalkedThrough) {
@@ -109,6 +109,55 @@ TEST(RowStore, KeepsTheRowThatHasTheKey) {
   EXPECT_FALSE(store.insert(3, &second));
   EXPECT_EQ(store.find(3), &first);
   EXPECT_EQ(store.find(static_cast<unsigned long>(-1)), nullptr);
+}
+
+TEST(RowStore, MovesItsRowsAndIsEmptyThen) {
+  MUSingleRowDataPlusRowProperties first;
+  MUSingleRowDataPlusRowProperties second;
+  MURowStore one;
+  MURowStore other;
+  ASSERT_TRUE(one.insert(3, &first));
+  ASSERT_TRUE(other.insert(3, &second));
+  const unsigned long version = one.Version();
+  EXPECT_EQ(one.Runs().size(), 1u);
+
+  std::swap(one, other);
+  EXPECT_EQ(one.find(3), &second);
+  EXPECT_EQ(other.find(3), &first);
+  EXPECT_NE(one.Version(), version);
+  EXPECT_NE(other.Version(), version);
+  EXPECT_NE(one.Version(), other.Version());
+  EXPECT_EQ(one.size(), 1u);
+
+  const unsigned long versionBefore = one.Version();
+  const MURowStore taken(std::move(one));
+  EXPECT_EQ(taken.find(3), &second);
+  EXPECT_EQ(taken.size(), 1u);
+  EXPECT_EQ(taken.Runs().size(), 1u);
+  EXPECT_TRUE(one.empty());
+  EXPECT_EQ(one.find(3), nullptr);
+  EXPECT_FALSE(one.begin() != one.end());
+  EXPECT_EQ(one.Runs().size(), 0u);
+  EXPECT_NE(one.Version(), versionBefore);
+  EXPECT_TRUE(one.insert(5, &first));
+  EXPECT_EQ(one.Runs().size(), 1u);
+
+  MURowStore& itself = one;
+  one = std::move(itself);
+  EXPECT_EQ(one.find(5), &first);
+  EXPECT_EQ(one.size(), 1u);
+}
+
+TEST(Nearest, IsTheCountOrTheGreatestNumberThatThereIs) {
+  EXPECT_EQ(MUNearest<int>(0), 0);
+  EXPECT_EQ(MUNearest<int>(2147483646ul), 2147483646);
+  EXPECT_EQ(MUNearest<int>(2147483647ul), 2147483647);
+  EXPECT_EQ(MUNearest<int>(2147483648ul), 2147483647);
+  EXPECT_EQ(MUNearest<int>(4294967297ul), 2147483647);
+  EXPECT_EQ(MUNearest<int>(18446744073709551615ul), 2147483647);
+  EXPECT_EQ(MUNearest<unsigned>(4294967294ul), 4294967294u);
+  EXPECT_EQ(MUNearest<unsigned>(4294967295ul), 4294967295u);
+  EXPECT_EQ(MUNearest<unsigned>(4294967296ul), 4294967295u);
 }
 
 TEST(CachingKey, IsEqualOnlyInAllThreeParts) {

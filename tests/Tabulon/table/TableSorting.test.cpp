@@ -327,7 +327,7 @@ TEST_F(TableSorting, ManyLongTextsOfDifferentLengthSortAsTextsDo) {
   }
 }
 
-// More different texts than a dictionary is made of for a sort.
+// The first file alone has more different texts than a dictionary is made of for a sort, which then is left undone.
 TEST_F(TableSorting, ThousandsOfDifferentTextsSortAsFewOnesDo) {
   constexpr std::size_t COUNT = 5000;
   Texts texts;
@@ -336,7 +336,12 @@ TEST_F(TableSorting, ThousandsOfDifferentTextsSortAsFewOnesDo) {
     texts.push_back("text " + std::to_string(10000 + (i * 4001) % 4500));
   }
   Load(texts);
-  std::vector<unsigned long> order(COUNT);
+  Texts further = {"text 10007", "text 1", "text 99999", "text 12345", "text 10007"};
+  Tests::Cells rows;
+  for (const std::string& text : further) rows.push_back({text});
+  ASSERT_TRUE(table.Load(folder.WriteData("further.txt", {"A"}, rows)));
+  texts.insert(texts.end(), further.begin(), further.end());
+  std::vector<unsigned long> order(texts.size());
   std::iota(order.begin(), order.end(), 0ul);
   std::stable_sort(order.begin(), order.end(),
                    [&](unsigned long a, unsigned long b) { return texts[a] < texts[b]; });

@@ -3,10 +3,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <functional>
 #include <numeric>
+#include <stdexcept>
+#include <utility>
 
 #include "Tabulon/src/queries/MUInterfaceRowTruthDecider.h"
+#include "Tabulon/src/reading/MUInterfaceExperimentDataFileInputReader.h"
 #include "Tabulon/src/rows/MUColumnNamePlusProperties.h"
 #include "Tabulon/src/rows/MUSingleRowDataPlusRowProperties.h"
 #include "Tabulon/src/table/MUInterfaceExperimentDataObserver.h"
@@ -71,6 +75,11 @@ class TableViewer : public testing::Test {
 
   void Load(std::size_t file) { ASSERT_TRUE(viewer.Load(m_paths[file])); }
   Texts Shown() { return viewer.Column(wxT("Event\nName")); }
+  static Texts Distinct(const Table& table) {
+    std::vector<wxString> texts;
+    table.SelectDistinctPerColumn(wxT("Event\nName"), texts, Table::ALL_ROWS, false);
+    return Utf8(texts);
+  }
 
   TemporaryFolder folder;
   ViewerTable viewer;
@@ -172,6 +181,79 @@ TEST_F(TableViewer, MayWriteTheDisplayedNames) {
   std::swap(viewer.m_currentColumnNames->at(0), viewer.m_currentColumnNames->at(1));
   EXPECT_EQ(viewer.Cell(0, 0), "b");
   EXPECT_EQ(viewer.Cell(0, 1), "a");
+}
+
+TEST_F(TableViewer, MaySwapTheRowsForOthers) {
+  ViewerTable other;
+  ASSERT_TRUE(other.Load(m_paths[1]));
+  Load(0);
+  EXPECT_EQ(Distinct(viewer), Texts({"a0", "a1"}));
+  EXPECT_EQ(Distinct(other), Texts({"b0", "b1"}));
+  std::swap(viewer.m_rows, other.m_rows);
+  viewer.Notify();
+  other.Notify();
+  EXPECT_EQ(Distinct(viewer), Texts({"b0", "b1"}));
+  EXPECT_EQ(Distinct(other), Texts({"a0", "a1"}));
+  viewer.SetSortColumn(wxT("Event\nName"), true);
+  EXPECT_EQ(Shown(), Texts({"b1", "b0"}));
+}
+
+TEST_F(TableViewer, MayTakeAllRowsOutAndPutThemBack) {
+  Load(0);
+  EXPECT_EQ(Distinct(viewer), Texts({"a0", "a1"}));
+  MURowStore saved = std::move(viewer.m_rows);
+  viewer.Notify();
+  EXPECT_EQ(viewer.m_allRowKeys, Keys());
+  EXPECT_EQ(Distinct(viewer), Texts());
+  viewer.SetSortColumn(wxT("Event\nName"), true);
+  EXPECT_EQ(Shown(), Texts());
+  viewer.m_rows = std::move(saved);
+  viewer.Notify();
+  EXPECT_EQ(Distinct(viewer), Texts({"a1", "a0"}));
+  EXPECT_EQ(Shown(), Texts({"a1", "a0"}));
+}
+
+// The table then takes itself for an empty one, and its keys start over.
+class TableWithoutLists : public ProbeTable {
+ public:
+  void ResetKeysIntoCurrentRowsAll() override {}
+};
+
+TEST_F(TableViewer, ThatMakesNoListsHasTheNewRowsInPlaceOfTheOld) {
+  TableWithoutLists table;
+  ASSERT_TRUE(table.Load(folder.WriteData("old.txt", {"A"}, {{"o0"}, {"o1"}, {"o2"}})));
+  EXPECT_EQ(table.m_nextRowKey, 0u);
+  ASSERT_TRUE(table.Load(folder.WriteData("new.txt", {"A"}, {{"n0"}, {"n1"}})));
+  Texts texts;
+  for (const auto& [key, row] : table.m_rows)
+    texts.push_back(std::to_string(key) + Utf8(row->m_cells.ValueOrDefault(wxT("A"))));
+  EXPECT_EQ(texts, Texts({"0n0", "1n1", "2o2"}));
+}
+
+// Shows each row as soon as it is read. The last one has a cell beyond the columns, which so far had no name.
+class TableThatShowsWhileItReads : public ProbeTable {
+ public:
+  void ExtractAll(MUInterfaceExperimentDataFileInputReader* reader) override {
+    const wxString extra =
+        MUInterfaceExperimentDataFileInputReader::COL_HEAD_STRING_VALUE_WHEN_COLNAME_IS_MISSING;
+    reader->GoToDataRow(0);
+    for (std::uint32_t i = 0; i < reader->GetDataRowCount(); ++i) {
+      m_rows.insert(m_nextRowKey++, reader->CreateAndReturnCurrentRowObject(true));
+      ResetKeysIntoCurrentRowsAll();
+      *m_currentColumnNames = {wxT("A"), extra};
+      m_shownRowCount = m_currentShownRowKeys->size();
+      m_shownColumnCount = m_currentColumnNames->size();
+      seen.push_back(Cell(static_cast<int>(i), 1));
+    }
+  }
+
+  Texts seen;
+};
+
+TEST_F(TableViewer, MayReadAColumnBeforeItsFirstRowIsMade) {
+  TableThatShowsWhileItReads table;
+  ASSERT_TRUE(table.Load(folder.WriteData("a.txt", {"A"}, {{"short"}, {"long", "extra"}})));
+  EXPECT_EQ(table.seen, Texts({"", "extra"}));
 }
 
 // ---- Shares of columns
@@ -447,39 +529,151 @@ TEST_F(TableRecords, WrittenByADeciderAreSeenByTheNextNotification) {
   EXPECT_FALSE(WritesOldPlaces(3));
 }
 
-// ---- Each table by itself
-
-class Searching : public MUInterfaceRowTruthDecider {
+// Does what it is told with each row. Every row is a match.
+class ActingDecider : public MUInterfaceRowTruthDecider {
  public:
-  explicit Searching(std::function<void()> action) : m_action(std::move(action)) {}
-  int DecideRow(Row*) override {
-    if (m_action) std::exchange(m_action, nullptr)();
+  explicit ActingDecider(std::function<void(Row&)> action) : m_action(std::move(action)) {}
+  int DecideRow(Row* row) override {
+    m_action(*row);
     return 1;
   }
   bool ResultMayBeCached() override { return false; }
   wxString GetIdentityString() override { return wxString(); }
 
  private:
-  std::function<void()> m_action;
+  std::function<void(Row&)> m_action;
 };
 
+TEST_F(TableRecords, WrittenAroundANotificationInsideOfACallAreSeenByTheNextOne) {
+  Load(0);
+  ActingDecider decider([&](Row& row) {
+    row.m_rowPropertyFlags |= MU_ROW_FLAG_HIDDEN_BY_USER;
+    table.IdleTimeProcessAllNotifications();
+    row.m_rowPropertyFlags &= ~MU_ROW_FLAG_HIDDEN_BY_USER;
+  });
+  table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true);
+  Load(1);
+  EXPECT_EQ(Shown(), Texts({"a0", "a1", "b0", "b1"}));
+  EXPECT_FALSE(WritesOldPlaces(2));
+}
+
+TEST_F(TableRecords, WrittenByASearchInsideOfASearchAreSeenByTheNextNotification) {
+  Load(0);
+  MarkingDecider marking(wxT("a1"), MU_ROW_FLAG_HIDDEN_BY_USER);
+  ActingDecider searching([&](Row& row) {
+    if (&row == &RecordBehindTheBack(0))
+      table.FindCurrentRowIndicesMatchingRowTruthPredicate(&marking, true);
+  });
+  table.FindCurrentRowIndicesMatchingRowTruthPredicate(&searching, true);
+  Load(1);
+  EXPECT_EQ(Shown(), Texts({"a0", "b0", "b1"}));
+}
+
+TEST_F(TableRecords, OfADeciderThatFailedCostOneRebuild) {
+  Load(0);
+  ActingDecider failing([](Row& row) {
+    row.m_rowPropertyFlags |= MU_ROW_FLAG_HIDDEN_BY_USER;
+    throw std::runtime_error("enough");
+  });
+  EXPECT_THROW(table.FindCurrentRowIndicesMatchingRowTruthPredicate(&failing, true),
+               std::runtime_error);
+  EXPECT_TRUE(WritesOldPlaces(1));
+  EXPECT_EQ(Shown(), Texts({"a1", "b0", "b1"}));
+  EXPECT_FALSE(WritesOldPlaces(2));
+}
+
+TEST_F(TableRecords, ThatADeciderReadsInFilesOfDifferentColumnsCostNoRebuild) {
+  ASSERT_TRUE(LoadAndShow(
+      table, folder.WriteData("t.txt", {"A", "B", "T"}, {{"1", "2", "3"}, {"4", "5", "6"}})));
+  ASSERT_TRUE(LoadAndShow(table, folder.WriteData("u.txt", {"A", "B"}, {{"7", "8"}, {"9", "10"}})));
+  Texts read;
+  ActingDecider reading([&](Row& row) {
+    const wxString column = row.m_cells.count(wxT("T")) != 0 ? wxT("T") : wxT("B");
+    read.push_back(Utf8(row.m_cells[column]));
+  });
+  table.FindCurrentRowIndicesMatchingRowTruthPredicate(&reading, true);
+  EXPECT_EQ(read, Texts({"3", "6", "8", "10"}));
+  for (unsigned long key = 0; key < 4; ++key) EXPECT_FALSE(RecordBehindTheBack(key).HasOverlay());
+  EXPECT_FALSE(WritesOldPlaces(0));
+}
+
+TEST_F(TableRecords, WithAReactionTimeThatIsNoNumberCostNoRebuild) {
+  ASSERT_TRUE(
+      LoadAndShow(table, folder.WriteData("n.txt", {"Reaction\nTime", "A"}, {{"nan", "x"}})));
+  ASSERT_TRUE(std::isnan(RecordBehindTheBack(0).m_reactionTime));
+  ActingDecider idle([](Row&) {});
+  table.FindCurrentRowIndicesMatchingRowTruthPredicate(&idle, true);
+  EXPECT_FALSE(WritesOldPlaces(0));
+}
+
+// ---- What a decider may do to the table
+
 TEST_F(TableRecords, ADeciderMaySearchSortAndNotifyByItself) {
+  using Indices = std::list<unsigned long>;
   Load(0);
   Load(1);
-  Searching every(nullptr);
-  Searching within([&] {
-    table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinGivenIndices(&every, {0}, true);
+  const Row* const first = &RecordBehindTheBack(0);
+  ActingDecider every([](Row&) {});
+  ActingDecider within([&](Row& row) {
+    if (&row != first) return;
+    EXPECT_EQ(
+        *table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinGivenIndices(&every, {2}, true),
+        Indices({2}));
   });
-  EXPECT_EQ(table
-                .FindCurrentRowIndicesMatchingRowTruthPredicateWithinGivenIndices(
-                    &within, {0, 1, 2, 3}, true)
-                ->size(),
-            4u);
-  Searching deleting([&] {
-    table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("Event\nName"), wxT("b1"));
+  EXPECT_EQ(*table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinGivenIndices(
+                &within, {0, 1, 3}, true),
+            Indices({0, 1, 3}));
+
+  // The walk goes on in the order that it began with.
+  Texts visited;
+  ActingDecider sorting([&](Row& row) {
+    visited.push_back(Utf8(row.m_cells.ValueOrDefault(wxT("Event\nName"))));
+    if (&row == first) table.SetSortColumn(wxT("Event\nName"), true);
+  });
+  EXPECT_EQ(*table.FindCurrentRowIndicesMatchingRowTruthPredicate(&sorting, false),
+            Indices({0, 1, 2, 3}));
+  EXPECT_EQ(visited, Texts({"a0", "a1", "b0", "b1"}));
+  EXPECT_EQ(Shown(), Texts({"b1", "b0", "a1", "a0"}));
+
+  visited.clear();
+  ActingDecider deleting([&](Row& row) {
+    visited.push_back(Utf8(row.m_cells.ValueOrDefault(wxT("Event\nName"))));
+    if (visited.size() != 1) return;
+    table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("Event\nName"), wxT("b0"));
     table.IdleTimeProcessAllNotifications();
   });
-  EXPECT_EQ(table.FindCurrentRowIndicesMatchingRowTruthPredicate(&deleting, false)->size(), 3u);
+  EXPECT_EQ(*table.FindCurrentRowIndicesMatchingRowTruthPredicate(&deleting, false),
+            Indices({0, 2, 3}));
+  EXPECT_EQ(visited, Texts({"b1", "a1", "a0"}));
+  EXPECT_EQ(Shown(), Texts({"b1", "a1", "a0"}));
+}
+
+// ---- Keys that start over
+
+// Adds a file in a notification of an empty table, after which the keys start over.
+class AddingObserver : public MUInterfaceExperimentDataObserver {
+ public:
+  AddingObserver(Table& table, const wxString& path) : m_table(table), m_path(path) {}
+  void OnDataShapeChanged(unsigned rows, unsigned, unsigned long, int, int) override {
+    if (rows == 0) m_table.AddExperimentOcurrence(wxFileName(m_path), false);
+  }
+  void OnRefreshRequest(wxCommandEvent&) override {}
+
+ private:
+  Table& m_table;
+  wxString m_path;
+};
+
+TEST_F(TableRecords, OfRowsThatTakeThePlaceOfOthersAreWritten) {
+  AddingObserver observer(table, m_paths[0]);
+  table.AddObserver(&observer);
+  table.IdleTimeProcessAllNotifications();
+  table.IdleTimeProcessAllNotifications();
+  EXPECT_EQ(Shown(), Texts({"a0", "a1"}));
+  Load(1);
+  EXPECT_EQ(Shown(), Texts({"b0", "b1"}));
+  EXPECT_EQ(table.FindCurrentRowIndicesByPropertyFlag(0, Table::ALL_ROWS),
+            std::list<unsigned long>({0, 1}));
 }
 
 }  // namespace
