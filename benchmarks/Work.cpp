@@ -154,6 +154,14 @@ void CountNotifiedLoads() {
   MeasuredWork([&] { LoadNotified(files); });
 }
 
+// So many and so small that what a load does for each file before it would outweigh the rows.
+void CountBatchOfSmallFiles() {
+  LoadSmallFile();
+  const ScratchFolder folder;
+  const Files files = WriteDataFiles(folder.Path(), 1000, 2000);
+  MeasuredWork([&] { LoadBatch(files); });
+}
+
 // On a table of some forty thousand rows that was asked nothing before, except what prepare asks.
 void CountOnTable(const std::function<void(Table&)>& work,
                   const std::function<void(Table&)>& prepare = nullptr) {
@@ -177,6 +185,7 @@ const std::map<std::string, std::function<void()>>& CountedWorks() {
       {"load-utf16", [] { CountLoad(Spelling::Utf16); }},
       {"load-control", [] { CountLoad(Spelling::ControlCharacters); }},
       {"load-notified", CountNotifiedLoads},
+      {"load-small-files", CountBatchOfSmallFiles},
       {"sort-few", [] { CountOnTable([](Table& t) { t.SetSortColumn(FEW_VALUES, false); }); }},
       {"sort-many", [] { CountOnTable([](Table& t) { t.SetSortColumn(MANY_VALUES, false); }); }},
       {"distinct", [] { CountOnTable([](Table& t) { AskDistinct(t, FEW_VALUES); }); }},

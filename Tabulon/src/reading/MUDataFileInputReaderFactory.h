@@ -24,7 +24,8 @@ class MUDataFileInputReaderFactory {
   static MUInterfaceExperimentDataFileInputReader* GetExperimentDataFileInputReader(
       const wxFileName& file, MU_DATAFILE_INPUTFILE_TYPE type,
       MUInterfaceDataFileInputErrorHandler* handler, wxFile* openFile);
-  // Whether the reader's class is one of those that are made here. Such a reader keeps none of the rows that it made.
+  // Whether the reader's class is one of those that are made here. Such a reader keeps none of the rows and
+  // columns that it made.
   static bool MakesReadersLike(const MUInterfaceExperimentDataFileInputReader& reader);
 };
 

@@ -118,18 +118,21 @@ class MURowMap {
   value_type* Previous(const value_type* entry) const;
 };
 
-// A row's text and the five maps over it, side by side: a map finds the text by its place in this record.
+// A row's text and the five maps over it: a map finds the text by its place in this record. The maps have no
+// data, and where the compiler knows the attribute they take no room either.
 struct MURowMaps {
   MURowMaps() = default;
   MURowMaps(const MUDataFileBlockPtr& block, std::size_t row, std::size_t columnCount)
       : m_text(block, row, columnCount) {}
 
-  MURowText m_text;                         // what the maps look at; of no use to others
-  MURowMap<MURowMapKind::CELLS> m_cells;    // column name to text, with the hidden cells
-  MURowMap<MURowMapKind::HASH01> m_hash01;  // sort key of characters 0 to 5
-  MURowMap<MURowMapKind::HASH02> m_hash02;  // sort key of characters 6 to 11
-  MURowMap<MURowMapKind::HASH03> m_hash03;  // sort key of characters 12 to 17
-  MURowMap<MURowMapKind::TEXT_FITS_IN_HASH> m_textFitsInHash;  // fewer than 19 characters
+  MURowText m_text;  // what the maps look at; of no use to others
+  // Column name to text, with the hidden cells.
+  [[no_unique_address]] MURowMap<MURowMapKind::CELLS> m_cells;
+  // Sort keys of the characters 0 to 5, 6 to 11 and 12 to 17, and whether there are fewer than 19.
+  [[no_unique_address]] MURowMap<MURowMapKind::HASH01> m_hash01;
+  [[no_unique_address]] MURowMap<MURowMapKind::HASH02> m_hash02;
+  [[no_unique_address]] MURowMap<MURowMapKind::HASH03> m_hash03;
+  [[no_unique_address]] MURowMap<MURowMapKind::TEXT_FITS_IN_HASH> m_textFitsInHash;
 };
 
 #endif

@@ -137,12 +137,12 @@ class MURowStore {
     std::size_t used = 0;
   };
 
-  // The record lies in two lines of the cache. row: may be null.
+  // The record lies in one or two lines of the cache. row: may be null.
   static void Prefetch(const Row* row) {
     if (row == nullptr) return;
     const char* const record = reinterpret_cast<const char*>(row);
-    MUPrefetch(record + 32);
-    MUPrefetch(record + 64);
+    MUPrefetch(record);
+    MUPrefetch(record + 48);
   }
 
   std::size_t PlaceCount() const { return m_pages.size() * PAGE_SIZE; }

@@ -4,38 +4,49 @@
 
 #include "Tabulon/src/rows/MURowOverlays.h"
 
-MURowText::MURowText(const MURowText& other)
-    : m_block(other.m_block),
-      m_overlays(other.m_overlays ? new MURowOverlays(*other.m_overlays) : nullptr),
-      m_row(other.m_row),
-      m_columnCount(other.m_columnCount) {}
+MURowText::MURowText(const MURowText& other) : m_place(other.m_place) {
+  if (m_place.hasOverlays) {
+    m_place.overlays = new MURowOverlays(*other.m_place.overlays);
+  } else if (m_place.block != nullptr) {
+    intrusive_ptr_add_ref(m_place.block);
+  }
+}
 
 MURowText& MURowText::operator=(const MURowText& other) {
   MURowText copy(other);
-  if (m_block) m_block->NoteChangedRow();
-  std::swap(m_block, copy.m_block);
-  std::swap(m_overlays, copy.m_overlays);
-  std::swap(m_row, copy.m_row);
-  std::swap(m_columnCount, copy.m_columnCount);
+  if (const MUDataFileBlock* const block = Block()) block->NoteChangedRow();
+  std::swap(m_place, copy.m_place);
   return *this;
 }
 
-MURowText::~MURowText() { delete m_overlays; }
+MURowText::~MURowText() {
+  if (m_place.hasOverlays) {
+    delete m_place.overlays;
+  } else if (m_place.block != nullptr) {
+    intrusive_ptr_release(m_place.block);
+  }
+}
+
+const MUDataFileBlock* MURowText::BlockBesideOverlays() const {
+  return m_place.overlays->m_block.get();
+}
 
 MURowOverlays& MURowText::MakeOverlays() const {
-  if (!m_overlays) {
-    m_overlays = new MURowOverlays;
-    if (m_block) m_block->NoteChangedRow();
-  }
-  return *m_overlays;
+  if (!m_place.hasOverlays) LendOverlays(std::make_unique<MURowOverlays>());
+  return *m_place.overlays;
 }
 
 void MURowText::LendOverlays(std::unique_ptr<MURowOverlays> overlays) const {
-  m_overlays = overlays.release();
-  m_block->NoteChangedRow();
+  if (m_place.block != nullptr) m_place.block->NoteChangedRow();
+  overlays->m_block.reset(m_place.block, false);
+  m_place.overlays = overlays.release();
+  m_place.hasOverlays = 1;
 }
 
 std::unique_ptr<MURowOverlays> MURowText::TakeOverlaysBack(unsigned long version) const {
-  m_block->NoteChangeTakenBack(version);
-  return std::unique_ptr<MURowOverlays>(std::exchange(m_overlays, nullptr));
+  std::unique_ptr<MURowOverlays> overlays(m_place.overlays);
+  m_place.block = overlays->m_block.detach();
+  m_place.hasOverlays = 0;
+  m_place.block->NoteChangeTakenBack(version);
+  return overlays;
 }

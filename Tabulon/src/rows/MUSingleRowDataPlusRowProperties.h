@@ -12,9 +12,10 @@
 
 // Effect: one row's record. A reader makes rows; the table owns and deletes them. A row made by the default
 // constructor is a plain record that is filled through its maps.
-// Cost: 80 bytes a row. Fast reading, without a copy: if HasOverlay() is false and Block() is not null, the
+// Cost: 64 bytes a row. Fast reading, without a copy: if HasOverlay() is false and Block() is not null, the
 // row's cell in a column is CellAt(Block()->PositionOf(name)). A position that was found holds for all rows of
-// the block; a name that was not found may get one, as the block gains columns while its rows are made. A name that Block()->FindHiddenCell knows has the hidden text instead, but the cell's
+// the block; a name that was not found may get one, as the block gains columns while its rows are made. A name
+// that Block()->FindHiddenCell knows has the hidden text instead, but the cell's
 // sort keys.
 // Lifetime: what the maps and CellAt lend holds until the row dies, is assigned to, or the entry is erased.
 // Copies are independent of each other but share the block of the file.

@@ -27,6 +27,7 @@
 #include "Tabulon/src/queries/MUSelectedTexts.h"
 #include "Tabulon/src/rows/MURowStore.h"
 #include "Tabulon/src/table/MUColumnTexts.h"
+#include "Tabulon/src/table/MUFileFlags.h"
 #include "Tabulon/src/table/MUInterfaceFileObserver.h"
 #include "Tabulon/src/table/MUInterfaceMultiExperimentDataSource.h"
 #include "Tabulon/src/table/MULoadOrder.h"
@@ -294,6 +295,9 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
   // Batches
   void DeleteColumnsWithoutFile();
 
+  bool m_columnsAreOurs = true;  // no reader that may keep its columns has handed them over
+  // Every file of which this class has suppressed a column's share, and perhaps some whose shares are live again.
+  MUFileNames m_filesThatWereSuppressed;
   mutable MUColumnTexts m_columnTexts{CELL_STRING_VALUE_WHEN_CELL_IS_UNDEFINED};
   mutable MULoadOrder m_loadOrder;  // of the three lists of row keys
 };

@@ -8,6 +8,7 @@
 #include "Tabulon/src/reading/MUInterfaceExperimentDataFileInputReader.h"
 #include "Tabulon/src/rows/MUColumnNamePlusProperties.h"
 #include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
+#include "Tabulon/src/table/MUFileFlags.h"
 #include "Tabulon/src/table/MUInterfaceExperimentDataObserver.h"
 #include "Tabulon/src/table/MUNearest.h"
 #include "Tabulon/src/table/MUTableEvents.h"
@@ -104,6 +105,7 @@ void MUExperimentTextReaderMultiFile::DeleteColumnsWithoutFile() {
         return true;
       });
   m_columns.erase(end, m_columns.end());
+  m_filesThatWereSuppressed = FilesWithASuppressedShare(m_columns);
 }
 
 void MUExperimentTextReaderMultiFile::SimultaneousFileRequestsSuppressAndUnsuppress(
@@ -160,6 +162,7 @@ bool MUExperimentTextReaderMultiFile::IdleWorkRemains() const {
 }
 
 void MUExperimentTextReaderMultiFile::IterateThroughTheNotificationLoops() {
+  if (m_observers.empty()) return;
   int lastPreservedRow = -1;
   int lastPreservedColumn = -1;
   GetOuterLimitsOfPreservedRange(&lastPreservedRow, &lastPreservedColumn);

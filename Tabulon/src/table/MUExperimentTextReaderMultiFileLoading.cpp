@@ -84,6 +84,7 @@ void MUExperimentTextReaderMultiFile::ExtractAll(MUInterfaceExperimentDataFileIn
 
 void MUExperimentTextReaderMultiFile::MergeNewHeadingsWithOldHeadings(
     MUInterfaceExperimentDataFileInputReader* reader, const wxString& fullName) {
+  if (!MUDataFileInputReaderFactory::MakesReadersLike(*reader)) m_columnsAreOurs = false;
   const std::unique_ptr<std::deque<MUColumnNamePlusProperties*>> arrivals(
       reader->CreateAndReturnPositionallyOrderedColumnObjects());
   MergeColumnOrders(m_columns, *arrivals, fullName, m_insertNewColumnsInPlace);
@@ -91,7 +92,19 @@ void MUExperimentTextReaderMultiFile::MergeNewHeadingsWithOldHeadings(
 
 void MUExperimentTextReaderMultiFile::UnsuppressColumnsBasedOnMultipleFileNames(
     const std::deque<wxString>& fullNames) {
-  UnsuppressColumnsForFiles(m_columns, MUFileNames(fullNames.begin(), fullNames.end()));
+  const MUFileNames names(fullNames.begin(), fullNames.end());
+  const bool noShareIsSuppressed =
+      RowsAreOurs() && m_columnsAreOurs &&
+      std::none_of(names.begin(), names.end(), [this](const wxString& name) {
+        return m_filesThatWereSuppressed.count(name) != 0;
+      });
+  // A walk over all shares for each file that is loaded would make the time of a load grow with their number.
+  if (noShareIsSuppressed) {
+    ShowColumnsWithALiveShare(m_columns);
+    return;
+  }
+  UnsuppressColumnsForFiles(m_columns, names);
+  for (const wxString& name : names) m_filesThatWereSuppressed.erase(name);
 }
 
 void MUExperimentTextReaderMultiFile::MaintainRunningListOfExperimentFiles(const wxString& fullName,

@@ -104,6 +104,9 @@ void MUExperimentTextReaderMultiFile::UnhideOneSingleColumnPerArbitraryUserReque
 void MUExperimentTextReaderMultiFile::SimultaneousColumnsSuppressAndUnsuppress(
     const std::deque<DichotomousFileRequest>& requests) {
   const MUFileDecisions decisions = LastDecisions(requests);
+  for (const auto& [fullName, wanted] : decisions) {
+    if (!wanted) m_filesThatWereSuppressed.insert(fullName);
+  }
   for (MUColumnNamePlusProperties* column : m_columns) {
     HideOrShowBasedOnMultipleFileRequests(*column, decisions);
   }
@@ -126,6 +129,7 @@ void MUExperimentTextReaderMultiFile::SimultaneousRowsSuppressAndUnsuppress(
 void MUExperimentTextReaderMultiFile::SuppressColumnsBasedOnMultipleFileNames(
     const std::deque<wxString>& fullNames) {
   const MUFileNames names(fullNames.begin(), fullNames.end());
+  m_filesThatWereSuppressed.insert(names.begin(), names.end());
   for (MUColumnNamePlusProperties* column : m_columns) SuppressColumnForFiles(*column, names);
 }
 

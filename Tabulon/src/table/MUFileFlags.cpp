@@ -9,8 +9,9 @@
 
 namespace {
 
+// From the back: what arrived last is most often live.
 bool AllSharesSuppressed(const MUColumnNamePlusProperties& column) {
-  return std::all_of(column.m_fileStatuses.begin(), column.m_fileStatuses.end(),
+  return std::all_of(column.m_fileStatuses.rbegin(), column.m_fileStatuses.rend(),
                      [](const FileStatusStruct& status) { return status.m_suppressed == 1; });
 }
 
@@ -41,11 +42,26 @@ void UnsuppressColumnsForFiles(const std::deque<MUColumnNamePlusProperties*>& co
       ++walk.place;
     }
   }
+  ShowColumnsWithALiveShare(columns);
+}
+
+void ShowColumnsWithALiveShare(const std::deque<MUColumnNamePlusProperties*>& columns) {
   for (MUColumnNamePlusProperties* column : columns) {
-    if (!column->m_fileStatuses.empty() && !AllSharesSuppressed(*column)) {
+    const bool isSuppressed = (column->m_columnPropertyFlags & MU_COL_FLAG_SUPPRESSED_BY_FILE) != 0;
+    if (isSuppressed && !AllSharesSuppressed(*column)) {
       column->m_columnPropertyFlags &= ~MU_COL_FLAG_SUPPRESSED_BY_FILE;
     }
   }
+}
+
+MUFileNames FilesWithASuppressedShare(const std::deque<MUColumnNamePlusProperties*>& columns) {
+  MUFileNames names;
+  for (const MUColumnNamePlusProperties* column : columns) {
+    for (const FileStatusStruct& status : column->m_fileStatuses) {
+      if (status.m_suppressed != 0) names.insert(status.m_fullFileName);
+    }
+  }
+  return names;
 }
 
 void SuppressColumnForFiles(MUColumnNamePlusProperties& column, const MUFileNames& fullNames) {

@@ -25,6 +25,10 @@ using MUFileDecisions = std::unordered_map<wxString, bool, wxStringHash>;
 // suppressed; one without any file is left alone.
 void UnsuppressColumnsForFiles(const std::deque<MUColumnNamePlusProperties*>& columns,
                                const MUFileNames& fullNames);
+// The second half of that alone, where no share has to become live.
+void ShowColumnsWithALiveShare(const std::deque<MUColumnNamePlusProperties*>& columns);
+// The names of all files of which a column has a suppressed share.
+MUFileNames FilesWithASuppressedShare(const std::deque<MUColumnNamePlusProperties*>& columns);
 // Suppresses one column's shares of the named files. A column without a live share, or without any file, is
 // then suppressed.
 void SuppressColumnForFiles(MUColumnNamePlusProperties& column, const MUFileNames& fullNames);

@@ -43,7 +43,7 @@ TEST(RowRecord, IsAPlainRecordWhenMadeByHand) {
   EXPECT_EQ(-999999.0, row.m_reactionTime);
 }
 
-TEST(RowRecord, IsSmall) { EXPECT_LE(sizeof(Row), 88u); }
+TEST(RowRecord, TakesNoMoreThanALineOfTheCache) { EXPECT_LE(sizeof(Row), 64u); }
 
 TEST(RowRecord, ReadingByValueLeavesNoTrace) {
   const auto row = RowOf("a\tb");

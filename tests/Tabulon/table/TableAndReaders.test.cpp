@@ -91,6 +91,31 @@ TEST_F(TableAndReaders, SeeWhatAReaderWritesToItsRowsLater) {
   EXPECT_EQ(ColumnOf(itself, wxT("A\nx")), Texts({"2", "3", "4"}));
 }
 
+// Hands over columns whose shares are suppressed.
+class SuppressingReader : public AccountingReader {
+ public:
+  using AccountingReader::AccountingReader;
+  std::deque<MUColumnNamePlusProperties*>* CreateAndReturnPositionallyOrderedColumnObjects()
+      override {
+    auto* columns = AccountingReader::CreateAndReturnPositionallyOrderedColumnObjects();
+    for (MUColumnNamePlusProperties* column : *columns) {
+      for (FileStatusStruct& share : column->m_fileStatuses) share.m_suppressed = 1;
+    }
+    return columns;
+  }
+};
+
+TEST_F(TableAndReaders, MakeSharesLiveThatAReaderSuppressed) {
+  MUExperimentTextReaderMultiFile itself(nullptr);
+  SuppressingReader reader(ReaderBench::Stream(ReaderBench::Header("A", "x") + "1\n"));
+  itself.MergeNewHeadingsWithOldHeadings(&reader, wxT("/reader bench.txt"));
+  const FileStatusStruct& share =
+      (itself.*&Tests::ProbeTable::m_columns).front()->m_fileStatuses.front();
+  EXPECT_EQ(share.m_suppressed, 1);
+  itself.UnsuppressColumnsBasedOnMultipleFileNames({share.m_fullFileName});
+  EXPECT_EQ(share.m_suppressed, 0);
+}
+
 // A reader of a file without header is good when the file is empty.
 TEST_F(TableAndReaders, TakeNothingFromAReaderOfNoRows) {
   ASSERT_TRUE(table.Load(folder.WriteData("a.txt", {"Key"}, {{"left"}})));

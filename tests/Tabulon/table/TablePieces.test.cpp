@@ -306,6 +306,13 @@ TEST(FileFlags, AColumnWithoutAFileIsSuppressedAndStaysSo) {
   EXPECT_EQ(column.m_columnPropertyFlags, 8u);
 }
 
+TEST(FileFlags, FilesWithASuppressedShareAreNamedOnce) {
+  MUColumnNamePlusProperties first = ColumnOf({{wxT("/a"), 0}, {wxT("/b"), 1}, {wxT("/c"), 1}});
+  MUColumnNamePlusProperties second = ColumnOf({{wxT("/b"), 1}, {wxT("/b"), 0}});
+  EXPECT_EQ(FilesWithASuppressedShare({&first, &second}), MUFileNames({wxT("/b"), wxT("/c")}));
+  EXPECT_EQ(FilesWithASuppressedShare({}), MUFileNames());
+}
+
 TEST(FileFlags, TheLastOfTwoRequestsDecidesForAColumn) {
   MUColumnNamePlusProperties column = ColumnOf({{wxT("/a"), 0}});
   HideOrShowBasedOnMultipleFileRequests(

@@ -320,6 +320,68 @@ TEST_F(TableShares, ManyFilesAreSuppressedByOneBatch) {
   EXPECT_EQ(table.Column(wxT("A")), Texts({"x"}));
 }
 
+// An object of the class itself, whose shares only its own operations can suppress.
+class TableOwnShares : public testing::Test {
+ protected:
+  TableOwnShares() {
+    for (const char* name : {"a", "b"}) {
+      paths.push_back(folder.WriteData(std::string(name) + ".txt", {"A"}, {{name}}));
+      EXPECT_TRUE(LoadAndShow(table, paths.back()));
+    }
+  }
+  MUColumnNamePlusProperties& Column() { return *(table.*&ProbeTable::m_columns).front(); }
+  std::vector<int> States() {
+    std::vector<int> states;
+    for (const FileStatusStruct& share : Column().m_fileStatuses)
+      states.push_back(share.m_suppressed);
+    return states;
+  }
+
+  TemporaryFolder folder;
+  Table table{nullptr};
+  std::deque<wxString> paths;
+};
+
+TEST_F(TableOwnShares, AreNotLookedThroughForAFileThatWasNeverSuppressed) {
+  Column().m_fileStatuses.front().m_suppressed = 1;  // behind the table's back
+  ASSERT_TRUE(LoadAndShow(table, paths[0]));
+  EXPECT_EQ(States(), std::vector<int>({1, 0, 0}));
+}
+
+TEST_F(TableOwnShares, OfASuppressedFileAreLiveWhenItIsLoadedAgain) {
+  table.SuppressColumnsBasedOnMultipleFileNames(paths);
+  ASSERT_TRUE(LoadAndShow(table, paths[0]));
+  EXPECT_EQ(States(), std::vector<int>({0, 1, 0}));
+  ASSERT_TRUE(LoadAndShow(table, paths[1]));
+  EXPECT_EQ(States(), std::vector<int>({0, 0, 0, 0}));
+}
+
+TEST_F(TableOwnShares, OfAFileThatABatchSuppressedAreLiveWhenItIsLoadedAgain) {
+  table.SimultaneousFileRequestsSuppressAndUnsuppress({{paths[0], false}, {paths[1], false}});
+  table.UnsuppressColumnsBasedOnMultipleFileNames({paths[1]});
+  EXPECT_EQ(States(), std::vector<int>({1, 0}));
+  ASSERT_TRUE(LoadAndShow(table, paths[0]));
+  EXPECT_EQ(States(), std::vector<int>({0, 0, 0}));
+}
+
+TEST_F(TableOwnShares, ThatStayWhenOneOfAFilesLoadsIsRemovedAreLiveWhenItIsLoadedAgain) {
+  ASSERT_TRUE(LoadAndShow(table, paths[0]));
+  table.RemoveColumnsBasedOnMultipleFileNames({paths[0]});
+  EXPECT_EQ(States(), std::vector<int>({0, 1}));
+  ASSERT_TRUE(LoadAndShow(table, paths[0]));
+  EXPECT_EQ(States(), std::vector<int>({0, 0, 0}));
+}
+
+TEST_F(TableOwnShares, OfAnotherFileShowASuppressedColumnAgain) {
+  table.SuppressColumnsBasedOnMultipleFileNames(paths);
+  EXPECT_EQ(Column().m_columnPropertyFlags & MU_COL_FLAG_SUPPRESSED_BY_FILE,
+            MU_COL_FLAG_SUPPRESSED_BY_FILE);
+  ASSERT_TRUE(LoadAndShow(table, folder.WriteData("c.txt", {"A"}, {{"c"}})));
+  EXPECT_EQ(States(), std::vector<int>({1, 1, 0}));
+  EXPECT_EQ(Column().m_columnPropertyFlags & MU_COL_FLAG_SUPPRESSED_BY_FILE, 0u);
+  EXPECT_EQ(ColumnOf(table, wxT("A")), Texts({"a", "b", "c"}));
+}
+
 // ---- Names that the caller changed
 
 class ChangedNames : public testing::TestWithParam<bool> {};
