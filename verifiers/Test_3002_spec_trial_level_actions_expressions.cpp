@@ -1,4 +1,3 @@
-#include "Tabulon/src/table/MUExperimentTextReaderMultiFile.h"
 #include "framework/IndividualTestCase_T.h"
 #include "framework/RowRuns.h"
 
