@@ -27,15 +27,18 @@ class wxFileName;
 // - columns have flags 0 and type 0, and rows have no hidden cells;
 // - reports are short fixed words.
 //
+// Cost: one or two passes over the bytes of plain text, and a conversion more of any other.
+// Lifetime: the reader owns the file's text together with the rows. file is borrowed by the constructor, handler as
+// long as the reader lives.
+// Threads: one for a reader and its rows; the file belongs to that thread meanwhile.
 // Failure: "Seek failed" and "Failed to slurp into string." are logged as fatal errors where the file cannot be
 // put at its start, or its bytes cannot be read: a folder, a file of 4 GiB or more, too little memory for what
 // arrives. wxWidgets ends the program then. Should it return, the file counts as empty, which is an error. A file
 // that was read but whose lines cannot be held is reported as MU_INPUT_FILE_TOO_LARGE, "file too large".
 class MUConcreteInMemoryDataFile : public MUInterfaceExperimentDataFileInputReader {
  public:
-  // Reads all of file, whatever its position, in pieces, and puts the position back. file is borrowed for that,
-  // handler as long as the reader lives; handler may be null. name gives nothing but the names of the file. The
-  // third argument is ignored. Throws nothing of its own.
+  // Reads all of file, whatever its position, in pieces, and puts the position back. handler may be null. name
+  // gives nothing but the names of the file. The third argument is ignored.
   MUConcreteInMemoryDataFile(wxFile* file, const wxFileName& name, bool hasHeader,
                              MUInterfaceDataFileInputErrorHandler* handler);
   MUConcreteInMemoryDataFile(const MUConcreteInMemoryDataFile&) = delete;

@@ -12,10 +12,12 @@
 #include "Tabulon/src/rows/MUSingleRowDataPlusRowProperties.h"
 #include "Tabulon/src/text/MUCellText.h"
 
-// Reads the cells of one column in any rows, hidden cells like any other. The column is looked up once for each
-// file that the rows come from, and a cell is then found in constant time; a row with entries of its own is
-// searched for its cell. What it answers is borrowed from the row: valid until the cell is written or the row
-// deleted. No row may be deleted while the reader is in use. For one thread. Throws std::bad_alloc.
+// Effect: reads the cells of one column in any rows, hidden cells like any other.
+// Cost: looks the column up once per file; then each cell takes constant time. A row with own entries is searched.
+// Lifetime: what it answers is borrowed from the row: valid until the cell is written or the row deleted. While the
+// reader is in use, no row may be deleted and no file may gain a column.
+// Threads: one.
+// Failure: a row without such a cell has the empty text. Throws std::bad_alloc.
 class MUColumnReader {
  public:
   explicit MUColumnReader(const wxString& name) : m_name(name) {}
