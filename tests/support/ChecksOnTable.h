@@ -11,12 +11,12 @@
 
 namespace Tests {
 
-// What the checks of X, the registered verifier of this experiment, record on this table. X need not
+// What the checks of VERIFIER, the registered verifier of this experiment, record on this table. VERIFIER need not
 // be complete here.
-template <class X>
+template <typename VERIFIER>
 Lines RecordOfChecksOn(boost::shared_ptr<MUExperimentTextReaderMultiFile> table,
                        const std::string& experiment) {
-  using Frame = Ombrelia::IndividualTestCase_T<X, false>;
+  using Frame = Ombrelia::IndividualTestCase_T<VERIFIER, false>;
   struct Members : Frame {
     using Frame::m_printer;
     using Frame::m_reader;
