@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <functional>
+#include <iterator>
 #include <map>
 #include <set>
 #include <sstream>
@@ -13,6 +14,7 @@
 
 #include "tests/BuildPaths.h"
 #include "tests/support/Files.h"
+#include "tests/support/Process.h"
 
 namespace {
 
@@ -87,18 +89,26 @@ const Room* FindRoom(const Rooms& rooms, const std::string& name) {
   return found == rooms.end() ? nullptr : &*found;
 }
 
-// The folders at the root of the project, without those that git ignores or whose name begins with a dot.
+// The folders at the root of the project whose files git knows, without those whose name begins with a dot. Where
+// there is no repository, all folders but those that git is to ignore.
 const Strings& TopFolders() {
   static const Strings folders = [] {
-    const std::string ignored = "\n" + SourceText(".gitignore");
-    Strings found;
-    for (const auto& entry : fs::directory_iterator(OMBRELIA_SOURCE_DIR)) {
-      const std::string name = entry.path().filename().string();
-      if (entry.is_directory() && name[0] != '.' &&
-          ignored.find("\n/" + name + "/\n") == std::string::npos)
-        found.push_back(name);
+    std::set<std::string> found;
+    std::istringstream files(Tests::RunProgram({"git", "-C", OMBRELIA_SOURCE_DIR, "ls-files"}).out);
+    for (std::string file; std::getline(files, file);)
+      if (file.find('/') != std::string::npos) found.insert(file.substr(0, file.find('/')));
+    if (found.empty()) {
+      const std::string ignored = "\n" + SourceText(".gitignore");
+      for (const auto& entry : fs::directory_iterator(OMBRELIA_SOURCE_DIR)) {
+        const std::string name = entry.path().filename().string();
+        if (entry.is_directory() && ignored.find("\n/" + name + "/\n") == std::string::npos)
+          found.insert(name);
+      }
     }
-    return found;
+    Strings visible;  // git puts a path that is not ASCII between quotation marks
+    std::copy_if(found.begin(), found.end(), std::back_inserter(visible),
+                 [](const std::string& name) { return name[0] != '.' && name[0] != '"'; });
+    return visible;
   }();
   return folders;
 }
