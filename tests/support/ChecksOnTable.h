@@ -11,12 +11,12 @@
 
 namespace Tests {
 
-// What the checks of VERIFIER, the registered verifier of this experiment, record on this table. VERIFIER need not
+// What the checks of X, the registered verifier of this experiment, record on this table. X need not
 // be complete here.
-template <typename VERIFIER>
+template <class X>
 Lines RecordOfChecksOn(boost::shared_ptr<MUExperimentTextReaderMultiFile> table,
                        const std::string& experiment) {
-  using Frame = Ombrelia::IndividualTestCase_T<VERIFIER, false>;
+  using Frame = Ombrelia::IndividualTestCase_T<X, false>;
   struct Members : Frame {
     using Frame::m_printer;
     using Frame::m_reader;

@@ -37,8 +37,9 @@ class wxFileName;
 // that was read but whose lines cannot be held is reported as MU_INPUT_FILE_TOO_LARGE, "file too large".
 class MUConcreteInMemoryDataFile : public MUInterfaceExperimentDataFileInputReader {
  public:
-  // Reads all of file, whatever its position, in pieces, and puts the position back. handler may be null. name
-  // gives nothing but the names of the file. The third argument is ignored.
+  // Reads all of file, whatever its position, in pieces, and puts the position back. file is borrowed for that,
+  // handler as long as the reader lives; handler may be null. name gives nothing but the names of the file. The
+  // third argument is ignored. Throws nothing of its own.
   MUConcreteInMemoryDataFile(wxFile* file, const wxFileName& name, bool hasHeader,
                              MUInterfaceDataFileInputErrorHandler* handler);
   MUConcreteInMemoryDataFile(const MUConcreteInMemoryDataFile&) = delete;
