@@ -22,7 +22,7 @@ class MUDataFileInputReaderFactory {
   // must then be an open file; it is read in this call and keeps its position.
   // Cost: that of reading the whole file.
   // Lifetime: the caller deletes the reader. handler is borrowed as long as the reader lives, and may be null.
-  // Threads: any number, each with its file; a reader stays with its thread.
+  // Threads: one for a file; the reader stays with the thread that made it.
   // Failure: a bad file gives a reader whose ErrorStatusIsPresent is true; only want of memory throws.
   static MUInterfaceExperimentDataFileInputReader* GetExperimentDataFileInputReader(
       const wxFileName& file, MU_DATAFILE_INPUTFILE_TYPE type,

@@ -101,8 +101,8 @@ class MUInterfaceMultiExperimentDataSource : public MUQueryWords {
       MUInterfaceRowTruthDecider* decider, const std::list<unsigned long>& indices,
       bool includeAllRows) = 0;
 
-  // Deleting rows. Both answer true. The first asks for a notification, the second does where notify is true;
-  // otherwise the caller must see to one before the next query by index.
+  // Deleting rows. Both answer true. The first asks for a notification, the second only where notify is true.
+  // Until a notification has run, the lists still count the deleted rows.
   virtual bool DeleteAllRows_WhereField_Y_Matches_Z(const wxString& fieldY,
                                                     const wxString& valueZ) = 0;
   virtual bool DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(
