@@ -30,8 +30,8 @@ class Random {
   std::uint64_t m_state;
 };
 
-template <typename... Arguments>
-std::string Text(const char* format, Arguments... arguments) {
+template <typename... ARGUMENTS>
+std::string Text(const char* format, ARGUMENTS... arguments) {
   char buffer[64];
   std::snprintf(buffer, sizeof buffer, format, arguments...);
   return buffer;

@@ -1,5 +1,5 @@
-# Ends the configuration where the manifest of the verifiers and the files beside it do not agree, with the name of the
-# file that is missing or too many, and where it does not say how often chance fails a test that it tolerates. Also to be run alone: cmake -D ROOT=FOLDER -P cmake/CheckVerifierFiles.cmake
+# Ends the configuration where manifest and files disagree, naming the file. The same where a tolerated test has no odds.
+# Can also be run alone: cmake -D ROOT=FOLDER -P cmake/CheckVerifierFiles.cmake
 cmake_minimum_required(VERSION 3.25)
 
 # Adds to the texts in the variable that out names what is wrong with the tests of one entry that chance may fail.

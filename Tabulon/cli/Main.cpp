@@ -40,7 +40,7 @@ ExitStatus OnTable(const CommandLine& commandLine, ACTION action) {
   return status;
 }
 
-// A column or a query comes before the files. One who has it the other way round would only read that it is no file.
+// The column or query comes before the files. If a file stands first, says so beside the error.
 ExitStatus OnTableWithFirst(const CommandLine& commandLine,
                             void (*action)(const CommandLine&, DrivenTable&),
                             const std::string& what, const std::string& first) {

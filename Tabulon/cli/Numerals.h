@@ -8,8 +8,7 @@
 
 namespace TabulonCli {
 
-// All measures are of the numbers that were added. There is none where there is no number to tell it, of the
-// deviation where there is only one.
+// Measures of the added numbers. Absent without numbers; the deviation also with only one.
 class Numerals {
  public:
   void Add(double number) { m_numbers.push_back(number); }

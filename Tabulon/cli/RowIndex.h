@@ -1,4 +1,4 @@
-// Finds rows by the text or the number in one column, for those who ask often.
+// Index of rows by one column's text or number, for repeated searches.
 #ifndef OMBRELIA_TABULON_CLI_ROWINDEX_H
 #define OMBRELIA_TABULON_CLI_ROWINDEX_H
 

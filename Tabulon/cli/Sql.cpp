@@ -36,7 +36,7 @@ void PrintTables(const SqlRows& rows, ResultPrinter& printer) {
   printer.End(count);
 }
 
-// "; did you mean ..." behind SQLite's complaint about a column that there is not.
+// "; did you mean ..." behind SQLite's complaint about an unknown column.
 std::string HintAt(const std::string& message, const Columns& columns) {
   const std::string begin = "no such column: ";
   if (message.compare(0, begin.size(), begin) != 0) return "";

@@ -10,7 +10,7 @@ namespace TabulonCli {
 // Keeps the rows until the end, when their widths are known. What did not fit is told on the second stream.
 class TablePrinter : public ResultPrinter {
  public:
-  // At most so much is printed; 0 for no limit. A width counts the terminal's columns.
+  // Limits; 0 for none. The width counts terminal columns.
   struct Limits {
     std::size_t width = 0;
     std::size_t rows = 0;

@@ -32,9 +32,9 @@ static_assert(sizeof(StringCell) == 16, "a text in a vector has 16 bytes");
   std::exit(1);
 }
 
-template <typename Function>
-void Find(void* library, const char* name, Function& function) {
-  function = reinterpret_cast<Function>(dlsym(library, name));
+template <typename FUNCTION>
+void Find(void* library, const char* name, FUNCTION& function) {
+  function = reinterpret_cast<FUNCTION>(dlsym(library, name));
   if (function == nullptr) Fail(std::string(name) + " is missing");
 }
 

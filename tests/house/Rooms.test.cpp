@@ -4,33 +4,41 @@
 #include <algorithm>
 #include <filesystem>
 #include <functional>
+#include <iterator>
 #include <map>
 #include <set>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/BuildPaths.h"
 #include "tests/support/Files.h"
+#include "tests/support/Process.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 
-// Folders with sources of ours at the root of the project.
-const std::vector<std::string> ROOTS = {"Tabulon", "benchmarks", "framework", "fuzz",  "host",
-                                        "hostsdk", "plugin",     "report",    "tests", "verifiers"};
+using Strings = std::vector<std::string>;
 
 struct Room {
+  std::string name;
   bool includesEverything = false;
-  std::set<std::string> includes;  // the rooms that its line names
+  bool includesNothingFurther =
+      false;         // only the rooms that its line names, not what those include
+  Strings includes;  // the rooms that its line names
 };
-using Rooms = std::map<std::string, Room>;
-using Includes = std::map<std::string, std::vector<std::string>>;  // by file
+using Rooms = std::vector<Room>;                  // from the top
+using Includes = std::map<std::string, Strings>;  // by file
+
+std::string SourceText(const std::string& file) {
+  return Tests::ReadFile(std::string(OMBRELIA_SOURCE_DIR) + "/" + file);
+}
 
 // The names between backquotes that end with a slash, without it.
-std::vector<std::string> FoldersIn(const std::string& text) {
-  std::vector<std::string> folders;
+Strings FoldersIn(const std::string& text) {
+  Strings folders;
   std::istringstream pieces(text);
   std::string piece;
   for (bool quoted = false; std::getline(pieces, piece, '`'); quoted = !quoted) {
@@ -40,63 +48,109 @@ std::vector<std::string> FoldersIn(const std::string& text) {
   return folders;
 }
 
-// The lines "| `room/` | what it holds | includes |" of a document.
-Rooms RoomsIn(const std::string& text) {
-  Rooms rooms;
+// The lines "| `folder/` | ..." of a document, by the folder.
+std::vector<std::pair<std::string, std::string>> TableLinesIn(const std::string& text) {
+  std::vector<std::pair<std::string, std::string>> found;
   std::istringstream lines(text);
   for (std::string line; std::getline(lines, line);) {
-    if (line.rfind("| `", 0) != 0) continue;
-    std::istringstream cells(line.substr(1));
-    std::string name;
-    std::string holds;
-    std::string includes;
-    std::getline(cells, name, '|');
-    std::getline(cells, holds, '|');
-    std::getline(cells, includes, '|');
-    const std::vector<std::string> names = FoldersIn(name);
-    if (names.size() != 1) continue;
-    Room& room = rooms[names[0]];
-    room.includesEverything = includes == " everything ";
-    const std::vector<std::string> included = FoldersIn(includes);
-    room.includes.insert(included.begin(), included.end());
-  }
-  return rooms;
-}
-
-Rooms RoomsOf(const std::vector<std::string>& documents) {
-  Rooms rooms;
-  for (const std::string& document : documents)
-    rooms.merge(RoomsIn(Tests::ReadFile(std::string(OMBRELIA_SOURCE_DIR) + "/" + document)));
-  return rooms;
-}
-
-const Rooms& DocumentedRooms() {
-  static const Rooms rooms = RoomsOf({"README.md", "Tabulon/README.md", "host/README.md"});
-  return rooms;
-}
-
-std::vector<std::string> IncludesIn(const std::string& source) {
-  const std::string start = "#include \"";
-  std::vector<std::string> found;
-  std::istringstream lines(source);
-  for (std::string line; std::getline(lines, line);) {
-    if (line.rfind(start, 0) != 0) continue;
-    found.push_back(line.substr(start.size(), line.find('"', start.size()) - start.size()));
+    const Strings names = FoldersIn(line.substr(0, line.find('|', 1)));
+    if (line.rfind("| `", 0) == 0 && names.size() == 1) found.emplace_back(names[0], line);
   }
   return found;
+}
+
+// The lines "| `room/` | what it holds | includes |" of a document. A line of two cells is no room's.
+Rooms RoomsIn(const std::string& text) {
+  Rooms rooms;
+  for (const auto& [name, line] : TableLinesIn(text)) {
+    if (std::count(line.begin(), line.end(), '|') != 4) continue;
+    const std::size_t bar = line.find('|', line.find('|', 1) + 1);
+    const std::string includes = line.substr(bar + 1, line.size() - bar - 2);
+    rooms.push_back(
+        {name, includes == " everything ", includes.rfind(" only ", 0) == 0, FoldersIn(includes)});
+  }
+  return rooms;
+}
+
+// The tables of all documents, so ordered that a line names rooms below it.
+const Rooms& DocumentedRooms() {
+  static const Rooms rooms = [] {
+    Rooms all;
+    for (const char* const document : {"host/README.md", "README.md", "Tabulon/README.md"})
+      for (Room& room : RoomsIn(SourceText(document))) all.push_back(std::move(room));
+    return all;
+  }();
+  return rooms;
+}
+
+const Room* FindRoom(const Rooms& rooms, const std::string& name) {
+  const auto found =
+      std::find_if(rooms.begin(), rooms.end(), [&](const Room& room) { return room.name == name; });
+  return found == rooms.end() ? nullptr : &*found;
+}
+
+// The folders at the root of the project whose files git knows, without those whose name begins with a dot. Where
+// there is no repository, all folders but those that git is to ignore.
+const Strings& TopFolders() {
+  static const Strings folders = [] {
+    std::set<std::string> found;
+    std::istringstream files(Tests::RunProgram({"git", "-C", OMBRELIA_SOURCE_DIR, "ls-files"}).out);
+    for (std::string file; std::getline(files, file);)
+      if (file.find('/') != std::string::npos) found.insert(file.substr(0, file.find('/')));
+    if (found.empty()) {
+      const std::string ignored = "\n" + SourceText(".gitignore");
+      for (const auto& entry : fs::directory_iterator(OMBRELIA_SOURCE_DIR)) {
+        const std::string name = entry.path().filename().string();
+        if (entry.is_directory() && ignored.find("\n/" + name + "/\n") == std::string::npos)
+          found.insert(name);
+      }
+    }
+    Strings visible;  // git puts a path that is not ASCII between quotation marks
+    std::copy_if(found.begin(), found.end(), std::back_inserter(visible),
+                 [](const std::string& name) { return name[0] != '.' && name[0] != '"'; });
+    return visible;
+  }();
+  return folders;
+}
+
+// What a source includes between quotes, and between angles what lies in a folder of ours.
+Strings IncludesIn(const std::string& source) {
+  const std::string blanks = " \t";
+  Strings found;
+  std::istringstream lines(source);
+  for (std::string line; std::getline(lines, line);) {
+    std::size_t at = line.find_first_not_of(blanks);
+    if (at == std::string::npos || line[at] != '#') continue;
+    at = line.find_first_not_of(blanks, at + 1);
+    const std::string word = "include";
+    if (at == std::string::npos || line.compare(at, word.size(), word) != 0) continue;
+    at = line.find_first_not_of(blanks, at + word.size());
+    if (at == std::string::npos || (line[at] != '"' && line[at] != '<')) continue;
+    const std::size_t end = line.find(line[at] == '"' ? '"' : '>', at + 1);
+    const std::string file = line.substr(at + 1, end - at - 1);
+    const Strings& ours = TopFolders();
+    if (line[at] == '"' ||
+        std::count(ours.begin(), ours.end(), fs::path(file).begin()->string()) != 0)
+      found.push_back(file);
+  }
+  return found;
+}
+
+// The name of a source, under which it is included where the configuration makes it of "X.in"; empty for
+// any other file.
+std::string SourceName(fs::path file) {
+  if (file.extension() == ".in") file.replace_extension();
+  return file.extension() == ".h" || file.extension() == ".cpp" ? file.generic_string() : "";
 }
 
 const Includes& IncludesOfAllSources() {
   static const Includes all = [] {
     Includes includes;
-    for (const std::string& root : ROOTS) {
+    for (const std::string& top : TopFolders()) {
       for (const auto& entry :
-           fs::recursive_directory_iterator(fs::path(OMBRELIA_SOURCE_DIR) / root)) {
-        const std::string extension = entry.path().extension().string();
-        if (extension != ".h" && extension != ".cpp") continue;
-        const std::string file =
-            entry.path().lexically_relative(OMBRELIA_SOURCE_DIR).generic_string();
-        includes[file] = IncludesIn(Tests::ReadFile(entry.path().string()));
+           fs::recursive_directory_iterator(fs::path(OMBRELIA_SOURCE_DIR) / top)) {
+        const std::string name = SourceName(entry.path().lexically_relative(OMBRELIA_SOURCE_DIR));
+        if (!name.empty()) includes[name] = IncludesIn(Tests::ReadFile(entry.path().string()));
       }
     }
     return includes;
@@ -104,43 +158,67 @@ const Includes& IncludesOfAllSources() {
   return all;
 }
 
-// The innermost room that holds the file; empty if none does.
-std::string RoomOf(const Rooms& rooms, const std::string& file) {
+// The innermost room that holds the file; none if no room does.
+const Room* RoomOf(const Rooms& rooms, const std::string& file) {
   for (fs::path folder = fs::path(file).parent_path(); !folder.empty();
        folder = folder.parent_path())
-    if (rooms.count(folder.generic_string())) return folder.generic_string();
-  return {};
+    if (const Room* const room = FindRoom(rooms, folder.generic_string())) return room;
+  return nullptr;
 }
 
 bool IsWithin(const std::string& inner, const std::string& outer) {
   return inner == outer || inner.rfind(outer + "/", 0) == 0;
 }
 
-// Whether a file of one room may include a file of the other: its own, one that lies inside it, or one that
-// can be reached through what the rooms' lines name.
-bool MayInclude(const Rooms& rooms, const std::string& from, const std::string& to) {
+// Whether a file of one room may include a file of the other: its own, one that lies inside it, one that its
+// line names, or one that can be reached through what the rooms' lines name.
+bool MayInclude(const Rooms& rooms, const Room& from, const Room& to) {
   std::set<std::string> seen;
-  const std::function<bool(const std::string&)> reaches = [&](const std::string& room) {
-    if (IsWithin(to, room)) return true;
-    if (!seen.insert(room).second) return false;
-    const Room& entry = rooms.at(room);
-    return entry.includesEverything ||
-           std::any_of(entry.includes.begin(), entry.includes.end(), reaches);
+  const std::function<bool(const Room&)> reaches = [&](const Room& room) {
+    if (IsWithin(to.name, room.name) || room.includesEverything) return true;
+    if (!seen.insert(room.name).second || (from.includesNothingFurther && &room != &from))
+      return false;
+    return std::any_of(room.includes.begin(), room.includes.end(), [&](const std::string& name) {
+      const Room* const next = FindRoom(rooms, name);
+      return next != nullptr && reaches(*next);
+    });
   };
   return reaches(from);
 }
 
-std::vector<std::string> IncludesThatRunUp(const Rooms& rooms, const Includes& includes) {
-  std::vector<std::string> wrong;
+Strings IncludesThatRunUp(const Rooms& rooms, const Includes& includes) {
+  Strings wrong;
   for (const auto& [file, included] : includes) {
-    const std::string from = RoomOf(rooms, file);
+    const Room* const from = RoomOf(rooms, file);
     for (const std::string& other : included) {
-      const std::string to = RoomOf(rooms, other);
-      if (from.empty() || to.empty() || !MayInclude(rooms, from, to))
+      const Room* const to = RoomOf(rooms, other);
+      if (from == nullptr || to == nullptr || !MayInclude(rooms, *from, *to))
         wrong.push_back(file + " includes " + other);
     }
   }
   return wrong;
+}
+
+// What lines name that does not stand below them: an upper room, the room itself, or no room at all.
+Strings LinesThatNameUp(const Rooms& rooms) {
+  Strings wrong;
+  for (const Room& room : rooms)
+    for (const std::string& name : room.includes)
+      if (const Room* const named = FindRoom(rooms, name); named == nullptr || named <= &room)
+        wrong.push_back(room.name + " names " + name);
+  return wrong;
+}
+
+// Folders of sources that are part of a room without being one. Rooms that include everything need no rooms inside.
+Strings FoldersThatAreNoRoom(const Rooms& rooms, const Includes& includes) {
+  std::set<std::string> found;
+  for (const auto& entry : includes) {
+    const std::string folder = fs::path(entry.first).parent_path().generic_string();
+    const Room* const room = RoomOf(rooms, entry.first);
+    if (room == nullptr || (room->name != folder && !room->includesEverything))
+      found.insert(folder);
+  }
+  return Strings(found.begin(), found.end());
 }
 
 // "X.h", "X.cpp" and the private implementation "XImpl.h" are one unit, "X".
@@ -154,13 +232,13 @@ std::string UnitOf(const std::string& file) {
 }
 
 // A unit that comes back to itself by its includes, as a list of units; empty if none does.
-std::vector<std::string> CircleOfUnits(const Includes& includes) {
+Strings CircleOfUnits(const Includes& includes) {
   std::map<std::string, std::set<std::string>> units;
   for (const auto& [file, included] : includes)
     for (const std::string& other : included)
       if (UnitOf(other) != UnitOf(file)) units[UnitOf(file)].insert(UnitOf(other));
   std::set<std::string> done;
-  std::vector<std::string> way;
+  Strings way;
   const std::function<bool(const std::string&)> closes = [&](const std::string& unit) {
     const auto first = std::find(way.begin(), way.end(), unit);
     if (first != way.end()) {
@@ -180,8 +258,6 @@ std::vector<std::string> CircleOfUnits(const Includes& includes) {
   return {};
 }
 
-using Strings = std::vector<std::string>;
-
 TEST(Rooms, NoIncludeRunsUp) {
   EXPECT_EQ(IncludesThatRunUp(DocumentedRooms(), IncludesOfAllSources()), Strings());
 }
@@ -190,26 +266,55 @@ TEST(Rooms, NoTwoUnitsIncludeEachOther) {
   EXPECT_EQ(CircleOfUnits(IncludesOfAllSources()), Strings());
 }
 
-TEST(Rooms, AreThereWithAReadme) {
-  for (const auto& entry : DocumentedRooms()) {
-    const std::string readme = std::string(OMBRELIA_SOURCE_DIR) + "/" + entry.first + "/README.md";
-    // The rooms of the host are described side by side in its own page.
-    if (entry.first.rfind("host/", 0) != 0 && entry.first != "Tabulon/src") {
-      EXPECT_TRUE(Tests::Exists(readme)) << readme;
+TEST(Rooms, ALineNamesOnlyRoomsBelowIt) {
+  EXPECT_EQ(LinesThatNameUp(DocumentedRooms()), Strings());
+}
+
+TEST(Rooms, OfTheTableIncludeNoMoreThanThis) {
+  const std::map<std::string, Strings> expected = {
+      {"table", {"sorting", "queries", "reading"}},
+      {"sorting", {"queries", "rows"}},
+      {"queries", {"rows"}},
+      {"reading", {"rows", "text"}},
+      {"rows", {"memory", "text"}},
+      {"text", {"machine"}},
+      {"memory", {"machine"}},
+      {"machine", {}},
+  };
+  const std::string outer = "Tabulon/src/";
+  std::map<std::string, Strings> documented;
+  for (const Room& room : RoomsIn(SourceText("Tabulon/README.md"))) {
+    ASSERT_EQ(room.name.rfind(outer, 0), 0u) << room.name;
+    Strings& names = documented[room.name.substr(outer.size())];
+    for (const std::string& name : room.includes) {
+      ASSERT_EQ(name.rfind(outer, 0), 0u) << name;
+      names.push_back(name.substr(outer.size()));
     }
-    EXPECT_TRUE(fs::is_directory(fs::path(OMBRELIA_SOURCE_DIR) / entry.first)) << entry.first;
+  }
+  EXPECT_EQ(documented, expected);
+}
+
+TEST(Rooms, AreThereWithAReadme) {
+  for (const Room& room : DocumentedRooms()) {
+    const std::string folder = std::string(OMBRELIA_SOURCE_DIR) + "/" + room.name;
+    // The rooms of the host, and what those of the table have in common, are described in the page above them.
+    if (room.name.rfind("host/", 0) != 0 && room.name != "Tabulon/src") {
+      EXPECT_TRUE(Tests::Exists(folder + "/README.md")) << room.name;
+    }
+    EXPECT_TRUE(fs::is_directory(folder)) << room.name;
   }
 }
 
-TEST(Rooms, EveryFolderOfSourcesIsDocumented) {
-  std::set<std::string> folders;
-  for (const auto& entry : IncludesOfAllSources())
-    folders.insert(fs::path(entry.first).parent_path().generic_string());
-  for (const std::string& folder : folders)
-    EXPECT_NE(RoomOf(DocumentedRooms(), folder + "/x"), "") << folder;
-  for (const std::string room :
-       {"memory", "text", "rows", "reading", "queries", "sorting", "table"})
-    EXPECT_EQ(DocumentedRooms().count("Tabulon/src/" + room), 1u) << room;
+TEST(Rooms, EveryFolderOfSourcesIsOne) {
+  EXPECT_EQ(FoldersThatAreNoRoom(DocumentedRooms(), IncludesOfAllSources()), Strings());
+}
+
+TEST(Rooms, EveryTopFolderHasALineInTheReadme) {
+  std::set<std::string> named;
+  for (const auto& line : TableLinesIn(SourceText("README.md")))
+    named.insert(fs::path(line.first).begin()->string());
+  const Strings& folders = TopFolders();
+  EXPECT_EQ(named, std::set<std::string>(folders.begin(), folders.end()));
 }
 
 // The rule itself, on rooms made up for it.
@@ -236,6 +341,52 @@ TEST(RoomRule, TheTestsMayIncludeEverythingAndNobodyMayIncludeThem) {
   EXPECT_EQ(IncludesThatRunUp(rooms, {{"tests/A.cpp", {"top/B.h"}}}), Strings());
   EXPECT_EQ(IncludesThatRunUp(rooms, {{"top/A.cpp", {"tests/B.h"}}}),
             Strings({"top/A.cpp includes tests/B.h"}));
+}
+
+TEST(RoomRule, ALineThatSaysOnlyLeavesOutWhatTheNamedRoomsInclude) {
+  const std::string line = "| `top/` | x | only `middle/` |\n";
+  const Rooms rooms = RoomsIn(line + THREE_ROOMS);
+  EXPECT_EQ(IncludesThatRunUp(rooms, {{"top/A.h", {"middle/B.h", "top/C.h", "ground/B.h"}}}),
+            Strings({"top/A.h includes ground/B.h"}));
+}
+
+TEST(RoomRule, ALineThatNamesAnUpperRoomIsNamed) {
+  EXPECT_EQ(LinesThatNameUp(RoomsIn(THREE_ROOMS)), Strings());
+  EXPECT_EQ(
+      LinesThatNameUp(RoomsIn("| `middle/` | x | nothing |\n| `ground/` | x | `middle/` |\n")),
+      Strings({"ground names middle"}));
+}
+
+TEST(RoomRule, LinesThatNameEachOtherOrThemselvesAreNamed) {
+  EXPECT_EQ(
+      LinesThatNameUp(RoomsIn("| `a/` | x | `b/` |\n| `b/` | x | `c/` |\n| `c/` | x | `a/` |\n")),
+      Strings({"c names a"}));
+  EXPECT_EQ(LinesThatNameUp(RoomsIn("| `a/` | x | `a/` |\n")), Strings({"a names a"}));
+}
+
+TEST(RoomRule, ALineThatNamesNoRoomIsNamed) {
+  EXPECT_EQ(LinesThatNameUp(RoomsIn("| `a/` | x | `cellar/` |\n")), Strings({"a names cellar"}));
+}
+
+TEST(RoomRule, AFolderInsideARoomIsARoomItselfButForThoseThatIncludeEverything) {
+  EXPECT_EQ(FoldersThatAreNoRoom(
+                RoomsIn(THREE_ROOMS),
+                {{"top/new/A.h", {}}, {"top/A.h", {}}, {"tests/new/A.h", {}}, {"attic/A.h", {}}}),
+            Strings({"attic", "top/new"}));
+}
+
+TEST(RoomRule, IncludesAreSeenHoweverTheyAreWritten) {
+  EXPECT_EQ(IncludesIn(
+                "#include \"a/A.h\"\n# include \"a/B.h\"\n  #\tinclude\t<Tabulon/C.h>\n"
+                "#include <vector>\n#include <wx/string.h>\n#includes\n// #include \"a/D.h\"\n#\n"),
+            Strings({"a/A.h", "a/B.h", "Tabulon/C.h"}));
+}
+
+TEST(RoomRule, AFileThatTheConfigurationMakesIsASource) {
+  EXPECT_EQ(SourceName("a/B.h.in"), "a/B.h");
+  EXPECT_EQ(SourceName("a/B.cpp"), "a/B.cpp");
+  EXPECT_EQ(SourceName("a/B.py"), "");
+  EXPECT_EQ(SourceName("a/B.py.in"), "");
 }
 
 TEST(RoomRule, AFileOutsideAllRoomsIsNamed) {

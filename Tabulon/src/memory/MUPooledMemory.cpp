@@ -36,7 +36,7 @@ namespace {
 constexpr std::size_t ALIGNMENT = alignof(std::max_align_t);
 // The first chunks stay with small pages, of which no more are used than are needed.
 constexpr int CHUNKS_OF_SMALL_PAGES = 2;
-// A text of a file rather than a row. Only then it is worth while to look whether its place can be used again.
+// A piece this long holds a file's text, not a row; only then is reuse of its place checked.
 constexpr std::size_t LONG_PIECE = std::size_t{16} * 1024;
 
 // Stands at the beginning of a chunk. Chunks begin at multiples of their size, so a piece finds its own.
@@ -94,7 +94,7 @@ void Discard(Chunk* chunk) {
 
 std::size_t SizeOfPiece(std::size_t bytes) { return RoundedUp(bytes == 0 ? 1 : bytes, ALIGNMENT); }
 
-// So many pieces side by side, of this size together.
+// Allocates adjacent pieces; size is their total in bytes.
 void* Allocate(std::size_t size, std::size_t pieces) {
   const std::lock_guard<std::mutex> lock(guard);
   Chunk* chunk = current;

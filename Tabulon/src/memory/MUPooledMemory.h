@@ -7,17 +7,24 @@
 #include <utility>
 #include <vector>
 
-// A piece of memory, without values, aligned for every type. Pieces lie side by side in a few large chunks, in the
-// order in which they are asked for; from the third chunk on they are in the system's large pages. Takes a lock and
-// some nanoseconds, and a system call for every chunk. A piece lives until it is freed, and a chunk as long as one
-// of its pieces, so pieces should be freed together, as those of a file are. For any number of threads; each may
-// free what another one got. Throws std::bad_alloc.
+// Effect: a piece of memory, without values, aligned for every type. Pieces lie side by side in a few large chunks, in
+// the order in which they are asked for. Where two chunks are in use already, or a piece alone needs more than an
+// ordinary chunk, the new chunk asks for the system's large pages.
+// Cost: a lock, and a system call for every chunk.
+// Lifetime: a piece lives until it is freed, and a chunk as long as one of its pieces, so pieces should be freed
+// together, as those of a file are.
+// Threads: any number; each may free what another one got.
+// Failure: throws std::bad_alloc.
 void* MUAllocatePooled(std::size_t bytes);
 // Frees a piece. bytes: as many as were asked for.
 void MUFreePooled(void* memory, std::size_t bytes) noexcept;
 
-// Pieces of one size that are asked for one after the other, with one lock for many of them. Each piece is freed by
-// itself, with MUFreePooled, and may outlive this object; what was not taken is freed with it. For one thread.
+// Effect: pieces of one size that are asked for one after the other.
+// Cost: one lock for many pieces.
+// Lifetime: each piece is freed by itself, with MUFreePooled, and may outlive this object; what was not taken is
+// freed with it.
+// Threads: one at a time.
+// Failure: Take throws std::bad_alloc; the pieces that were taken stay.
 class MUPooledPieces {
  public:
   explicit MUPooledPieces(std::size_t bytes) : m_bytes(bytes) {}
@@ -25,7 +32,7 @@ class MUPooledPieces {
   MUPooledPieces(const MUPooledPieces&) = delete;
   MUPooledPieces& operator=(const MUPooledPieces&) = delete;
 
-  // most: how many pieces will be asked for at most, this one included; at least 1. Throws std::bad_alloc.
+  // most: how many pieces will be asked for at most, this one included; at least 1.
   void* Take(std::size_t most) {
     if (m_left == 0) Refill(most);
     --m_left;

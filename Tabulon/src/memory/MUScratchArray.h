@@ -7,8 +7,11 @@
 #include <type_traits>
 #include <vector>
 
-// New memory, without values: from half a mebibyte on in large pages of its own, else from the heap. The caller
-// frees it. For any number of threads. Throws std::bad_alloc.
+// Effect: new memory, without values: from half a mebibyte on in separate large pages, else from the heap.
+// Cost: that of the heap, or a system call and the first touch of each page.
+// Lifetime: the caller frees it with MUFreeLarge.
+// Threads: any number.
+// Failure: throws std::bad_alloc.
 void* MUAllocateLarge(std::size_t bytes);
 // Gives the memory back. bytes: as many as were asked for.
 void MUFreeLarge(void* memory, std::size_t bytes) noexcept;
@@ -36,8 +39,11 @@ struct MULargeAllocator {
 template <typename ITEM>
 using MULargeVector = std::vector<ITEM, MULargeAllocator<ITEM>>;
 
-// An array of a fixed size whose items have no values at first. It costs no pass over them. Owns its memory. An
-// index must be below size(). For one thread at a time. The constructor throws std::bad_alloc.
+// Effect: an array of a fixed size whose items have no values at first.
+// Cost: that of MUAllocateLarge, without a pass over the items.
+// Lifetime: it owns its memory; pointers hold as long as the array.
+// Threads: one at a time.
+// Failure: an index must be below size(), unchecked. The constructor throws std::bad_alloc.
 template <typename ITEM>
 class MUScratchArray {
   static_assert(std::is_trivially_copyable_v<ITEM> && std::is_trivially_destructible_v<ITEM>);

@@ -20,11 +20,16 @@
 // The file has six header lines: participant, title, date and time, one line that is never read, and two heading
 // rows, whose cells are joined to column names by a line feed. One data row per line follows, at least one. Cells are
 // separated by tabs; there is no quoting. The file has at most 1 MiB. Every row carries the five hidden cells.
+//
+// Cost: that of MUDataTextFile for the file; a row is then made without a look at its cells, but for the reaction time.
+// Lifetime: the reader owns the file's text together with the rows. handler is borrowed as long as the reader lives.
+// Threads: one for a reader and its rows. The constructor redirects the log meanwhile: on the main thread that of the
+// whole process.
+// Failure: a bad file is reported and sets ErrorStatusIsPresent; only want of memory throws.
 class MUConcreteExperimentDataFileTxt : public MUInterfaceExperimentDataFileInputReader {
  public:
-  // Does all the loading and stops at the first error, which it reports; it throws nothing for a bad file. With
-  // hasHeader false all lines are data rows, of the fifteen known columns. handler is borrowed as long as the reader
-  // lives, and may be null.
+  // Does all the loading and stops at the first error, which it reports. With hasHeader false all lines are data
+  // rows, of the fifteen known columns. handler may be null.
   MUConcreteExperimentDataFileTxt(const wxFileName& file, bool hasHeader,
                                   MUInterfaceDataFileInputErrorHandler* handler);
   MUConcreteExperimentDataFileTxt(const MUConcreteExperimentDataFileTxt&) = delete;

@@ -28,6 +28,10 @@ class wxFileName;
 // - columns have flags 0 and type 0, and rows have no hidden cells;
 // - reports are short fixed words.
 //
+// Cost: one or two passes over the bytes of plain text, and a conversion more of any other.
+// Lifetime: the reader owns the file's text together with the rows. file is borrowed by the constructor, handler as
+// long as the reader lives.
+// Threads: one for a reader and its rows; the file belongs to that thread meanwhile.
 // Failure: "Seek failed" and "Failed to slurp into string." are logged as fatal errors where the file cannot be
 // put at its start, or its bytes cannot be read: a folder, a file of 4 GiB or more, too little memory for what
 // arrives. wxWidgets ends the program then. Should it return, the file counts as empty, which is an error. A file

@@ -1,4 +1,10 @@
 // What both readers do alike with the columns of a data file.
+//
+// Cost: one pass over the headings; a unique name takes time in the logarithm of their number.
+// Lifetime: arguments are borrowed for the call. A new column is the caller's, or that of the columns that it is
+// appended to.
+// Threads: one at a time for the columns of a file.
+// Failure: throws std::bad_alloc, and what make throws; the columns made so far then stay in the collection.
 #ifndef OMBRELIA_TABULON_SRC_READING_MUDATAFILECOLUMNS_H
 #define OMBRELIA_TABULON_SRC_READING_MUDATAFILECOLUMNS_H
 
@@ -20,7 +26,7 @@ using MUColumns = std::deque<MUColumnNamePlusProperties*>;
 // 4,096 columns of one name.
 constexpr std::size_t MU_LARGEST_NUMBER_OF_APPENDED_SIGNS = std::size_t{1} << 23;
 
-// A new column, owned by the caller, of flags 0 and type 0, with one file status.
+// A new column of flags 0 and type 0, with one file status.
 MUColumnNamePlusProperties* MUNewColumn(const wxString& name, const wxString& fileName,
                                         short suppressed);
 

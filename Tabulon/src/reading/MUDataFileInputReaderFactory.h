@@ -18,9 +18,12 @@ enum MU_DATAFILE_INPUTFILE_TYPE : int {
 
 class MUDataFileInputReaderFactory {
  public:
-  // A new reader, which has read the file; never null. The caller deletes it. A bad file gives a reader whose
-  // ErrorStatusIsPresent is true. handler is borrowed as long as the reader lives, and may be null. openFile is used
-  // for MU_INPUTFILE_IN_MEMORY only. It must then be an open file; it is read in this call and keeps its position.
+  // Effect: a new reader, which has read the file; never null. openFile is used for MU_INPUTFILE_IN_MEMORY only. It
+  // must then be an open file; it is read in this call and keeps its position.
+  // Cost: that of reading the whole file.
+  // Lifetime: the caller deletes the reader. handler is borrowed as long as the reader lives, and may be null.
+  // Threads: one for a file; the reader stays with the thread that made it.
+  // Failure: a bad file gives a reader whose ErrorStatusIsPresent is true; only want of memory throws.
   static MUInterfaceExperimentDataFileInputReader* GetExperimentDataFileInputReader(
       const wxFileName& file, MU_DATAFILE_INPUTFILE_TYPE type,
       MUInterfaceDataFileInputErrorHandler* handler, wxFile* openFile);

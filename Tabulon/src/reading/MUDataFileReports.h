@@ -1,4 +1,7 @@
 // What both readers send to the handler of reports.
+//
+// Cost: a list of the reports, and what the handler does. Lifetime: all arguments are borrowed for the call.
+// Threads: the handler is called on the thread that calls. Failure: throws std::bad_alloc and what the handler throws.
 #ifndef OMBRELIA_TABULON_SRC_READING_MUDATAFILEREPORTS_H
 #define OMBRELIA_TABULON_SRC_READING_MUDATAFILEREPORTS_H
 

@@ -1,4 +1,9 @@
 // What both readers do alike to make a row of a line.
+//
+// Cost: constant for a row, and a name for each cell beyond the headings.
+// Lifetime: a row shares its block; all other arguments are borrowed for the call.
+// Threads: one at a time for a block and its rows.
+// Failure: throws std::bad_alloc, and what make throws. row must be below the block's count of rows.
 #ifndef OMBRELIA_TABULON_SRC_READING_MUDATAROWMAKING_H
 #define OMBRELIA_TABULON_SRC_READING_MUDATAROWMAKING_H
 

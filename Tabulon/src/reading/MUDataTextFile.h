@@ -11,12 +11,14 @@
 #include "Tabulon/src/reading/MUDecodedText.h"
 #include "Tabulon/src/rows/MUDataFileLines.h"
 
-// A wxTextFile that keeps its lines in another form: Open reads the whole file, decodes it as a wxConvAuto would,
+// Effect: a wxTextFile that keeps its lines in another form. Open reads the whole file, decodes it as a wxConvAuto would,
 // whatever conversion it is given, ends lines where wxTextFile ends them and logs what wxTextFile would log. After it
 // the lines stand in Lines() and not in the base class. The file is opened once, and its size and its bytes come from
 // there; Open closes it again.
 // Cost: one or two passes over the bytes of plain text, and a conversion more of any other.
-// Threads: none may share the object. Failure: Open answers false for a file that cannot be opened or read and,
+// Lifetime: the lines share their block, which may outlive the object.
+// Threads: one at a time.
+// Failure: Open answers false for a file that cannot be opened or read and,
 // without a message, for one that is too large. A file that cannot be decoded has no lines.
 class MUDataTextFile : public wxTextFile {
  public:

@@ -21,7 +21,7 @@ using Bytes = MUPoolVector<char>;
 // What a look at the bytes tells about the encoding that wxConvAuto will find.
 enum class Finding {
   UTF8,    // it is valid, beyond all doubt
-  LATIN1,  // it cannot be UTF-8, whoever judges
+  LATIN1,  // it is certainly not UTF-8
   UTF16_LITTLE,
   UTF16_BIG,
   DOUBTFUL  // only the library knows

@@ -13,10 +13,12 @@ struct MUDecodedText {
   MUPoolVector<wchar_t> wide;
 };
 
-// Decodes the bytes exactly as a wxString made of them with a wxConvAuto would have them; a text that cannot be
-// decoded is empty. UTF-8 that is valid beyond doubt, bytes that cannot be UTF-8 and count as Latin-1, and UTF-16
-// of single units are decoded here, in two passes or less; everything else is left to the library. The bytes are left
-// in place or used up. Throws std::bad_alloc or std::length_error.
+// Effect: decodes the bytes exactly as a wxString made of them with a wxConvAuto would have them.
+// Cost: UTF-8 that is valid beyond doubt, bytes that cannot be UTF-8 and count as Latin-1, and UTF-16 of single units
+// are decoded here, in two passes or less; everything else takes the library's conversion and a copy.
+// Lifetime: the bytes are left in place or used up; the result is the caller's.
+// Threads: any number, each with its bytes.
+// Failure: a text that cannot be decoded is empty. Throws std::bad_alloc or std::length_error.
 MUDecodedText MUDecode(MUPoolVector<char>& bytes);
 
 #endif

@@ -7,8 +7,12 @@
 
 #include <list>
 
-// Collects what is logged while it is the active target (see MUActiveLogTarget). Debug and trace messages are not
-// kept. For one thread.
+// Effect: collects what is logged while it is the active target (see MUActiveLogTarget). Debug and trace messages are
+// not kept.
+// Cost: a copy of each message.
+// Lifetime: it must outlive its time as the target.
+// Threads: one. Other threads' messages reach it when the library hands them to the main thread.
+// Failure: throws std::bad_alloc.
 class MUEasyRedirectMinimalErrorLog : public wxLog {
  public:
   MUEasyRedirectMinimalErrorLog() : m_wasCollected(false) {}
@@ -31,8 +35,12 @@ class MUEasyRedirectMinimalErrorLog : public wxLog {
   bool m_wasCollected;  // the next message begins a new list
 };
 
-// Makes a log the active target as long as it lives, and then puts the former one back. On the main thread that is
-// the target of the whole process, on another one that thread's own. Borrows the log.
+// Effect: makes a log the active target as long as this lives, and then puts the former one back. On the main thread
+// that is the target of the whole process, on another one that thread's alone.
+// Cost: an exchange of two pointers.
+// Lifetime: borrows the log.
+// Threads: the one that made it must destroy it.
+// Failure: none.
 class MUActiveLogTarget {
  public:
   explicit MUActiveLogTarget(wxLog* target);

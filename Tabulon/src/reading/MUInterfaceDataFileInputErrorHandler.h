@@ -6,8 +6,12 @@
 
 #include "Tabulon/src/reading/MUInterfaceExperimentDataFileInputReader.h"
 
-// Readers and the table borrow a handler, which must outlive them. It may be null everywhere: what went wrong then
-// shows only in ErrorStatusIsPresent.
+// Effect: is told what became of each file. It may be null everywhere: what went wrong then shows only in
+// ErrorStatusIsPresent.
+// Cost: one call per file.
+// Lifetime: readers and the table borrow a handler, which must outlive them.
+// Threads: called on the thread that constructs the reader.
+// Failure: an exception of the handler ends the construction and passes through it.
 class MUInterfaceDataFileInputErrorHandler {
  public:
   // Called while the reader is being constructed: once for a bad file, with one report or, when the

@@ -10,9 +10,12 @@
 struct MUColumnNamePlusProperties;
 struct MUSingleRowDataPlusRowProperties;
 
-// Reads a single data file. All opening and checking happens in the constructor of the concrete reader
-// (MUDataFileInputReaderFactory makes one), which throws nothing for a bad file. Rows share the file's text with the
-// reader and may outlive it. A reader and its rows belong to one thread. The caller's order:
+// Effect: reads a single data file. All opening and checking happens in the constructor of the concrete reader
+// (MUDataFileInputReaderFactory makes one).
+// Cost: the constructor reads the whole file; a row is then a small record.
+// Lifetime: rows share the file's text with the reader and may outlive it.
+// Threads: a reader and its rows belong to one.
+// Failure: ErrorStatusIsPresent tells of a bad file; only want of memory throws. The caller's order:
 //   1. ErrorStatusIsPresent; if true, delete the reader and do nothing else;
 //   2. GetDataRowCount, GoToDataRow(0), and CreateAndReturnCurrentRowObject(true) that many times;
 //   3. only then CreateAndReturnPositionallyOrderedColumnObjects: reading a row may append columns;

@@ -6,8 +6,11 @@
 #include <cstddef>
 #include <string>
 
-// Walks over the carriage returns and line feeds of the text [begin, end), front to back. The whole walk looks at
-// each character twice at most, however the two are mixed. Borrows the text. Never fails.
+// Effect: walks over the carriage returns and line feeds of the text [begin, end), front to back.
+// Cost: the whole walk looks at each character twice at most, however the two are mixed.
+// Lifetime: borrows the text.
+// Threads: one at a time.
+// Failure: none.
 template <typename CHAR>
 class MULineEnds {
  public:

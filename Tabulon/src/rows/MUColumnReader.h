@@ -12,10 +12,12 @@
 #include "Tabulon/src/rows/MUSingleRowDataPlusRowProperties.h"
 #include "Tabulon/src/text/MUCellText.h"
 
-// Reads the cells of one column in any rows, hidden cells like any other. Looks the column up once per file; then
-// each cell takes constant time. A row with own entries is searched. What it answers is borrowed from the row: valid
-// until the cell is written or the row deleted. While the reader is in use, no row may be deleted and no file may gain
-// a column. For one thread. Throws std::bad_alloc.
+// Effect: reads the cells of one column in any rows, hidden cells like any other.
+// Cost: looks the column up once per file; then each cell takes constant time. A row with own entries is searched.
+// Lifetime: what it answers is borrowed from the row: valid until the cell is written or the row deleted. While the
+// reader is in use, no row may be deleted and no file may gain a column.
+// Threads: one.
+// Failure: a row without such a cell has the empty text. Throws std::bad_alloc.
 class MUColumnReader {
  public:
   explicit MUColumnReader(const wxString& name) : m_name(name) {}

@@ -9,9 +9,11 @@
 #include "Tabulon/src/rows/MUColumnReader.h"
 #include "Tabulon/src/rows/MURowStore.h"
 
-// Calls action(key, text) for the column's cell in every row, in key order, which is how rows lie in memory. Rows
-// that are mere lines of a file are not looked at, only the file's text is. A cell that is not there is an empty
-// text. A text is borrowed until the cell is written or the row deleted; the action must do neither. One thread.
+// Effect: calls action(key, text) for the column's cell in every row, in key order.
+// Cost: rows that are mere lines of a file are not looked at, only the file's text is, as it lies in memory.
+// Lifetime: a text is borrowed until the cell is written or the row deleted; the action must do neither.
+// Threads: one at a time for the rows.
+// Failure: a cell that is not there is an empty text. Throws std::bad_alloc and what action throws.
 template <typename ACTION>
 void MUForEachCell(const MURowStore& rows, const wxString& column, ACTION action) {
   MUColumnReader reader(column);

@@ -11,8 +11,11 @@
 #include "Tabulon/src/rows/MUDataFileLines.h"
 #include "Tabulon/src/text/MUPlainTextScan.h"
 
-// Makes one block, either of a text as a whole or row by row. A text is taken in one or two passes.
-// For one thread. Throws std::bad_alloc and std::length_error for want of memory.
+// Effect: makes one block, either of a text as a whole or row by row.
+// Cost: a text is taken in one or two passes, unless said otherwise.
+// Lifetime: texts are borrowed for the call, or become the block's; the block is shared by those who hold it.
+// Threads: one.
+// Failure: throws std::bad_alloc and std::length_error for want of memory.
 class MUDataFileBlockBuilder {
  public:
   // Block offsets reach this far.

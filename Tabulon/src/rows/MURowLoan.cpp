@@ -5,8 +5,8 @@
 
 namespace {
 
-template <typename T>
-bool IsUntouched(const MURowOverlay<T>& overlay) {
+template <typename MAPPED>
+bool IsUntouched(const MURowOverlay<MAPPED>& overlay) {
   return overlay.m_entries.empty() && !overlay.m_complete;
 }
 

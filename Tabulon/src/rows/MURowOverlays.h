@@ -10,10 +10,10 @@
 #include "Tabulon/src/rows/MUDataFileBlock.h"
 
 // The own entries of one map. They stand beside what the block gives for other keys; once m_complete is
-// set, they stand instead of it. T: the map's mapped type.
-template <typename T>
+// set, they stand instead of it. MAPPED: the map's mapped type.
+template <typename MAPPED>
 struct MURowOverlay {
-  std::map<wxString, T> m_entries;
+  std::map<wxString, MAPPED> m_entries;
   bool m_complete = false;
 };
 

@@ -13,8 +13,11 @@
 
 struct MUSingleRowDataPlusRowProperties;
 
-// Keeps a file's block for the texts that stand in it, and copies the texts that stand in a row itself. A kept block
-// costs all memory of its file. For one thread. Throws std::bad_alloc.
+// Effect: keeps a file's block for the texts that stand in it, and copies the texts that stand in a row itself.
+// Cost: a kept block costs all memory of its file.
+// Lifetime: what it answers is valid as long as the keeper.
+// Threads: one.
+// Failure: throws std::bad_alloc.
 class MUTextKeeper {
  public:
   // text: of a cell of the row. Answers the same text, valid as long as the keeper.

@@ -51,10 +51,12 @@ class MUExperimentTextReaderMultiFile : public wxEvtHandler,
   // ---- Loading: the two ways in (…Loading.cpp) ---------------------------------------------------
   // For a live viewer, which has put the file into the list of files before. Rows and columns are merged
   // at once and seen after the next notification. True when the file was read; a file that was not leaves
-  // the list of files, and its reader tells the error handler why.
+  // the list of files, and its reader tells the error handler why. notify: whether to ask for a notification, also
+  // where the file was not read; it runs in OnIdle.
   virtual bool AddExperimentOcurrence(const wxFileName& file, bool notify);
   // For everything without a viewer: also records the file as active, and runs the notification at once.
-  // openFile may be null; otherwise the bytes come from it, and it stays open and where it was.
+  // openFile may be null; otherwise the bytes come from it, and it stays open and where it was. For a file that was
+  // read the notification runs whatever notify says; for one that was not, notify asks for one.
   virtual bool AddExperimentOcurrence_SimulateIdleLoop_UsedWhenNoTabulonWindowIsShown(
       const wxFileName& file, bool notify, wxFile* openFile);
 

@@ -35,7 +35,9 @@ class MUInterfaceMultiExperimentDataSource : public MUQueryWords {
   // Full paths, in order.
   virtual std::vector<wxString> GetNamesOfActiveFiles() const = 0;
 
-  // Visibility. All of these ask for a notification and are seen after it.
+  // Visibility. All of these ask for a notification and are seen after it. To ask sets a pending bit; lists and
+  // observers hear of changes when the table next works the bit off. Where no such column is found, or none is
+  // empty, nothing is asked for.
   virtual void HideOneSingleRowPerArbitraryUserRequest(unsigned long shownRow) = 0;
   virtual void RemoveUserDesignatedRowHiddennessBasedOnCurrentlyActiveFiles() = 0;
   virtual void HideOneSingleColumnPerArbitraryUserRequest(const wxString& name) = 0;
@@ -99,7 +101,8 @@ class MUInterfaceMultiExperimentDataSource : public MUQueryWords {
       MUInterfaceRowTruthDecider* decider, const std::list<unsigned long>& indices,
       bool includeAllRows) = 0;
 
-  // Deleting rows. Both answer true.
+  // Deleting rows. Both answer true. The first asks for a notification, the second only where notify is true.
+  // Until a notification has run, the lists still count the deleted rows.
   virtual bool DeleteAllRows_WhereField_Y_Matches_Z(const wxString& fieldY,
                                                     const wxString& valueZ) = 0;
   virtual bool DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(

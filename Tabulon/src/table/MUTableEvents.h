@@ -6,9 +6,11 @@
 
 #include <wx/event.h>
 
+#include "Tabulon/src/machine/MUMachine.h"
+
 // Goes to the application object when a row's red flag may have changed.
-extern __attribute__((visibility("default"))) wxEventType wxEVT_FLAGGED_ROW_COUNT_CHANGED;
+extern MU_EXPORTED wxEventType wxEVT_FLAGGED_ROW_COUNT_CHANGED;
 // Comes to the table itself after a notification, and to every observer as the request to repaint.
-extern __attribute__((visibility("default"))) wxEventType wxEVT_COMMAND_REFRESH_REQUEST;
+extern MU_EXPORTED wxEventType wxEVT_COMMAND_REFRESH_REQUEST;
 
 #endif

@@ -1,4 +1,7 @@
 // How a line falls into cells, and how the control characters of a cell become visible.
+//
+// Cost: one pass over the characters each. Lifetime: the characters are borrowed for the call.
+// Threads: any number. Failure: throws only what take or out throws; any characters will do.
 #ifndef OMBRELIA_TABULON_SRC_TEXT_MUCELLSPLITTING_H
 #define OMBRELIA_TABULON_SRC_TEXT_MUCELLSPLITTING_H
 
@@ -45,7 +48,7 @@ constexpr bool MUBeginsEscapePair(const CHAR* at, const CHAR* end) {
 // Appends the visible form of the control character at, of a text that ends at end, to out, a container of
 // characters. An escape before '@' to '_' becomes "0x1B 0x" and two hexadecimal digits of the second
 // character, any other character from 1 to 31 a caret and a letter, 127 "^?", and 128 to 159 "0x" and two
-// digits. Returns where the rest of the text begins. Throws what out throws.
+// digits. Returns where the rest of the text begins.
 template <typename CHAR, typename OUT>
 const CHAR* MUAppendVisibleForm(const CHAR* at, const CHAR* end, OUT& out) {
   using OutChar = typename OUT::value_type;
@@ -74,8 +77,8 @@ const CHAR* MUAppendVisibleForm(const CHAR* at, const CHAR* end, OUT& out) {
   return at + 1;
 }
 
-// What of a text decides how it is to be stored. Added up over the pieces of a text that do not part an
-// escape from the character behind it.
+// What decides how a text is to be stored. Added up over pieces of the text that do not separate an escape
+// from the character behind it.
 struct MUVisibleMeasure {
   std::size_t characters = 0;  // once all control characters but the tabs are visible
   std::size_t tabs = 0;

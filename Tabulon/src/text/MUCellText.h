@@ -11,11 +11,14 @@
 
 #include "Tabulon/src/machine/MUMachine.h"
 
-// A view of a text that somebody else owns, cheap to copy. A narrow text has one byte per character, as
-// Latin-1 does; a wide one has the characters themselves. All operations give the same answers for the same
-// characters, however wide they are stored. A view is valid as long as its characters are: those of a cell of
-// a row as long as a row of that file lives. Any number of threads may read the same text. Nothing fails but what
-// takes memory.
+// Effect: a view of a text that somebody else owns. A narrow text has one byte per character, as Latin-1 does; a
+// wide one has the characters themselves. All operations give the same answers for the same characters, however
+// wide they are stored.
+// Cost: a pointer and a length to copy; comparing, hashing and copying the text are one pass over it.
+// Lifetime: a view is valid as long as its characters are: those of a cell of a row as long as a row of that file
+// lives.
+// Threads: any number may read the same text.
+// Failure: only ToString and CopyInto take memory, and throw std::bad_alloc.
 class MUCellText {
  public:
   // A column's sort keys cover SORT_PIECES pieces of SORT_PIECE_LENGTH characters each.
@@ -97,7 +100,7 @@ class MUCellText {
   // character 6 * piece. Each character gives its low eight bits, most significant first; where the
   // text has ended a blank stands in. Below 2 to the power 48.
   std::uint64_t SortBits(std::size_t piece) const;
-  // The same as the number that m_hash01, m_hash02 and m_hash03 hold: SortBits times 65,536.
+  // SortBits times 65,536, which a double holds exactly.
   double SortKey(std::size_t piece) const { return static_cast<double>(SortBits(piece)) * 65536.0; }
   // True when the three pieces cover the whole text.
   bool FitsInSortKeys() const { return Length() < SORT_PIECES * SORT_PIECE_LENGTH + 1; }
@@ -132,7 +135,7 @@ class MUCellText {
   std::size_t m_size;  // twice the length, and one more if the text is wide
 };
 
-// A text to compare many cells with, brought into the width that cells have where it can be.
+// A text to compare many cells with, made narrow where it can be, as cells are.
 class MUWantedText {
  public:
   // Borrows the text, which must neither change nor go while this lives. One pass over it.

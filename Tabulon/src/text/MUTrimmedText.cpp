@@ -4,7 +4,7 @@
 
 namespace {
 
-// The rule of wxString::Trim: the blanks beyond ASCII are none.
+// As wxString::Trim: only ASCII blanks are trimmed.
 bool IsBlank(wchar_t character) { return character < 127 && wxIsspace(character); }
 
 }  // namespace

@@ -4,8 +4,11 @@
 
 #include "Tabulon/src/text/MUCellText.h"
 
-// What wxString::Trim would leave after trimming both sides, as a part of the same borrowed text: valid as long
-// as that. Looks only at the blanks and one character on each side. Never fails.
+// Effect: what wxString::Trim would leave after trimming both sides, as a part of the same text.
+// Cost: a look at the blanks and one character on each side.
+// Lifetime: the result is valid as long as the characters of the text.
+// Threads: any number.
+// Failure: none.
 MUCellText TrimmedText(const MUCellText& text);
 
 #endif

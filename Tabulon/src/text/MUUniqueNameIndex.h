@@ -9,10 +9,13 @@
 #include <utility>
 #include <vector>
 
-// Gives the same answers as MUUtilitarianFunctions::GetUniqueNameToInsertForGivenListContents for the list of
-// the names added so far, in that order. Each operation takes time in the logarithm of the number of names,
-// where that function walks the list; what only names that are taken need is made when the first of them comes.
-// Keeps copies of the names. For one thread at a time. Throws std::bad_alloc.
+// Effect: gives the same answers as MUUtilitarianFunctions::GetUniqueNameToInsertForGivenListContents for the list
+// of the names added so far, in that order.
+// Cost: each operation takes time in the logarithm of the number of names, where that function walks the list. What
+// only repeated names need is made when the first of them comes.
+// Lifetime: it keeps copies of the names.
+// Threads: one at a time.
+// Failure: throws std::bad_alloc.
 class MUUniqueNameIndex {
  public:
   // Forgets all names.

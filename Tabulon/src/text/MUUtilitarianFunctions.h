@@ -1,4 +1,8 @@
-// Free functions that the readers and the table share. All but the timers may run on any number of threads.
+// Free functions that the readers and the table share.
+//
+// Cost: one pass over what is given, unless said otherwise. Lifetime: arguments are borrowed for the call, and
+// results are the caller's. Threads: any number, but one at a time for the timers. Failure: throws std::bad_alloc
+// for want of memory; any text, number or name is allowed.
 #ifndef OMBRELIA_TABULON_SRC_TEXT_MUUTILITARIANFUNCTIONS_H
 #define OMBRELIA_TABULON_SRC_TEXT_MUUTILITARIANFUNCTIONS_H
 
@@ -15,7 +19,7 @@ namespace MUUtilitarianFunctions {
 // "first" to "tenth", translated when the library loads.
 extern const wxString MUUTIL_WRITTEN_ORDINAL_NUMBER_TEXT[10];
 
-// The running timers of TimeMeProductionRelease by key. Not locked: for one thread at a time.
+// The running timers of TimeMeProductionRelease by key, without a lock.
 extern std::map<wxString, wxDateTime> theMUUtilitarianFunctionsLookupMap;
 
 // The name, changed so that it can stand beside the existing ones. If no existing name equals it without regard
@@ -51,7 +55,6 @@ void TimeMeDebug(bool start, wxString key, unsigned long* elapsed);
 
 // A stopwatch for each key. With start true it starts, unless it runs already, and elapsed may be null. With
 // start false it ends, and *elapsed becomes the milliseconds since its start, or all ones if it did not run.
-// For one thread at a time.
 void TimeMeProductionRelease(bool start, wxString key, unsigned long* elapsed);
 
 // True if the list is in ascending order.

@@ -20,22 +20,22 @@ using Arguments = std::vector<std::string>;
 class CliRun : public testing::Test {
  protected:
   void SetUp() override {
-    WriteFile(folder / "a.txt",
+    WriteFile(m_folder / "a.txt",
               "Ann\nFirst experiment\nMon Apr 02 2012\n\n"
               "Event\tReaction\tNote\tFont\n"
               "Name\tTime\t\t(Trial Variable)\n"
               "go\t12\t\tred\n"
               "stop\t5\t \tblue\n"
               "go\t300\t\tred\n");
-    WriteFile(folder / "b.txt",
+    WriteFile(m_folder / "b.txt",
               "B\xC3\xA9n\xC3\xA9\nSecond\nTue\n\nEvent\tKey\nName\t\tCode\nw\xC3\xA4it\tk\t7\n");
-    WriteFile(folder / "bad.txt", "one\ntwo\n");
+    WriteFile(m_folder / "bad.txt", "one\ntwo\n");
   }
 
   Finished Run(Arguments arguments, Arguments environment = {}) {
     arguments.insert(arguments.begin(), OMBRELIA_TABULON_CLI);
     Tests::ProcessSetup setup;
-    setup.workingDirectory = folder.Path();
+    setup.workingDirectory = m_folder.Path();
     setup.environment = environment;
     return Tests::RunProgram(arguments, setup);
   }
@@ -54,7 +54,7 @@ class CliRun : public testing::Test {
     return finished.err;
   }
 
-  ScratchFolder folder;
+  ScratchFolder m_folder;
 };
 
 }  // namespace Tests

@@ -32,7 +32,7 @@ TEST_F(ColumnsOfTheCli, MachineReadableFormatsHaveTheOriginUnlessToldOtherwise) 
 }
 
 TEST_F(ColumnsOfTheCli, ADataColumnKeepsItsNameBesideOneOfOrigin) {
-  WriteFile(folder / "f.txt", "p\nt\nd\n\nfile\tDate\n\nmine\ttoday\n");
+  WriteFile(m_folder / "f.txt", "p\nt\nd\n\nfile\tDate\n\nmine\ttoday\n");
   EXPECT_EQ(Output({"show", "f.txt", "--format", "csv"}),
             "file#,line,title,date#,participant,file,Date\nf.txt,7,t,d,p,mine,today\n");
   EXPECT_EQ(Output({"distinct", "file", "f.txt"}), "mine\n");
@@ -56,8 +56,8 @@ TEST_F(ColumnsOfTheCli, PatternsChooseAndHideSeveral) {
 TEST_F(ColumnsOfTheCli, ANameInAnotherCaseIsFoundIfOnlyOneReadsSo) {
   EXPECT_EQ(Output({"distinct", "event name", "a.txt"}), "go\nstop\n");
   EXPECT_EQ(Output({"distinct", "EVENT\\nNAME", "a.txt"}), "go\nstop\n");
-  WriteFile(folder / "c.txt", "p\nt\nd\n\nAB C\tx\nd\ty\n1\t2\n");
-  WriteFile(folder / "d.txt", "p\nt\nd\n\nab C\tx\nd\ty\n3\t4\n");
+  WriteFile(m_folder / "c.txt", "p\nt\nd\n\nAB C\tx\nd\ty\n1\t2\n");
+  WriteFile(m_folder / "d.txt", "p\nt\nd\n\nab C\tx\nd\ty\n3\t4\n");
   EXPECT_EQ(Output({"distinct", "ab C d", "c.txt", "d.txt"}), "\n3\n");
   EXPECT_EQ(Complaint({"distinct", "ab c d", "c.txt", "d.txt"})
                 .find("tabulon-cli: more than one column reads \"ab c d\" on one line"),
@@ -82,8 +82,8 @@ TEST_F(ColumnsOfTheCli, EmptyNamesAreNoNames) {
 }
 
 TEST_F(ColumnsOfTheCli, HeadingsThatBeginAlikeBecomeOneColumn) {
-  WriteFile(folder / "m1.txt", "p\nt\nd\n\nA\tExpansion Time(ms): 27\tB\n\n1\t-\t2\n");
-  WriteFile(folder / "m2.txt", "p\nt\nd\n\nA\tB\tExpansion Time(ms): 31\n\n3\t4\tx\n");
+  WriteFile(m_folder / "m1.txt", "p\nt\nd\n\nA\tExpansion Time(ms): 27\tB\n\n1\t-\t2\n");
+  WriteFile(m_folder / "m2.txt", "p\nt\nd\n\nA\tB\tExpansion Time(ms): 31\n\n3\t4\tx\n");
   EXPECT_EQ(Output({"show", "m1.txt", "m2.txt", "--merge-headings",
                     "Expansion Time(ms): ", "--no-origin", "--format", "csv"}),
             "A,Expansion Time(ms),B\n1,-,2\n3,x,4\n");
@@ -95,7 +95,7 @@ TEST_F(ColumnsOfTheCli, HeadingsThatBeginAlikeBecomeOneColumn) {
 }
 
 TEST_F(ColumnsOfTheCli, TwoNamesThatReadAlikeOnOneLineAreTold) {
-  WriteFile(folder / "amb.txt", "p\nt\nd\n\nA\tA B\nB C\tC\n3\t4\n");
+  WriteFile(m_folder / "amb.txt", "p\nt\nd\n\nA\tA B\nB C\tC\n3\t4\n");
   EXPECT_EQ(Output({"show", "amb.txt", "--no-origin", "--format", "csv"}), "A B C,A B C#\n3,4\n");
   EXPECT_EQ(Output({"distinct", "A B C#", "amb.txt"}), "4\n");
 }

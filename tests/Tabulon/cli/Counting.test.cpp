@@ -10,7 +10,7 @@ class Counting : public Tests::CliRun {
  protected:
   void SetUp() override {
     CliRun::SetUp();
-    WriteFile(folder / "g.txt",
+    WriteFile(m_folder / "g.txt",
               "p\nt\nd\n\nBlock\tTrial\tReaction\nName\tName\tTime\n"
               "one\tx\t10\n"
               "one\ty\t20\n"
@@ -100,7 +100,7 @@ TEST_F(Counting, WithoutAColumnAllRowsAreOneGroup) {
 }
 
 TEST_F(Counting, AColumnOfAnAggregateMayHoldAComma) {
-  WriteFile(folder / "c.txt", "p\nt\nd\n\na,n\tb\n\n1\tx\n3\tx\n");
+  WriteFile(m_folder / "c.txt", "p\nt\nd\n\na,n\tb\n\n1\tx\n3\tx\n");
   EXPECT_EQ(Output({"group", "c.txt", "--by", "b", "--agg", "mean:a,n,n", "--format", "csv"}),
             "b,\"mean a,n\",n\nx,2,2\n");
 }

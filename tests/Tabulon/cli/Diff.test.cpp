@@ -13,8 +13,8 @@ class DiffOfTheCli : public Tests::CliRun {
  protected:
   // Two files with these rows.
   void Write(const std::string& a, const std::string& b) {
-    WriteFile(folder / "x.txt", "p\nt\nd\n\nTrial\tTime\n\n" + a);
-    WriteFile(folder / "y.txt", "p\nt\nd\n\nTrial\tTime\n\n" + b);
+    WriteFile(m_folder / "x.txt", "p\nt\nd\n\nTrial\tTime\n\n" + a);
+    WriteFile(m_folder / "y.txt", "p\nt\nd\n\nTrial\tTime\n\n" + b);
   }
   std::string Differences(const Arguments& options = {}, int status = 1) {
     Arguments arguments = {"diff", "x.txt", "y.txt", "--format", "csv"};
@@ -70,8 +70,8 @@ TEST_F(DiffOfTheCli, NumbersMayDifferWithinTheTolerance) {
 }
 
 TEST_F(DiffOfTheCli, ColumnsOfOnlyOneSideAreTold) {
-  WriteFile(folder / "x.txt", "p\nt\nd\n\nTrial\tTime\n\na\t1\n");
-  WriteFile(folder / "y.txt", "p\nt\nd\n\nTrial\tNote\n\na\t2\n");
+  WriteFile(m_folder / "x.txt", "p\nt\nd\n\nTrial\tTime\n\na\t1\n");
+  WriteFile(m_folder / "y.txt", "p\nt\nd\n\nTrial\tNote\n\na\t2\n");
   EXPECT_EQ(Differences(), "column only in A,,,Time,,\ncolumn only in B,,,Note,,\n");
 }
 

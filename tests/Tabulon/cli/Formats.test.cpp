@@ -32,7 +32,7 @@ class Formats : public Tests::CliRun {
   }
   // Runs the program on a terminal with this number of columns; returns what it says on either stream.
   std::string OnTerminal(int width, const std::string& arguments) {
-    const std::string command = "cd '" + folder.Path() + "' && script -qec \"stty cols " +
+    const std::string command = "cd '" + m_folder.Path() + "' && script -qec \"stty cols " +
                                 std::to_string(width) + " rows 24; " + OMBRELIA_TABULON_CLI + " " +
                                 arguments + "\" /dev/null < /dev/null";
     std::string out = Tests::RunProgram({"/bin/sh", "-c", command}).out;
@@ -45,7 +45,7 @@ class Formats : public Tests::CliRun {
 };
 
 TEST_F(Formats, CsvQuotesWhatNeedsIt) {
-  WriteFile(folder / "q.txt", "p\nt\nd\n\nA,1\tB\n\nsay \"hi\"\t,\n\"\t plain \n");
+  WriteFile(m_folder / "q.txt", "p\nt\nd\n\nA,1\tB\n\nsay \"hi\"\t,\n\"\t plain \n");
   const std::string csv = Output({"show", "q.txt", "--no-origin", "--format", "csv"});
   EXPECT_EQ(csv, "\"A,1\",B\n\"say \"\"hi\"\"\",\",\"\n\"\"\"\", plain \n");
   EXPECT_EQ(ReadCsv(csv), (std::vector<std::vector<std::string>>{
@@ -58,7 +58,7 @@ TEST_F(Formats, AnEmptyCellAloneOnItsLineIsStillARow) {
 }
 
 TEST_F(Formats, JsonWritesNumbersWhereTheWholeColumnHoldsThem) {
-  WriteFile(folder / "n.txt",
+  WriteFile(m_folder / "n.txt",
             "p\nt\nd\n\nWhole\tMixed\tCode\tPart\tNone\n\n12\t1\t007\t-1.5e2\t\n 3\tx\t7\t \t\n");
   EXPECT_EQ(
       Output({"show", "n.txt", "--no-origin", "--format", "json"}),
@@ -76,7 +76,7 @@ TEST_F(Formats, JsonCarriesTheOrigin) {
 }
 
 TEST_F(Formats, MarkdownEscapesItsOwnSigns) {
-  WriteFile(folder / "q.txt", "p\nt\nd\n\nA|1\tB\n\nx|y\tz\n");
+  WriteFile(m_folder / "q.txt", "p\nt\nd\n\nA|1\tB\n\nx|y\tz\n");
   EXPECT_EQ(Output({"show", "q.txt", "--format", "md"}),
             "| A\\|1 | B |\n| --- | --- |\n| x\\|y | z |\n");
 }
@@ -130,7 +130,7 @@ TEST_F(Formats, ATableIsFittedIntoAWidthAndWhatWasCutIsTold) {
 }
 
 TEST_F(Formats, ACellThatIsTooWideIsShortened) {
-  WriteFile(folder / "w.txt", "p\nt\nd\n\nA\tB\n\n\xC3\xA4" + std::string(30, 'x') + "\ty\n");
+  WriteFile(m_folder / "w.txt", "p\nt\nd\n\nA\tB\n\n\xC3\xA4" + std::string(30, 'x') + "\ty\n");
   const Finished finished = Run({"show", "w.txt", "--width", "10"});
   EXPECT_EQ(finished.out, "A\n\n----------\n\xC3\xA4xxxxxxxx\xE2\x80\xA6\n1 row, 1 of 2 columns\n");
   EXPECT_EQ(
@@ -148,7 +148,7 @@ TEST_F(Formats, ATerminalGetsAsMuchAsFits) {
             "limits, 0 none\n");
   std::string many = "p\nt\nd\n\nA\n\n";
   for (int i = 0; i < 1100; ++i) many += std::to_string(i) + "\n";
-  WriteFile(folder / "many.txt", many);
+  WriteFile(m_folder / "many.txt", many);
   const std::string shown = OnTerminal(80, "show many.txt");
   EXPECT_NE(
       shown.find("\n39\n40 of 1100 rows, 1 column\ntabulon-cli: shown are 40 of 1,100 rows, 1 of 1 "
@@ -163,20 +163,20 @@ TEST_F(Formats, InfoIsShortOnRequest) {
   const Finished finished = Run({"info", "--short", "a.txt", "bad.txt", "--format", "csv"});
   EXPECT_EQ(finished.status, 1);
   EXPECT_EQ(finished.out,
-            "file,title,date,participant,rows,columns,problem\n" + folder / "a.txt" +
-                ",First experiment,Mon Apr 02 2012,Ann,3,4,\n" + folder / "bad.txt" +
+            "file,title,date,participant,rows,columns,problem\n" + m_folder / "a.txt" +
+                ",First experiment,Mon Apr 02 2012,Ann,3,4,\n" + m_folder / "bad.txt" +
                 ",,,,0,0,Input file is missing information about the time the experiment was run.  "
                 "The second line of the file should contain this information.\n");
   const std::string table = Output({"info", "--short", "a.txt"});
-  EXPECT_NE(
-      table.find(folder / "a.txt" + "  First experiment  Mon Apr 02 2012  Ann          3     4\n"),
-      std::string::npos)
+  EXPECT_NE(table.find(m_folder / "a.txt" +
+                       "  First experiment  Mon Apr 02 2012  Ann          3     4\n"),
+            std::string::npos)
       << table;
 }
 
 TEST_F(Formats, InfoIsJsonOnRequest) {
   EXPECT_EQ(Output({"info", "b.txt", "--format", "json"}),
-            "[\n  {\"file\":\"" + folder / "b.txt" +
+            "[\n  {\"file\":\"" + m_folder / "b.txt" +
                 "\",\"title\":\"Second\",\"date\":\"Tue\",\"participant\":\"B\xC3\xA9n\xC3\xA9\","
                 "\"rows\":1,\"columns\":["
                 "{\"name\":\"Event Name\",\"kind\":\"plain\",\"cells\":\"text\"},"

@@ -23,7 +23,7 @@ class HostileInputs : public Tests::CliRun {
   // The program with this on its standard input, run by a shell in the folder.
   Finished RunWithInput(const std::string& command, const std::string& arguments) {
     return Tests::RunProgram({"/bin/sh", "-c",
-                              "cd '" + folder.Path() + "' && " + command + " | " +
+                              "cd '" + m_folder.Path() + "' && " + command + " | " +
                                   OMBRELIA_TABULON_CLI + " " + arguments});
   }
   // Every command on the file, in every format; all must end by themselves and well.
@@ -50,7 +50,7 @@ class HostileInputs : public Tests::CliRun {
 
 TEST_F(HostileInputs, AMegabyteInOneCell) {
   const std::string cell(1048576 - 200, 'a');
-  WriteFile(folder / "h.txt", "p\nt\nd\n\nA\tB\n\n" + cell + "\tx\n1\t2\n");
+  WriteFile(m_folder / "h.txt", "p\nt\nd\n\nA\tB\n\n" + cell + "\tx\n1\t2\n");
   RunEverythingOn("h.txt", "A");
   EXPECT_EQ(Output({"distinct", "A", "h.txt", "--where", "A/^a{5,}$/"}), cell + "\n");
   EXPECT_EQ(
@@ -61,7 +61,7 @@ TEST_F(HostileInputs, AMegabyteInOneCell) {
 }
 
 TEST_F(HostileInputs, ManyRowsBesideAWideCell) {
-  WriteFile(folder / "h.txt",
+  WriteFile(m_folder / "h.txt",
             "p\nt\nd\n\nA\tB\n\n" + std::string(1000000, 'a') + "\tx\n" + Repeated("\ty\n", 10000));
   EXPECT_LT(Output({"show", "h.txt"}).size(), 8000000U);
 }
@@ -73,7 +73,7 @@ TEST_F(HostileInputs, TenThousandColumns) {
     names += (i > 0 ? "\tc" : "c") + std::to_string(i);
     cells += (i > 0 ? "\t" : "") + std::to_string(i);
   }
-  WriteFile(folder / "h.txt", "p\nt\nd\n\n" + names + "\n\n" + cells + "\n");
+  WriteFile(m_folder / "h.txt", "p\nt\nd\n\n" + names + "\n\n" + cells + "\n");
   for (const std::string format : {"table", "csv", "json"}) {
     EXPECT_NE(Output({"show", "h.txt", "--sort", "c9999:n", "--format", format}).find("9999"),
               std::string::npos);
@@ -88,12 +88,12 @@ TEST_F(HostileInputs, TenThousandColumns) {
 }
 
 TEST_F(HostileInputs, NoRows) {
-  WriteFile(folder / "h.txt", "p\nt\nd\n\nA\n\n");
+  WriteFile(m_folder / "h.txt", "p\nt\nd\n\nA\n\n");
   const Finished finished = Run({"show", "h.txt", "--format", "json"});
   EXPECT_EQ(finished.status, 1);
   EXPECT_EQ(finished.out, "");
   EXPECT_NE(finished.err.find("does not appear long enough"), std::string::npos);
-  WriteFile(folder / "h.txt", "");
+  WriteFile(m_folder / "h.txt", "");
   EXPECT_EQ(Run({"sql", "SELECT * FROM rows", "h.txt"}).status, 1);
   EXPECT_EQ(
       Output({"show", "a.txt", "--where", "Event Name=none", "--no-origin", "--format", "csv"}),
@@ -108,7 +108,7 @@ TEST_F(HostileInputs, NoRows) {
 }
 
 TEST_F(HostileInputs, BytesThatAreNoUtf8) {
-  WriteFile(folder / "h.txt",
+  WriteFile(m_folder / "h.txt",
             "p\xFF\nt\xC3\nd\n\nA\xE4\tB\n\n\x80\xFE\tx\n\xC3\xA4\xED\xA0\x80\ty\n");
   RunEverythingOn("h.txt", "B");
   // They are shown as the one-byte characters that they are; what comes out is UTF-8.
@@ -120,7 +120,7 @@ TEST_F(HostileInputs, BytesThatAreNoUtf8) {
 TEST_F(HostileInputs, AnUnevenFileWithControlCharacters) {
   static const char bytes[] =
       "p\x1B[2J\tq\nt\nd\x07\n\nA\tA\tA\nB\n1\n\n1\t2\t3\t4\t\x1B[0m\n\x00\t\x01\n";
-  WriteFile(folder / "h.txt", std::string(bytes, sizeof bytes - 1));
+  WriteFile(m_folder / "h.txt", std::string(bytes, sizeof bytes - 1));
   RunEverythingOn("h.txt", "A#");
   for (const std::string format : {"table", "tsv", "md", "line"}) {
     EXPECT_EQ(Output({"show", "h.txt", "--origin", "--format", format}).find('\x1B'),
@@ -130,10 +130,10 @@ TEST_F(HostileInputs, AnUnevenFileWithControlCharacters) {
 
 TEST_F(HostileInputs, AFileThatVanishes) {
   // The program reads standard input after it has found all files, and before it reads any of them.
-  const std::string pipe = folder / "pipe";
+  const std::string pipe = m_folder / "pipe";
   ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
   const std::string command = "'" + std::string(OMBRELIA_TABULON_CLI) + "' show '" +
-                              folder / "a.txt" + "' - --no-origin --format csv < '" + pipe + "'";
+                              m_folder / "a.txt" + "' - --no-origin --format csv < '" + pipe + "'";
   Tests::Process process({"/bin/sh", "-c", command});
   const int input = open(pipe.c_str(), O_WRONLY);
   ASSERT_GE(input, 0);
@@ -141,18 +141,18 @@ TEST_F(HostileInputs, AFileThatVanishes) {
   const std::string bytes = "p\nt\nd\n\nA\n\n" + Repeated("cell\n", 100000);
   const std::size_t half = bytes.size() / 2;
   ASSERT_EQ(write(input, bytes.data(), half), static_cast<ssize_t>(half));
-  std::filesystem::remove(folder / "a.txt");
+  std::filesystem::remove(m_folder / "a.txt");
   ASSERT_EQ(write(input, bytes.data() + half, bytes.size() - half),
             static_cast<ssize_t>(bytes.size() - half));
   close(input);
   const Finished finished = process.Wait();
   EXPECT_EQ(finished.status, 1);
   EXPECT_EQ(finished.out, "A\n" + Repeated("cell\n", 100000));
-  EXPECT_EQ(finished.err.find("tabulon-cli: " + folder / "a.txt" + ": "), 0U) << finished.err;
+  EXPECT_EQ(finished.err.find("tabulon-cli: " + m_folder / "a.txt" + ": "), 0U) << finished.err;
 }
 
 TEST_F(HostileInputs, AFileThatOnlyPointsNowhere) {
-  std::filesystem::create_symlink("nowhere", folder / "link.txt");
+  std::filesystem::create_symlink("nowhere", m_folder / "link.txt");
   EXPECT_EQ(Complaint({"show", "link.txt"}), "tabulon-cli: link.txt: no such file\n");
 }
 
@@ -175,21 +175,21 @@ TEST_F(HostileInputs, EndlessStandardInputIsTooLarge) {
 }
 
 TEST_F(HostileInputs, AFolderIsAllTheTextFilesBelowIt) {
-  std::filesystem::create_directories(folder / "data/deep");
+  std::filesystem::create_directories(m_folder / "data/deep");
   for (const char* name : {"data/deep/z.txt", "data/b.txt", "data/notes.csv"})
-    WriteFile(folder / name, Tests::ReadFile(folder / "b.txt"));
-  WriteFile(folder / "data/a.txt", Tests::ReadFile(folder / "a.txt"));
-  ASSERT_EQ(mkfifo((folder / "data/pipe.txt").c_str(), 0600), 0);
-  std::filesystem::create_directory_symlink(".", folder / "data/loop");
+    WriteFile(m_folder / name, Tests::ReadFile(m_folder / "b.txt"));
+  WriteFile(m_folder / "data/a.txt", Tests::ReadFile(m_folder / "a.txt"));
+  ASSERT_EQ(mkfifo((m_folder / "data/pipe.txt").c_str(), 0600), 0);
+  std::filesystem::create_directory_symlink(".", m_folder / "data/loop");
   EXPECT_EQ(Output({"count", "file", "data", "--format", "csv"}),
             "file,n\ndata/a.txt,3\ndata/b.txt,1\ndata/deep/z.txt,1\n");
-  std::filesystem::create_directory(folder / "empty");
+  std::filesystem::create_directory(m_folder / "empty");
   EXPECT_EQ(Complaint({"show", "empty"}), "tabulon-cli: empty: holds no file *.txt\n");
 }
 
 TEST_F(HostileInputs, ItsOwnTablesAreNoDataFiles) {
-  WriteFile(folder / "own.txt", Output({"show", "a.txt", "a.txt", "--format", "tsv"}) +
-                                    Repeated("more\t1\tx\t\t\t\t\t\t\n", 9));
+  WriteFile(m_folder / "own.txt", Output({"show", "a.txt", "a.txt", "--format", "tsv"}) +
+                                      Repeated("more\t1\tx\t\t\t\t\t\t\n", 9));
   const std::string why =
       "This is a tab-separated table with one heading line, such as tabulon-cli writes, and no "
       "data "
@@ -197,10 +197,10 @@ TEST_F(HostileInputs, ItsOwnTablesAreNoDataFiles) {
   const Finished shown = Run({"show", "own.txt", "b.txt", "--no-origin", "--format", "csv"});
   EXPECT_EQ(shown.status, 1);
   EXPECT_EQ(shown.out, "Event Name,Key,Code\nw\xC3\xA4it,k,7\n");
-  EXPECT_EQ(shown.err, "tabulon-cli: " + folder / "own.txt" + ": " + why);
+  EXPECT_EQ(shown.err, "tabulon-cli: " + m_folder / "own.txt" + ": " + why);
   const Finished info = Run({"info", "own.txt"});
   EXPECT_EQ(info.status, 1);
-  EXPECT_EQ(info.out, folder / "own.txt" + "\n  no data file\n  " + why);
+  EXPECT_EQ(info.out, m_folder / "own.txt" + "\n  no data file\n  " + why);
 }
 
 }  // namespace

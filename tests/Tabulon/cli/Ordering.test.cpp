@@ -10,7 +10,7 @@ class Ordering : public Tests::CliRun {
  protected:
   void SetUp() override {
     CliRun::SetUp();
-    WriteFile(folder / "s.txt",
+    WriteFile(m_folder / "s.txt",
               "p\nt\nd\n\nGroup\tSize\tName\tReaction\n\t\t\tTime\n"
               "b\t10\tn1\t30\n"
               "a\t9\tn2\t4\n"
@@ -64,7 +64,7 @@ TEST_F(Ordering, RowsThatAreEqualStayInLoadOrder) {
 }
 
 TEST_F(Ordering, TextsAsOneToTheTableAreOneBesideAnotherKey) {
-  WriteFile(folder / "s.txt", "p\nt\nd\n\nKey\tName\n\nab \t2\nab\t1\naa\t3\n");
+  WriteFile(m_folder / "s.txt", "p\nt\nd\n\nKey\tName\n\nab \t2\nab\t1\naa\t3\n");
   EXPECT_EQ(Names("Key,Name:n"), "3 1 2 ");
 }
 
@@ -81,7 +81,7 @@ TEST_F(Ordering, ReverseTurnsEveryKeyRound) {
 }
 
 TEST_F(Ordering, AColumnsWholeNameComesBeforeTheSigns) {
-  WriteFile(folder / "s.txt", "p\nt\nd\n\n-a\tx:n\tc,d\n\n1\t10\tv\n2\t9\tu\n");
+  WriteFile(m_folder / "s.txt", "p\nt\nd\n\n-a\tx:n\tc,d\n\n1\t10\tv\n2\t9\tu\n");
   const auto first = [this](const std::string& key) {
     return Output(
         {"show", "s.txt", "--sort=" + key, "--columns", "c,d", "--limit", "1", "--format", "csv"});

@@ -10,7 +10,7 @@ class Selecting : public Tests::CliRun {
  protected:
   void SetUp() override {
     CliRun::SetUp();
-    WriteFile(folder / "t.txt",
+    WriteFile(m_folder / "t.txt",
               "p\nt\nd\n\nEvent\tReaction\tNote\nName\tTime\t\n"
               "go\t9\tx|y\n"
               "stop\t12\t/a/\n"
@@ -85,7 +85,7 @@ TEST_F(Selecting, ABrokenPatternIsExplained) {
 }
 
 TEST_F(Selecting, AnOperatorMayStandInAColumnsName) {
-  WriteFile(folder / "o.txt", "p\nt\nd\n\na<b\tx/y\n\n1\tu/v/\n2\tw\n");
+  WriteFile(m_folder / "o.txt", "p\nt\nd\n\na<b\tx/y\n\n1\tu/v/\n2\tw\n");
   EXPECT_EQ(Output({"distinct", "x/y", "o.txt", "--where", "a<b<2"}), "u/v/\n");
   EXPECT_EQ(Output({"distinct", "a<b", "o.txt", "--where", "x/y/^w/"}), "2\n");
 }

@@ -14,7 +14,7 @@ class SqlOfTheCli : public Tests::CliRun {
  protected:
   void SetUp() override {
     CliRun::SetUp();
-    WriteFile(folder / "g.txt",
+    WriteFile(m_folder / "g.txt",
               "Eve\nThird\nd\n\nBlock\tTrial\tReaction\tCode\nName\tName\tTime\t\n"
               "one\tx\t10\t007\n"
               "one\ty\t20\t7\n"
@@ -127,7 +127,7 @@ TEST_F(SqlOfTheCli, GroupingFindsTheSameGroupsHandedDownOrNot) {
 }
 
 TEST_F(SqlOfTheCli, OrderOfTextsIsThatOfTheirBytes) {
-  WriteFile(folder / "o.txt",
+  WriteFile(m_folder / "o.txt",
             "p\nt\nd\n\nA\tB\n\nc\t1\na\tx\nb\tx\na\t1\nc\tx\nB\tx\n\xC3\xA4\tx\n");
   EXPECT_EQ(Query("SELECT A, count(*) n FROM rows GROUP BY A ORDER BY A", {"o.txt"}),
             "A,n\nB,1\na,2\nb,1\nc,2\n\xC3\xA4,1\n");
@@ -164,7 +164,7 @@ TEST_F(SqlOfTheCli, TheQueryComesFirst) {
 
 // A column is looked through for numbers if the query names it in any way.
 TEST_F(SqlOfTheCli, AColumnOfNumbersIsOneHoweverItIsAskedFor) {
-  WriteFile(folder / "n.txt", "p\nt\nd\n\nA\ta\"b\tC\n\t\tD\n1\t2\t3\n");
+  WriteFile(m_folder / "n.txt", "p\nt\nd\n\nA\ta\"b\tC\n\t\tD\n1\t2\t3\n");
   EXPECT_EQ(Query("SELECT typeof(a) t, typeof(\"A\"\"B\") u, typeof(\"c\\nd\") v, "
                   "typeof(\"C\nD\") w FROM rows",
                   {"n.txt"}),
@@ -184,7 +184,7 @@ TEST_F(SqlOfTheCli, NothingCanBeWrittenByAQuery) {
     EXPECT_EQ(finished.status, 2) << query;
     EXPECT_EQ(finished.out, "") << query;
   }
-  EXPECT_EQ(Tests::NamesIn(folder.Path()), Arguments({"a.txt", "b.txt", "bad.txt", "g.txt"}));
+  EXPECT_EQ(Tests::NamesIn(m_folder.Path()), Arguments({"a.txt", "b.txt", "bad.txt", "g.txt"}));
 }
 
 TEST_F(SqlOfTheCli, TablesAreListed) {
@@ -204,9 +204,9 @@ TEST_F(SqlOfTheCli, JsonHasValuesOfTheirKind) {
 
 TEST_F(SqlOfTheCli, ASavedFileOpensInSqlite) {
   Output({"sql", ".tables", "a.txt", "g.txt", "--save", "all.sqlite"});
-  EXPECT_FALSE(Exists(folder / "all.sqlite.unfinished"));
+  EXPECT_FALSE(Exists(m_folder / "all.sqlite.unfinished"));
   sqlite3* database = nullptr;
-  ASSERT_EQ(sqlite3_open((folder / "all.sqlite").c_str(), &database), SQLITE_OK);
+  ASSERT_EQ(sqlite3_open((m_folder / "all.sqlite").c_str(), &database), SQLITE_OK);
   const auto answer = [database](const char* query) {
     sqlite3_stmt* statement = nullptr;
     EXPECT_EQ(sqlite3_prepare_v2(database, query, -1, &statement, nullptr), SQLITE_OK)
@@ -226,10 +226,10 @@ TEST_F(SqlOfTheCli, ASavedFileOpensInSqlite) {
 }
 
 TEST_F(SqlOfTheCli, AFileThatIsThereIsNotOverwritten) {
-  WriteFile(folder / "all.sqlite", "mine");
+  WriteFile(m_folder / "all.sqlite", "mine");
   EXPECT_EQ(Complaint({"sql", ".tables", "a.txt", "--save", "all.sqlite"}),
             "tabulon-cli: --save: all.sqlite is there already\n");
-  EXPECT_EQ(Tests::ReadFile(folder / "all.sqlite"), "mine");
+  EXPECT_EQ(Tests::ReadFile(m_folder / "all.sqlite"), "mine");
   const Finished finished = Run({"sql", ".tables", "a.txt", "--save", "none/all.sqlite"});
   EXPECT_EQ(finished.status, 3);
   EXPECT_EQ(finished.err.find("tabulon-cli: --save: none/all.sqlite: unable to open database"), 0U)

@@ -52,7 +52,7 @@ TEST_F(TableCli, AlignsByWhatTheTerminalShows) {
 
 TEST_F(TableCli, AFileGivenTwiceIsLoadedOnce) {
   EXPECT_EQ(Output({"distinct", "Event Name", "a.txt", "./a.txt"}), "go\nstop\n");
-  EXPECT_EQ(Output({"show", "a.txt", folder / "a.txt", "--rows", "5:", "--columns", "Note"}),
+  EXPECT_EQ(Output({"show", "a.txt", m_folder / "a.txt", "--rows", "5:", "--columns", "Note"}),
             "Note\n\n----\n0 of 3 rows, 1 column\n");
 }
 
@@ -108,7 +108,7 @@ TEST_F(TableCli, EmptyColumnsAreThoseOfTheSelectedRows) {
 }
 
 TEST_F(TableCli, AnEqualsSignMayStandInAName) {
-  WriteFile(folder / "e.txt", "p\nt\nd\n\na=b\tc,d\n\n1=2\tx\n3\ty\n");
+  WriteFile(m_folder / "e.txt", "p\nt\nd\n\na=b\tc,d\n\n1=2\tx\n3\ty\n");
   EXPECT_EQ(Output({"show", "e.txt", "--where", "a=b=1=2", "--format", "tsv", "--columns", "c,d"}),
             "c,d\nx\n");
 }
@@ -128,7 +128,7 @@ TEST_F(TableCli, MarksRows) {
 }
 
 TEST_F(TableCli, WritesJsonWithOneObjectPerRow) {
-  WriteFile(folder / "q.txt", "p\nt\nd\n\nA\"\tB\n\n\\\t\xC3\xA4\"\n\x01\ty\n");
+  WriteFile(m_folder / "q.txt", "p\nt\nd\n\nA\"\tB\n\n\\\t\xC3\xA4\"\n\x01\ty\n");
   EXPECT_EQ(Output({"show", "q.txt", "--format", "json", "--no-origin", "--flag", "1"}),
             "[\n"
             "  {\"Flag\": false, \"A\\\"\": \"\\\\\", \"B\": \"\xC3\xA4\\\"\"},\n"
@@ -149,7 +149,7 @@ TEST_F(TableCli, JsonMarksTheRowsOfItsWindow) {
 }
 
 TEST_F(TableCli, HeadingsCannotSteerTheTerminal) {
-  WriteFile(folder / "c.txt", "p\nt\x1B[31m\nd\n\n\x1B[2J\n\x07x\nv\n");
+  WriteFile(m_folder / "c.txt", "p\nt\x1B[31m\nd\n\n\x1B[2J\n\x07x\nv\n");
   EXPECT_EQ(Output({"show", "c.txt"}), "0x1B 0x5b2J\n^Gx\n-----------\nv\n1 row, 1 column\n");
   EXPECT_EQ(Output({"info", "c.txt"}).find('\x1B'), std::string::npos);
 }
@@ -161,7 +161,7 @@ TEST_F(TableCli, ListsDistinctTexts) {
 
 TEST_F(TableCli, DescribesFiles) {
   EXPECT_EQ(Output({"info", "a.txt", "b.txt"}),
-            folder / "a.txt" +
+            m_folder / "a.txt" +
                 "\n"
                 "  title        First experiment\n"
                 "  date         Mon Apr 02 2012\n"
@@ -172,7 +172,7 @@ TEST_F(TableCli, DescribesFiles) {
                 "    Reaction Time          plain           numbers\n"
                 "    Note                   plain           empty\n"
                 "    Font (Trial Variable)  trial variable  text\n" +
-                folder / "b.txt" +
+                m_folder / "b.txt" +
                 "\n"
                 "  title        Second\n"
                 "  date         Tue\n"
@@ -188,8 +188,8 @@ TEST_F(TableCli, ExplainsAFileThatIsNone) {
   const Finished info = Run({"info", "bad.txt", "a.txt"});
   EXPECT_EQ(info.status, 1);
   EXPECT_EQ(info.err, "");
-  EXPECT_EQ(info.out.substr(0, info.out.find(folder / "a.txt")),
-            folder / "bad.txt" +
+  EXPECT_EQ(info.out.substr(0, info.out.find(m_folder / "a.txt")),
+            m_folder / "bad.txt" +
                 "\n  no data file\n"
                 "  Input file is missing information about the time the experiment was run.  The "
                 "second line "
@@ -202,7 +202,7 @@ TEST_F(TableCli, ShowsTheGoodFilesBesideABadOne) {
   EXPECT_EQ(shown.status, 1);
   EXPECT_EQ(shown.out, "Event Name\tKey\tCode\nw\xC3\xA4it\tk\t7\n");
   EXPECT_EQ(shown.err,
-            "tabulon-cli: " + folder / "bad.txt" +
+            "tabulon-cli: " + m_folder / "bad.txt" +
                 ": Input file is missing information about the time the experiment was run.  The "
                 "second line of the file should contain this information.\n");
   const Finished none = Run({"distinct", "Event Name", "bad.txt"});
@@ -213,7 +213,7 @@ TEST_F(TableCli, ShowsTheGoodFilesBesideABadOne) {
 TEST_F(TableCli, ANameThatIsNoUtf8IsThatOfItsFile) {
   const std::string name = "wrong \xE4.txt";
   EXPECT_EQ(Complaint({"show", name}), "tabulon-cli: " + name + ": no such file\n");
-  WriteFile(folder / name, Tests::ReadFile(folder / "b.txt"));
+  WriteFile(m_folder / name, Tests::ReadFile(m_folder / "b.txt"));
   for (const char* locale : {"LC_ALL=C", "LC_ALL=C.UTF-8"}) {
     EXPECT_EQ(Output({"show", name, "--no-origin", "--format", "tsv"}, {locale}),
               "Event Name\tKey\tCode\nw\xC3\xA4it\tk\t7\n");
@@ -242,7 +242,7 @@ TEST_F(TableCli, AnUnknownColumnIsAnsweredWithTheKnownOnes) {
 }
 
 TEST_F(TableCli, AnAmbiguousNameIsRefusedAndAnExactOneIsNot) {
-  WriteFile(folder / "amb.txt",
+  WriteFile(m_folder / "amb.txt",
             "p\nt\nd\n\nEvent\tEvent Name\tA\tA B\nName\t\tB C\tC\n1\t2\t3\t4\n");
   EXPECT_EQ(Output({"distinct", "Event Name", "amb.txt"}), "2\n");
   EXPECT_EQ(Output({"distinct", "Event\\nName", "amb.txt"}), "1\n");
@@ -292,7 +292,7 @@ TEST_F(TableCli, EveryCommandsHelpHasAnExampleAndTheExitStatuses) {
 TEST_F(TableCli, AFullDeviceIsNoSuccess) {
   if (!Exists("/dev/full")) GTEST_SKIP() << "no /dev/full";
   const std::string command =
-      std::string(OMBRELIA_TABULON_CLI) + " show '" + folder / "a.txt" + "' > /dev/full";
+      std::string(OMBRELIA_TABULON_CLI) + " show '" + m_folder / "a.txt" + "' > /dev/full";
   const Finished finished = Tests::RunProgram({"/bin/sh", "-c", command});
   EXPECT_EQ(finished.status, 3);
   EXPECT_EQ(finished.err, "tabulon-cli: the output cannot be written\n");
@@ -300,13 +300,13 @@ TEST_F(TableCli, AFullDeviceIsNoSuccess) {
 
 TEST_F(TableCli, OddFileNamesAreFound) {
   const std::string name = "w\xC3\xA4 \xFF.txt";
-  WriteFile(folder / name, "p\nt\nd\n\nA\n\nv\n");
+  WriteFile(m_folder / name, "p\nt\nd\n\nA\n\nv\n");
   EXPECT_EQ(Output({"distinct", "A", name}), "v\n");
 }
 
 TEST_F(TableCli, LeavesNothingBehind) {
   Output({"show", "a.txt"});
-  EXPECT_EQ(Tests::NamesIn(folder.Path()), Arguments({"a.txt", "b.txt", "bad.txt"}));
+  EXPECT_EQ(Tests::NamesIn(m_folder.Path()), Arguments({"a.txt", "b.txt", "bad.txt"}));
 }
 
 }  // namespace

@@ -107,7 +107,7 @@ TEST(ScratchArray, HoldsWhatIsWrittenAndMoves) {
 class ColumnDictionaries : public testing::Test {
  protected:
   void Load(const std::string& name, const Tests::Cells& rows) {
-    ASSERT_TRUE(table.Load(folder.WriteData(name, {"A", "B"}, rows)));
+    ASSERT_TRUE(m_table.Load(m_folder.WriteData(name, {"A", "B"}, rows)));
   }
   std::string NumberedText(const MUColumnDictionary& dictionary, unsigned long key) {
     const std::uint32_t number = dictionary.NumberOfRow(key);
@@ -115,14 +115,14 @@ class ColumnDictionaries : public testing::Test {
     return Utf8(dictionary.Text(number).ToString());
   }
 
-  TemporaryFolder folder;
-  ProbeTable table;
-  MUColumnDictionaries dictionaries;
+  TemporaryFolder m_folder;
+  ProbeTable m_table;
+  MUColumnDictionaries m_dictionaries;
 };
 
 TEST_F(ColumnDictionaries, NumberTextsInTheOrderOfTheirFirstRows) {
   Load("a.txt", {{"y", "1"}, {"x", "2"}, {"y", "3"}, {"", "4"}});
-  const MUColumnDictionary dictionary(table.m_rows, wxT("A"));
+  const MUColumnDictionary dictionary(m_table.m_rows, wxT("A"));
   ASSERT_EQ(dictionary.TextCount(), 3u);
   EXPECT_EQ(NumberedText(dictionary, 0), "y");
   EXPECT_EQ(NumberedText(dictionary, 1), "x");
@@ -146,7 +146,7 @@ TEST_F(ColumnDictionaries, NumberThousandsOfTextsOfAllLengths) {
         {"same start" + std::string(random() % 40, 'm') + std::to_string(random() % 900), "b"});
   }
   Load("a.txt", rows);
-  const MUColumnDictionary dictionary(table.m_rows, wxT("A"));
+  const MUColumnDictionary dictionary(m_table.m_rows, wxT("A"));
   std::set<std::string> different;
   for (unsigned long key = 0; key < rows.size(); ++key) {
     ASSERT_EQ(NumberedText(dictionary, key), rows[key][0]);
@@ -158,9 +158,9 @@ TEST_F(ColumnDictionaries, NumberThousandsOfTextsOfAllLengths) {
 TEST_F(ColumnDictionaries, NumberRowsWhoseKeysBeginLate) {
   Load("a.txt", {{"x", "1"}, {"y", "2"}});
   Load("b.txt", {{"z", "3"}, {"x", "4"}});
-  table.DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(wxT("B"), {wxT("1"), wxT("2")},
-                                                                    true);
-  const MUColumnDictionary dictionary(table.m_rows, wxT("A"));
+  m_table.DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(wxT("B"),
+                                                                      {wxT("1"), wxT("2")}, true);
+  const MUColumnDictionary dictionary(m_table.m_rows, wxT("A"));
   EXPECT_EQ(dictionary.TextCount(), 2u);
   EXPECT_EQ(NumberedText(dictionary, 0), "no row");
   EXPECT_EQ(NumberedText(dictionary, 1), "no row");
@@ -170,7 +170,7 @@ TEST_F(ColumnDictionaries, NumberRowsWhoseKeysBeginLate) {
 }
 
 TEST_F(ColumnDictionaries, OfATableWithoutRowsAreEmpty) {
-  const MUColumnDictionary dictionary(table.m_rows, wxT("A"));
+  const MUColumnDictionary dictionary(m_table.m_rows, wxT("A"));
   EXPECT_EQ(dictionary.TextCount(), 0u);
   EXPECT_EQ(NumberedText(dictionary, 0), "no row");
   EXPECT_EQ(dictionary.NumberOfText(MUCellText("x", 1)), MUColumnDictionary::NONE);
@@ -179,12 +179,12 @@ TEST_F(ColumnDictionaries, OfATableWithoutRowsAreEmpty) {
 TEST_F(ColumnDictionaries, OutliveTheRows) {
   Load("a.txt", {{"x", "1"}, {"y", "2"}});
   Load("b.txt", {{"z", "3"}});
-  table.m_rows.find(1)->m_cells[wxT("A")] = wxT("written");
-  const MUColumnDictionary dictionary(table.m_rows, wxT("A"));
+  m_table.m_rows.find(1)->m_cells[wxT("A")] = wxT("written");
+  const MUColumnDictionary dictionary(m_table.m_rows, wxT("A"));
   EXPECT_FALSE(dictionary.RowsArePlain());
-  table.DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(
+  m_table.DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(
       wxT("B"), {wxT("1"), wxT("2"), wxT("3")}, true);
-  ASSERT_TRUE(table.m_rows.empty());
+  ASSERT_TRUE(m_table.m_rows.empty());
   EXPECT_EQ(NumberedText(dictionary, 0), "x");
   EXPECT_EQ(NumberedText(dictionary, 1), "written");
   EXPECT_EQ(NumberedText(dictionary, 2), "z");
@@ -192,76 +192,76 @@ TEST_F(ColumnDictionaries, OutliveTheRows) {
 
 TEST_F(ColumnDictionaries, AreKeptUntilTheRowsChange) {
   Load("a.txt", {{"x", "1"}, {"y", "2"}});
-  EXPECT_EQ(dictionaries.Find(wxT("A"), table.m_rows), nullptr);
-  const auto first = dictionaries.Of(wxT("A"), table.m_rows);
-  EXPECT_EQ(dictionaries.Of(wxT("A"), table.m_rows), first);
-  EXPECT_EQ(dictionaries.Find(wxT("A"), table.m_rows), first);
-  EXPECT_EQ(dictionaries.Find(wxT("B"), table.m_rows), nullptr);
+  EXPECT_EQ(m_dictionaries.Find(wxT("A"), m_table.m_rows), nullptr);
+  const auto first = m_dictionaries.Of(wxT("A"), m_table.m_rows);
+  EXPECT_EQ(m_dictionaries.Of(wxT("A"), m_table.m_rows), first);
+  EXPECT_EQ(m_dictionaries.Find(wxT("A"), m_table.m_rows), first);
+  EXPECT_EQ(m_dictionaries.Find(wxT("B"), m_table.m_rows), nullptr);
 
   Load("b.txt", {{"z", "3"}});
-  EXPECT_EQ(dictionaries.Find(wxT("A"), table.m_rows), nullptr);
-  EXPECT_EQ(dictionaries.Of(wxT("A"), table.m_rows)->TextCount(), 3u);
+  EXPECT_EQ(m_dictionaries.Find(wxT("A"), m_table.m_rows), nullptr);
+  EXPECT_EQ(m_dictionaries.Of(wxT("A"), m_table.m_rows)->TextCount(), 3u);
 
-  table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("A"), wxT("z"));
-  EXPECT_EQ(dictionaries.Find(wxT("A"), table.m_rows), nullptr);
-  EXPECT_EQ(dictionaries.Of(wxT("A"), table.m_rows)->TextCount(), 2u);
+  m_table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("A"), wxT("z"));
+  EXPECT_EQ(m_dictionaries.Find(wxT("A"), m_table.m_rows), nullptr);
+  EXPECT_EQ(m_dictionaries.Of(wxT("A"), m_table.m_rows)->TextCount(), 2u);
 }
 
 TEST_F(ColumnDictionaries, AreKeptForRowsThatCanBeWrittenUntilOneIs) {
   Load("a.txt", {{"x", "1"}, {"y", "2"}});
-  wxString& cell = table.m_rows.find(0)->m_cells[wxT("A")];
-  const auto first = dictionaries.Of(wxT("A"), table.m_rows);
+  wxString& cell = m_table.m_rows.find(0)->m_cells[wxT("A")];
+  const auto first = m_dictionaries.Of(wxT("A"), m_table.m_rows);
   EXPECT_FALSE(first->RowsArePlain());
-  EXPECT_EQ(dictionaries.Of(wxT("A"), table.m_rows), first);
+  EXPECT_EQ(m_dictionaries.Of(wxT("A"), m_table.m_rows), first);
   cell = wxT("written");
-  EXPECT_EQ(dictionaries.Find(wxT("A"), table.m_rows), nullptr);
+  EXPECT_EQ(m_dictionaries.Find(wxT("A"), m_table.m_rows), nullptr);
   EXPECT_EQ(NumberedText(*first, 0), "x");
-  EXPECT_EQ(NumberedText(*dictionaries.Of(wxT("A"), table.m_rows), 0), "written");
+  EXPECT_EQ(NumberedText(*m_dictionaries.Of(wxT("A"), m_table.m_rows), 0), "written");
 }
 
 TEST_F(ColumnDictionaries, AndRunsOfOneTableOutliveAWriteToAnother) {
   Load("a.txt", {{"x", "1"}, {"y", "2"}});
-  const auto kept = dictionaries.Of(wxT("A"), table.m_rows);
+  const auto kept = m_dictionaries.Of(wxT("A"), m_table.m_rows);
   ProbeTable other;
-  ASSERT_TRUE(other.Load(folder.PathOf("a.txt")));
+  ASSERT_TRUE(other.Load(m_folder.PathOf("a.txt")));
   other.m_rows.find(0)->m_cells[wxT("A")] = wxT("written");
   *other.m_rows.find(1) = *other.m_rows.find(0);
   EXPECT_EQ(other.m_rows.FindPlainRun(0, nullptr), nullptr);
-  EXPECT_NE(table.m_rows.FindPlainRun(0, nullptr), nullptr);
-  EXPECT_EQ(dictionaries.Find(wxT("A"), table.m_rows), kept);
+  EXPECT_NE(m_table.m_rows.FindPlainRun(0, nullptr), nullptr);
+  EXPECT_EQ(m_dictionaries.Find(wxT("A"), m_table.m_rows), kept);
 }
 
 TEST_F(ColumnDictionaries, AreNotTrustedAfterARowBecameAnotherOne) {
   Load("a.txt", {{"x", "1"}, {"y", "2"}});
   Load("b.txt", {{"z", "3"}});
-  const auto kept = dictionaries.Of(wxT("A"), table.m_rows);
+  const auto kept = m_dictionaries.Of(wxT("A"), m_table.m_rows);
   // The last row of its file: nothing else keeps the file's text.
-  *table.m_rows.find(2) = *table.m_rows.find(1);
-  EXPECT_EQ(dictionaries.Find(wxT("A"), table.m_rows), nullptr);
-  EXPECT_EQ(NumberedText(*dictionaries.Of(wxT("A"), table.m_rows), 2), "y");
+  *m_table.m_rows.find(2) = *m_table.m_rows.find(1);
+  EXPECT_EQ(m_dictionaries.Find(wxT("A"), m_table.m_rows), nullptr);
+  EXPECT_EQ(NumberedText(*m_dictionaries.Of(wxT("A"), m_table.m_rows), 2), "y");
   EXPECT_EQ(NumberedText(*kept, 2), "z");
-  EXPECT_EQ(table.Column(wxT("A")), std::vector<std::string>({"x", "y", "y"}));
+  EXPECT_EQ(m_table.Column(wxT("A")), std::vector<std::string>({"x", "y", "y"}));
 }
 
 TEST_F(ColumnDictionaries, AreNotKeptForRowsThatCanBeWritten) {
   Load("a.txt", {{"x", "1"}, {"y", "2"}});
-  dictionaries.Of(wxT("A"), table.m_rows);
-  wxString& cell = table.m_rows.find(0)->m_cells[wxT("A")];
-  EXPECT_EQ(dictionaries.Find(wxT("A"), table.m_rows), nullptr);
+  m_dictionaries.Of(wxT("A"), m_table.m_rows);
+  wxString& cell = m_table.m_rows.find(0)->m_cells[wxT("A")];
+  EXPECT_EQ(m_dictionaries.Find(wxT("A"), m_table.m_rows), nullptr);
   cell = wxT("first");
-  EXPECT_EQ(NumberedText(*dictionaries.Of(wxT("A"), table.m_rows), 0), "first");
+  EXPECT_EQ(NumberedText(*m_dictionaries.Of(wxT("A"), m_table.m_rows), 0), "first");
   cell = wxT("second");
-  EXPECT_EQ(NumberedText(*dictionaries.Of(wxT("A"), table.m_rows), 0), "second");
+  EXPECT_EQ(NumberedText(*m_dictionaries.Of(wxT("A"), m_table.m_rows), 0), "second");
 }
 
 TEST_F(ColumnDictionaries, AreKeptForAFewColumnsOnly) {
   Load("a.txt", {{"x", "1"}});
-  dictionaries.Of(wxT("A"), table.m_rows);
-  for (int i = 0; i < 7; ++i) dictionaries.Of(wxString::Format(wxT("%d"), i), table.m_rows);
-  EXPECT_NE(dictionaries.Find(wxT("A"), table.m_rows), nullptr);
-  dictionaries.Of(wxT("B"), table.m_rows);
-  EXPECT_EQ(dictionaries.Find(wxT("A"), table.m_rows), nullptr);
-  EXPECT_NE(dictionaries.Find(wxT("B"), table.m_rows), nullptr);
+  m_dictionaries.Of(wxT("A"), m_table.m_rows);
+  for (int i = 0; i < 7; ++i) m_dictionaries.Of(wxString::Format(wxT("%d"), i), m_table.m_rows);
+  EXPECT_NE(m_dictionaries.Find(wxT("A"), m_table.m_rows), nullptr);
+  m_dictionaries.Of(wxT("B"), m_table.m_rows);
+  EXPECT_EQ(m_dictionaries.Find(wxT("A"), m_table.m_rows), nullptr);
+  EXPECT_NE(m_dictionaries.Find(wxT("B"), m_table.m_rows), nullptr);
 }
 
 // ---- Runs of rows
@@ -271,7 +271,7 @@ class RowRuns : public ColumnDictionaries {
   // The keys of each run, and the line it begins with or "own".
   std::string Runs() {
     std::string text;
-    for (const MURowStore::Run& run : table.m_rows.Runs()) {
+    for (const MURowStore::Run& run : m_table.m_rows.Runs()) {
       text += std::to_string(run.firstKey) + "-" + std::to_string(run.endKey) + " ";
       text += run.block == nullptr ? "own; " : std::to_string(run.firstRow) + "; ";
     }
@@ -282,8 +282,8 @@ class RowRuns : public ColumnDictionaries {
     std::string keys;
     const MURowStore::Run* run = nullptr;
     for (unsigned long key = 0; key < 10; ++key) {
-      run = table.m_rows.FindPlainRun(key, run);
-      EXPECT_EQ(run, table.m_rows.FindPlainRun(key, nullptr));
+      run = m_table.m_rows.FindPlainRun(key, run);
+      EXPECT_EQ(run, m_table.m_rows.FindPlainRun(key, nullptr));
       if (run != nullptr) keys += std::to_string(key);
     }
     return keys;
@@ -296,14 +296,14 @@ TEST_F(RowRuns, AreTheLinesOfFilesAndSplitWhereRowsAreMissingOrWritten) {
   Load("b.txt", {{"x", "4"}, {"y", "5"}, {"z", "6"}});
   EXPECT_EQ(PlainKeys(), "012345");
   EXPECT_EQ(Runs(), "0-3 0; 3-6 0; ");
-  EXPECT_NE(table.m_rows.Runs()[0].block, table.m_rows.Runs()[1].block);
+  EXPECT_NE(m_table.m_rows.Runs()[0].block, m_table.m_rows.Runs()[1].block);
 
-  table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("B"), wxT("2"));
+  m_table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("B"), wxT("2"));
   EXPECT_EQ(PlainKeys(), "");
   EXPECT_EQ(Runs(), "0-1 0; 2-3 2; 3-6 0; ");
   EXPECT_EQ(PlainKeys(), "02345");
 
-  table.m_rows.find(4)->m_cells[wxT("A")] = wxT("written");
+  m_table.m_rows.find(4)->m_cells[wxT("A")] = wxT("written");
   EXPECT_EQ(PlainKeys(), "02");  // the other file's
   EXPECT_EQ(Runs(), "0-1 0; 2-3 2; 3-4 0; 4-5 own; 5-6 2; ");
   EXPECT_EQ(PlainKeys(), "0235");
@@ -315,15 +315,15 @@ TEST_F(RowRuns, AreTheLinesOfFilesAndSplitWhereRowsAreMissingOrWritten) {
 TEST_F(RowRuns, DoNotOutliveAnAssignmentToARow) {
   Load("a.txt", {{"x", "1"}, {"y", "2"}});
   EXPECT_EQ(Runs(), "0-2 0; ");
-  *table.m_rows.find(0) = *table.m_rows.find(1);
+  *m_table.m_rows.find(0) = *m_table.m_rows.find(1);
   EXPECT_EQ(Runs(), "0-1 1; 1-2 1; ");
 }
 
 TEST_F(RowRuns, BeginAnewInATableThatWasEmptied) {
   Load("a.txt", {{"x", "1"}});
-  table.m_rows.find(0)->m_cells[wxT("A")] = wxT("written");
-  table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("B"), wxT("1"));
-  table.Notify();
+  m_table.m_rows.find(0)->m_cells[wxT("A")] = wxT("written");
+  m_table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("B"), wxT("1"));
+  m_table.Notify();
   Load("b.txt", {{"x", "4"}, {"y", "5"}});
   EXPECT_EQ(PlainKeys(), "01");
   EXPECT_EQ(Runs(), "0-2 0; ");
@@ -338,10 +338,10 @@ TEST_F(ColumnDictionaries, NumberCellsOfEveryKindOfFile) {
   Load("c.txt", {{longCell, "x"}, {"last"}, {"", "y"}});
   Load("d.txt", {{longCell, wide}, {wide}, {wide, "z"}});
   for (const wxChar* column : {wxT("A"), wxT("B"), wxT("C")}) {
-    const MUColumnDictionary dictionary(table.m_rows, column);
+    const MUColumnDictionary dictionary(m_table.m_rows, column);
     for (unsigned long key = 0; key < 12; ++key) {
       EXPECT_EQ(NumberedText(dictionary, key),
-                Utf8(table.m_rows.find(key)->m_cells.ValueOrDefault(column)));
+                Utf8(m_table.m_rows.find(key)->m_cells.ValueOrDefault(column)));
     }
     EXPECT_EQ(dictionary.EveryRowHasTheCell(), column[0] == wxT('A'));
   }

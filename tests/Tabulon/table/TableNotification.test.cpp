@@ -37,21 +37,21 @@ class TableNotification : public testing::TestWithParam<bool> {
   TableNotification()
       : m_ownedTable(GetParam() ? std::make_unique<ProbeTable>()
                                 : std::make_unique<Table>(nullptr)),
-        table(*m_ownedTable) {
-    table.AddObserver(&observer);
+        m_table(*m_ownedTable) {
+    m_table.AddObserver(&m_observer);
     for (const char* name : {"a", "b", "c"}) {
-      m_paths.push_back(folder.WriteData(std::string(name) + ".txt", {"Event\nName"},
-                                         {{std::string(name) + "0"}, {std::string(name) + "1"}}));
+      m_paths.push_back(m_folder.WriteData(std::string(name) + ".txt", {"Event\nName"},
+                                           {{std::string(name) + "0"}, {std::string(name) + "1"}}));
     }
   }
 
-  void Load(std::size_t file) { ASSERT_TRUE(LoadAndShow(table, m_paths[file])); }
-  Texts Shown() { return ColumnOf(table, wxT("Event\nName")); }
+  void Load(std::size_t file) { ASSERT_TRUE(LoadAndShow(m_table, m_paths[file])); }
+  Texts Shown() { return ColumnOf(m_table, wxT("Event\nName")); }
 
   // The three lists and the indices that rows hold, against what the rows' own flags say.
   void ExpectConsistentLists() {
     Keys all, active, shown;
-    for (const auto& [key, row] : table.*&ProbeTable::m_rows) {
+    for (const auto& [key, row] : m_table.*&ProbeTable::m_rows) {
       EXPECT_EQ(row->m_indexAmongAllRows, all.size());
       all.push_back(key);
       if ((row->m_rowPropertyFlags & 28) != 0) continue;
@@ -61,16 +61,16 @@ class TableNotification : public testing::TestWithParam<bool> {
       EXPECT_EQ(row->m_indexAmongShownRows, shown.size());
       shown.push_back(key);
     }
-    EXPECT_EQ(table.*&ProbeTable::m_allRowKeys, all);
-    EXPECT_EQ(table.*&ProbeTable::m_activeRowKeys, active);
-    EXPECT_EQ(*(table.*&ProbeTable::m_currentShownRowKeys), shown);
-    EXPECT_EQ(static_cast<std::size_t>(table.GetNumberOfDataRows()), shown.size());
+    EXPECT_EQ(m_table.*&ProbeTable::m_allRowKeys, all);
+    EXPECT_EQ(m_table.*&ProbeTable::m_activeRowKeys, active);
+    EXPECT_EQ(*(m_table.*&ProbeTable::m_currentShownRowKeys), shown);
+    EXPECT_EQ(static_cast<std::size_t>(m_table.GetNumberOfDataRows()), shown.size());
   }
 
-  TemporaryFolder folder;
-  ShapeObserver observer;
+  TemporaryFolder m_folder;
+  ShapeObserver m_observer;
   const std::unique_ptr<Table> m_ownedTable;
-  Table& table;
+  Table& m_table;
   std::vector<wxString> m_paths;
 };
 
@@ -84,10 +84,10 @@ TEST_P(TableNotification, AppendsWhatArrived) {
 
 TEST_P(TableNotification, AppendsAfterIdleMomentsThatFreedTheOldLists) {
   Load(0);
-  table.OnIdle();
-  table.OnIdle();
+  m_table.OnIdle();
+  m_table.OnIdle();
   Load(1);
-  table.OnIdle();
+  m_table.OnIdle();
   Load(2);
   ExpectConsistentLists();
   EXPECT_EQ(Shown(), Texts({"a0", "a1", "b0", "b1", "c0", "c1"}));
@@ -96,45 +96,45 @@ TEST_P(TableNotification, AppendsAfterIdleMomentsThatFreedTheOldLists) {
 TEST_P(TableNotification, TellsObserversWhatWasPreserved) {
   using Told = std::vector<int>;
   Load(0);
-  EXPECT_EQ(observer.told, Told({2, 1, 2, -1, -1}));
+  EXPECT_EQ(m_observer.told, Told({2, 1, 2, -1, -1}));
   Load(1);
-  EXPECT_EQ(observer.told, Told({4, 1, 4, 1, 0}));
+  EXPECT_EQ(m_observer.told, Told({4, 1, 4, 1, 0}));
   Load(2);
-  EXPECT_EQ(observer.told, Told({6, 1, 6, 3, 0}));
-  table.IdleTimeProcessAllNotifications();
-  EXPECT_EQ(observer.told, Told({6, 1, 6, 5, 0}));
-  table.HideOneSingleRowPerArbitraryUserRequest(3);
-  table.OnIdle();
-  EXPECT_EQ(observer.told, Told({5, 1, 6, 2, 0}));
-  table.OnIdle();  // lets the old lists go
+  EXPECT_EQ(m_observer.told, Told({6, 1, 6, 3, 0}));
+  m_table.IdleTimeProcessAllNotifications();
+  EXPECT_EQ(m_observer.told, Told({6, 1, 6, 5, 0}));
+  m_table.HideOneSingleRowPerArbitraryUserRequest(3);
+  m_table.OnIdle();
+  EXPECT_EQ(m_observer.told, Told({5, 1, 6, 2, 0}));
+  m_table.OnIdle();  // lets the old lists go
   Load(0);
-  EXPECT_EQ(observer.told, Told({7, 1, 8, 4, 0}));
-  table.IdleTimeFreeMemoryUsedForRowCopies();
+  EXPECT_EQ(m_observer.told, Told({7, 1, 8, 4, 0}));
+  m_table.IdleTimeFreeMemoryUsedForRowCopies();
   int row = 0;
   int column = 0;
-  table.GetOuterLimitsOfPreservedRange(&row, &column);
+  m_table.GetOuterLimitsOfPreservedRange(&row, &column);
   EXPECT_EQ(row, -1);
   EXPECT_EQ(column, -1);
   Load(1);
-  EXPECT_EQ(observer.told, Told({9, 1, 10, 6, 0}));
-  table.SetSortColumn(wxT("Event\nName"), true);
+  EXPECT_EQ(m_observer.told, Told({9, 1, 10, 6, 0}));
+  m_table.SetSortColumn(wxT("Event\nName"), true);
   Load(2);
-  EXPECT_EQ(observer.told, Told({11, 1, 12, 0, 0}));
-  table.RevertAnyAndAllSortOptions();
+  EXPECT_EQ(m_observer.told, Told({11, 1, 12, 0, 0}));
+  m_table.RevertAnyAndAllSortOptions();
   Load(2);
-  EXPECT_EQ(observer.told, Told({13, 1, 14, 10, 0}));
-  table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("Event\nName"), wxT("a0"));
+  EXPECT_EQ(m_observer.told, Told({13, 1, 14, 10, 0}));
+  m_table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("Event\nName"), wxT("a0"));
   Load(0);
-  EXPECT_EQ(observer.told, Told({13, 1, 14, -1, 0}));
+  EXPECT_EQ(m_observer.told, Told({13, 1, 14, -1, 0}));
 }
 
 TEST_P(TableNotification, SeesARowHiddenBeforeTheArrival) {
   Load(0);
-  table.HideOneSingleRowPerArbitraryUserRequest(0);
+  m_table.HideOneSingleRowPerArbitraryUserRequest(0);
   Load(1);
   ExpectConsistentLists();
   EXPECT_EQ(Shown(), Texts({"a1", "b0", "b1"}));
-  table.RemoveUserDesignatedRowHiddennessBasedOnCurrentlyActiveFiles();
+  m_table.RemoveUserDesignatedRowHiddennessBasedOnCurrentlyActiveFiles();
   Load(2);
   ExpectConsistentLists();
   EXPECT_EQ(Shown().size(), 6U);
@@ -143,7 +143,7 @@ TEST_P(TableNotification, SeesARowHiddenBeforeTheArrival) {
 TEST_P(TableNotification, SeesAFileDeselectedBeforeTheArrival) {
   Load(0);
   Load(1);
-  table.SimultaneousFileRequestsSuppressAndUnsuppress({{m_paths[0], false}});
+  m_table.SimultaneousFileRequestsSuppressAndUnsuppress({{m_paths[0], false}});
   Load(2);
   ExpectConsistentLists();
   EXPECT_EQ(Shown(), Texts({"b0", "b1", "c0", "c1"}));
@@ -152,7 +152,7 @@ TEST_P(TableNotification, SeesAFileDeselectedBeforeTheArrival) {
 TEST_P(TableNotification, SeesRowsDeletedBeforeTheArrival) {
   Load(0);
   Load(1);
-  table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("Event\nName"), wxT("a1"));
+  m_table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("Event\nName"), wxT("a1"));
   Load(2);
   ExpectConsistentLists();
   EXPECT_EQ(Shown(), Texts({"a0", "b0", "b1", "c0", "c1"}));
@@ -161,7 +161,7 @@ TEST_P(TableNotification, SeesRowsDeletedBeforeTheArrival) {
 // A caller that holds a row's record may change its flags without telling the table.
 TEST_P(TableNotification, SeesFlagsThatWereChangedThroughARecord) {
   Load(0);
-  auto* row = table.GetRowByRowIndexAndVisibilityFilter(1, ProbeTable::ALL_ROWS);
+  auto* row = m_table.GetRowByRowIndexAndVisibilityFilter(1, ProbeTable::ALL_ROWS);
   ASSERT_NE(row, nullptr);
   Load(1);
   row->m_rowPropertyFlags |= 16;
@@ -172,10 +172,10 @@ TEST_P(TableNotification, SeesFlagsThatWereChangedThroughARecord) {
 
 TEST_P(TableNotification, MakesTheUnsortedOrderAnewAfterASort) {
   Load(0);
-  table.SetSortColumn(wxT("Event\nName"), true);
+  m_table.SetSortColumn(wxT("Event\nName"), true);
   Load(1);
   EXPECT_EQ(Shown(), Texts({"b1", "b0", "a1", "a0"}));
-  table.RevertAnyAndAllSortOptions();
+  m_table.RevertAnyAndAllSortOptions();
   ExpectConsistentLists();
   Load(2);
   ExpectConsistentLists();
@@ -184,8 +184,8 @@ TEST_P(TableNotification, MakesTheUnsortedOrderAnewAfterASort) {
 
 TEST_P(TableNotification, MakesTheListsAnewWhenTheBufferThatHeldThemIsGone) {
   Load(0);
-  table.RotateQueuedCopiesOfRowCollectionAndColCollection();
-  table.IdleTimeFreeMemoryUsedForRowCopies();
+  m_table.RotateQueuedCopiesOfRowCollectionAndColCollection();
+  m_table.IdleTimeFreeMemoryUsedForRowCopies();
   Load(1);
   ExpectConsistentLists();
   EXPECT_EQ(Shown(), Texts({"a0", "a1", "b0", "b1"}));
@@ -193,9 +193,9 @@ TEST_P(TableNotification, MakesTheListsAnewWhenTheBufferThatHeldThemIsGone) {
 
 TEST_P(TableNotification, StartsOverAfterTheLastFileLeft) {
   Load(0);
-  table.SimultaneousFileRequestsAddAndRemove({{m_paths[0], false}});
-  table.IdleTimeProcessAllNotifications();
-  EXPECT_EQ(table.*&ProbeTable::m_nextRowKey, 0U);
+  m_table.SimultaneousFileRequestsAddAndRemove({{m_paths[0], false}});
+  m_table.IdleTimeProcessAllNotifications();
+  EXPECT_EQ(m_table.*&ProbeTable::m_nextRowKey, 0U);
   Load(1);
   ExpectConsistentLists();
   EXPECT_EQ(Shown(), Texts({"b0", "b1"}));

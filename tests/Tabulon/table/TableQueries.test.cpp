@@ -53,84 +53,85 @@ class TableQueries : public testing::Test {
  protected:
   void SetUp() override {
     const wxString a =
-        folder.WriteData("a.txt", {"A", "B", "T\n(Trial Variable)"},
-                         {{"x", "1", " p"}, {"y", "2", "p "}, {"x", "3", "q"}, {"x", "4", "p"}});
-    const wxString b = folder.WriteData("b.txt", {"A", "B"}, {{"x", "5"}});
-    const wxString c = folder.WriteData("c.txt", {"A", "B"}, {{"z", "1"}});
-    ASSERT_TRUE(table.Load(a));
-    ASSERT_TRUE(table.Load(b));
-    ASSERT_TRUE(table.Load(c));
-    table.HideOneSingleRowPerArbitraryUserRequest(2);
-    table.SetRowFlag(1, true);
-    table.SimultaneousFileRequestsSuppressAndUnsuppress({DichotomousFileRequest{b, false}});
-    table.OnIdle();
-    ASSERT_EQ(*table.m_currentShownRowKeys, ProbeTable::RowKeys({0, 1, 3, 5}));
-    ASSERT_EQ(table.m_activeRowKeys, ProbeTable::RowKeys({0, 1, 2, 3, 5}));
+        m_folder.WriteData("a.txt", {"A", "B", "T\n(Trial Variable)"},
+                           {{"x", "1", " p"}, {"y", "2", "p "}, {"x", "3", "q"}, {"x", "4", "p"}});
+    const wxString b = m_folder.WriteData("b.txt", {"A", "B"}, {{"x", "5"}});
+    const wxString c = m_folder.WriteData("c.txt", {"A", "B"}, {{"z", "1"}});
+    ASSERT_TRUE(m_table.Load(a));
+    ASSERT_TRUE(m_table.Load(b));
+    ASSERT_TRUE(m_table.Load(c));
+    m_table.HideOneSingleRowPerArbitraryUserRequest(2);
+    m_table.SetRowFlag(1, true);
+    m_table.SimultaneousFileRequestsSuppressAndUnsuppress({DichotomousFileRequest{b, false}});
+    m_table.OnIdle();
+    ASSERT_EQ(*m_table.m_currentShownRowKeys, ProbeTable::RowKeys({0, 1, 3, 5}));
+    ASSERT_EQ(m_table.m_activeRowKeys, ProbeTable::RowKeys({0, 1, 2, 3, 5}));
   }
 
   Texts Distinct(const wxString& column, Set set, bool trim) {
     std::vector<wxString> values = {wxT("must go")};
-    table.SelectDistinctPerColumn(column, values, set, trim);
+    m_table.SelectDistinctPerColumn(column, values, set, trim);
     return Utf8(values);
   }
   Texts Where(const wxString& x, const wxString& y, const wxString& z, bool all) {
-    return Utf8(table.GetAllFromCol_X_WhereField_Y_Matches_Z(x, y, z, all));
+    return Utf8(m_table.GetAllFromCol_X_WhereField_Y_Matches_Z(x, y, z, all));
   }
   // Gives the row a text that a query sees if it looks again.
   void Change(unsigned long key, const wxString& column, const wxString& text) {
-    table.m_rows.find(key)->m_cells[column] = text;
+    m_table.m_rows.find(key)->m_cells[column] = text;
   }
 
-  TemporaryFolder folder;
-  ProbeTable table;
+  TemporaryFolder m_folder;
+  ProbeTable m_table;
 };
 
 // ---- By flags
 
 TEST_F(TableQueries, RowsByFlagAreIndicesInTheirSet) {
-  EXPECT_EQ(table.FindCurrentRowIndicesByPropertyFlag(32, ACTIVE), Indices({2}));
-  EXPECT_EQ(table.FindCurrentRowIndicesByPropertyFlag(32, ALL), Indices({2}));
-  EXPECT_EQ(table.FindCurrentRowIndicesByPropertyFlag(32, SHOWN), Indices());
-  EXPECT_EQ(table.FindCurrentRowIndicesByPropertyFlag(8, ALL), Indices({4}));
-  EXPECT_EQ(table.FindCurrentRowIndicesByPropertyFlag(8, ACTIVE), Indices());
-  EXPECT_EQ(table.FindCurrentRowIndicesByPropertyFlag(64, SHOWN), Indices({1}));
-  EXPECT_EQ(table.FindCurrentRowIndicesByPropertyFlag(0, SHOWN), Indices({0, 1, 2, 3}));
-  EXPECT_EQ(table.FindCurrentRowIndicesByPropertyFlag(96, ALL), Indices());
+  EXPECT_EQ(m_table.FindCurrentRowIndicesByPropertyFlag(32, ACTIVE), Indices({2}));
+  EXPECT_EQ(m_table.FindCurrentRowIndicesByPropertyFlag(32, ALL), Indices({2}));
+  EXPECT_EQ(m_table.FindCurrentRowIndicesByPropertyFlag(32, SHOWN), Indices());
+  EXPECT_EQ(m_table.FindCurrentRowIndicesByPropertyFlag(8, ALL), Indices({4}));
+  EXPECT_EQ(m_table.FindCurrentRowIndicesByPropertyFlag(8, ACTIVE), Indices());
+  EXPECT_EQ(m_table.FindCurrentRowIndicesByPropertyFlag(64, SHOWN), Indices({1}));
+  EXPECT_EQ(m_table.FindCurrentRowIndicesByPropertyFlag(0, SHOWN), Indices({0, 1, 2, 3}));
+  EXPECT_EQ(m_table.FindCurrentRowIndicesByPropertyFlag(96, ALL), Indices());
 }
 
 TEST_F(TableQueries, RowsByAbsentFlagAreIndicesInTheirSet) {
-  EXPECT_EQ(table.FindCurrentRowIndicesWherePropertyFlagIsAbsent(64, SHOWN), Indices({0, 2, 3}));
-  EXPECT_EQ(table.FindCurrentRowIndicesWherePropertyFlagIsAbsent(32, ACTIVE),
+  EXPECT_EQ(m_table.FindCurrentRowIndicesWherePropertyFlagIsAbsent(64, SHOWN), Indices({0, 2, 3}));
+  EXPECT_EQ(m_table.FindCurrentRowIndicesWherePropertyFlagIsAbsent(32, ACTIVE),
             Indices({0, 1, 3, 4}));
-  EXPECT_EQ(table.FindCurrentRowIndicesWherePropertyFlagIsAbsent(60, ALL), Indices({0, 1, 3, 5}));
-  EXPECT_EQ(table.FindCurrentRowIndicesWherePropertyFlagIsAbsent(0, ALL),
+  EXPECT_EQ(m_table.FindCurrentRowIndicesWherePropertyFlagIsAbsent(60, ALL), Indices({0, 1, 3, 5}));
+  EXPECT_EQ(m_table.FindCurrentRowIndicesWherePropertyFlagIsAbsent(0, ALL),
             Indices({0, 1, 2, 3, 4, 5}));
 }
 
 TEST_F(TableQueries, AnyOtherSetMeansAllRowsInKeyOrder) {
-  table.SetSortColumn(wxT("B"), true);
+  m_table.SetSortColumn(wxT("B"), true);
   // Shown rows 3, 1, 0, 5 and then 2, 4; the walk is in key order.
-  EXPECT_EQ(table.FindCurrentRowIndicesByPropertyFlag(0, ALL), Indices({2, 1, 4, 0, 5, 3}));
-  EXPECT_EQ(table.FindCurrentRowIndicesByPropertyFlag(0, ProbeTable::CALLER_GIVEN_ROWS),
+  EXPECT_EQ(m_table.FindCurrentRowIndicesByPropertyFlag(0, ALL), Indices({2, 1, 4, 0, 5, 3}));
+  EXPECT_EQ(m_table.FindCurrentRowIndicesByPropertyFlag(0, ProbeTable::CALLER_GIVEN_ROWS),
             Indices({2, 1, 4, 0, 5, 3}));
 }
 
 TEST_F(TableQueries, RowsByBothFlagsAreIndicesAmongAllRows) {
-  EXPECT_EQ(table.FindCurrentRowIndicesHavingFlagsX_andAbsentFlagsY(0, 60), Indices({0, 1, 3, 5}));
-  EXPECT_EQ(table.FindCurrentRowIndicesHavingFlagsX_andAbsentFlagsY(64, 32), Indices({1}));
-  EXPECT_EQ(table.FindCurrentRowIndicesHavingFlagsX_andAbsentFlagsY(64, 64), Indices());
+  EXPECT_EQ(m_table.FindCurrentRowIndicesHavingFlagsX_andAbsentFlagsY(0, 60),
+            Indices({0, 1, 3, 5}));
+  EXPECT_EQ(m_table.FindCurrentRowIndicesHavingFlagsX_andAbsentFlagsY(64, 32), Indices({1}));
+  EXPECT_EQ(m_table.FindCurrentRowIndicesHavingFlagsX_andAbsentFlagsY(64, 64), Indices());
 }
 
 TEST_F(TableQueries, ADeletedRowIsSkippedAndCountsItsPlace) {
-  table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("A"), wxT("y"));
-  EXPECT_EQ(table.FindCurrentRowIndicesHavingFlagsX_andAbsentFlagsY(0, 60), Indices({0, 3, 5}));
-  EXPECT_EQ(table.FindCurrentRowIndicesByPropertyFlag(0, SHOWN), Indices({0, 2, 3}));
+  m_table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("A"), wxT("y"));
+  EXPECT_EQ(m_table.FindCurrentRowIndicesHavingFlagsX_andAbsentFlagsY(0, 60), Indices({0, 3, 5}));
+  EXPECT_EQ(m_table.FindCurrentRowIndicesByPropertyFlag(0, SHOWN), Indices({0, 2, 3}));
   EXPECT_EQ(Distinct(wxT("A"), SHOWN, false), Texts({"x", "z"}));
   EXPECT_EQ(Where(wxT("B"), wxT("A"), wxT("x"), true), Texts({"1", "3", "4", "5"}));
   Decider decider(wxT("x"));
-  EXPECT_EQ(*table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true),
+  EXPECT_EQ(*m_table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true),
             Indices({0, 2, 3, 4}));
-  EXPECT_EQ(table
+  EXPECT_EQ(m_table
                 .GetAllFromMultiCols_X_WhereField_Y_Matches_Z(
                     {wxT("A")}, wxT(""), ProbeTable::SPECIAL_CODE_TO_REQUEST_MATCH_ALL_ROWS, true)
                 ->size(),
@@ -139,36 +140,36 @@ TEST_F(TableQueries, ADeletedRowIsSkippedAndCountsItsPlace) {
 
 TEST_F(TableQueries, ColumnNamesByFlags) {
   const std::string trial = "T\n(Trial Variable)";
-  EXPECT_EQ(Utf8(table.FindColumnNamesByPropertyFlag(1)), Texts({trial}));
-  EXPECT_EQ(Utf8(table.FindColumnNamesByPropertyFlag(0)), Texts({"A", "B", trial}));
-  EXPECT_EQ(Utf8(table.FindColumnNamesWherePropertyFlagIsAbsent(1)), Texts({"A", "B"}));
-  EXPECT_EQ(Utf8(table.FindColumnNamesHavingFlagsX_andAbsentFlagsY(0, 1)), Texts({"A", "B"}));
-  EXPECT_EQ(Utf8(table.FindColumnNamesHavingFlagsX_andAbsentFlagsY(1, 32)), Texts({trial}));
-  EXPECT_EQ(Utf8(table.FindColumnNamesHavingFlagsX_andAbsentFlagsY(1, 1)), Texts());
+  EXPECT_EQ(Utf8(m_table.FindColumnNamesByPropertyFlag(1)), Texts({trial}));
+  EXPECT_EQ(Utf8(m_table.FindColumnNamesByPropertyFlag(0)), Texts({"A", "B", trial}));
+  EXPECT_EQ(Utf8(m_table.FindColumnNamesWherePropertyFlagIsAbsent(1)), Texts({"A", "B"}));
+  EXPECT_EQ(Utf8(m_table.FindColumnNamesHavingFlagsX_andAbsentFlagsY(0, 1)), Texts({"A", "B"}));
+  EXPECT_EQ(Utf8(m_table.FindColumnNamesHavingFlagsX_andAbsentFlagsY(1, 32)), Texts({trial}));
+  EXPECT_EQ(Utf8(m_table.FindColumnNamesHavingFlagsX_andAbsentFlagsY(1, 1)), Texts());
 }
 
 TEST_F(TableQueries, ColumnInformationIsNeverCached) {
-  table.HideOneSingleColumnPerArbitraryUserRequest(wxT("B"));
-  auto columns = table.FindColumnInformationWherePropertyFlagIsAbsent(1);
+  m_table.HideOneSingleColumnPerArbitraryUserRequest(wxT("B"));
+  auto columns = m_table.FindColumnInformationWherePropertyFlagIsAbsent(1);
   ASSERT_EQ(columns.size(), 2u);
   EXPECT_EQ(columns.front().m_columnName, wxT("A"));
   EXPECT_FALSE(columns.front().m_hidden);
   EXPECT_EQ(columns.back().m_columnName, wxT("B"));
   EXPECT_TRUE(columns.back().m_hidden);
-  table.UnhideOneSingleColumnPerArbitraryUserRequest(wxT("B"));
-  EXPECT_FALSE(table.FindColumnInformationWherePropertyFlagIsAbsent(1).back().m_hidden);
-  table.m_columns[0]->m_columnPropertyFlags |= 16;
-  EXPECT_TRUE(table.FindColumnInformationWherePropertyFlagIsAbsent(0).front().m_hidden);
+  m_table.UnhideOneSingleColumnPerArbitraryUserRequest(wxT("B"));
+  EXPECT_FALSE(m_table.FindColumnInformationWherePropertyFlagIsAbsent(1).back().m_hidden);
+  m_table.m_columns[0]->m_columnPropertyFlags |= 16;
+  EXPECT_TRUE(m_table.FindColumnInformationWherePropertyFlagIsAbsent(0).front().m_hidden);
 }
 
 // ---- By predicate
 
 TEST_F(TableQueries, APredicateFindsPlaces) {
   Decider decider(wxT("x"));
-  EXPECT_EQ(*table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, false),
+  EXPECT_EQ(*m_table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, false),
             Indices({0, 2}));
   EXPECT_EQ(decider.decisions, 4);
-  EXPECT_EQ(*table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true),
+  EXPECT_EQ(*m_table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true),
             Indices({0, 2, 3, 4}));
   EXPECT_EQ(decider.decisions, 10);
 }
@@ -177,7 +178,7 @@ TEST_F(TableQueries, OnlyOneIsAMatch) {
   for (const int answer : {-1, 0, 2, 1 << 30}) {
     Decider decider(wxT("x"), false);
     decider.answerForMatch = answer;
-    EXPECT_TRUE(table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true)->empty());
+    EXPECT_TRUE(m_table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true)->empty());
   }
 }
 
@@ -200,33 +201,33 @@ TEST_F(TableQueries, EqualIdentitiesShareAResult) {
   Decider first(wxT("x"));
   Decider second(wxT("y"));
   second.identity = first.identity;
-  const Indices* found = table.FindCurrentRowIndicesMatchingRowTruthPredicate(&first, false);
-  EXPECT_EQ(table.FindCurrentRowIndicesMatchingRowTruthPredicate(&second, false), found);
+  const Indices* found = m_table.FindCurrentRowIndicesMatchingRowTruthPredicate(&first, false);
+  EXPECT_EQ(m_table.FindCurrentRowIndicesMatchingRowTruthPredicate(&second, false), found);
   EXPECT_EQ(second.decisions, 0);
   Decider third(wxT("y"));
-  EXPECT_EQ(*table.FindCurrentRowIndicesMatchingRowTruthPredicate(&third, false), Indices({1}));
+  EXPECT_EQ(*m_table.FindCurrentRowIndicesMatchingRowTruthPredicate(&third, false), Indices({1}));
 }
 
 TEST_F(TableQueries, AnUncachedDeciderRunsEveryTimeAndItsResultsStay) {
   Decider decider(wxT("x"), false);
-  const Indices* first = table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, false);
-  const Indices* second = table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, false);
+  const Indices* first = m_table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, false);
+  const Indices* second = m_table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, false);
   EXPECT_NE(first, second);
   EXPECT_EQ(decider.decisions, 8);
   EXPECT_EQ(*first, Indices({0, 2}));
-  EXPECT_EQ(table.m_nonCachedHolders.size(), 2u);
-  EXPECT_TRUE(table.m_cacheRowIndexHolders.empty());
-  table.Notify();
+  EXPECT_EQ(m_table.m_nonCachedHolders.size(), 2u);
+  EXPECT_TRUE(m_table.m_cacheRowIndexHolders.empty());
+  m_table.Notify();
   // The holders stay, empty, until the end.
-  EXPECT_EQ(table.m_nonCachedHolders.size(), 2u);
-  EXPECT_EQ(*table.m_nonCachedHolders.front(), nullptr);
+  EXPECT_EQ(m_table.m_nonCachedHolders.size(), 2u);
+  EXPECT_EQ(*m_table.m_nonCachedHolders.front(), nullptr);
 }
 
 TEST_F(TableQueries, TheRangeIsInclusiveAndItsNegativeEndsMeanTheOuterRows) {
   const auto within = [this](int first, int last, bool all = true) {
     Decider decider(wxT("x"));
-    return *table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinRange(&decider, all, first,
-                                                                            last);
+    return *m_table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinRange(&decider, all, first,
+                                                                              last);
   };
   EXPECT_EQ(within(0, 2), Indices({0, 2}));
   EXPECT_EQ(within(-7, 2), Indices({0, 2}));
@@ -244,49 +245,50 @@ TEST_F(TableQueries, TheRangeIsInclusiveAndItsNegativeEndsMeanTheOuterRows) {
 TEST_F(TableQueries, ASwappedRangeIsTheSameQuestion) {
   Decider decider(wxT("x"));
   const auto* found =
-      table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinRange(&decider, true, 4, 1);
+      m_table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinRange(&decider, true, 4, 1);
   EXPECT_EQ(*found, Indices({2, 3, 4}));
-  EXPECT_EQ(table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinRange(&decider, true, 1, 4),
+  EXPECT_EQ(m_table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinRange(&decider, true, 1, 4),
             found);
-  EXPECT_EQ(table.m_cacheRowIndexHolders.size(), 1u);
+  EXPECT_EQ(m_table.m_cacheRowIndexHolders.size(), 1u);
   EXPECT_EQ(decider.decisions, 4);
 }
 
 TEST_F(TableQueries, TheWholeRangeIsTheSameQuestionAsNoRange) {
   Decider decider(wxT("x"));
-  const auto* found = table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true);
-  EXPECT_EQ(table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinRange(&decider, true, -1, -1),
-            found);
+  const auto* found = m_table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true);
+  EXPECT_EQ(
+      m_table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinRange(&decider, true, -1, -1),
+      found);
 }
 
 TEST_F(TableQueries, GivenIndicesAreTranslatedBack) {
   Decider decider(wxT("x"));
   const auto within = [&](const Indices& indices, bool all) {
-    return *table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinGivenIndices(&decider,
-                                                                                   indices, all);
+    return *m_table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinGivenIndices(&decider,
+                                                                                     indices, all);
   };
   EXPECT_EQ(within({4, 1, 0, 0}, true), Indices({4, 0, 0}));
   EXPECT_EQ(within({3, 2}, false), Indices({2}));
   EXPECT_EQ(within({6, 99}, true), Indices());
   EXPECT_EQ(within({}, true), Indices());
-  EXPECT_TRUE(table.m_cacheRowIndexHolders.empty());
+  EXPECT_TRUE(m_table.m_cacheRowIndexHolders.empty());
 }
 
 TEST_F(TableQueries, AGivenIndexOutOfRangeShiftsWhatFollows) {
   Decider decider(wxT("x"));
   // Kept are 0, 1, 3, of which places 0 and 2 match: elements 0 and 2 of what was given.
-  EXPECT_EQ(*table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinGivenIndices(
+  EXPECT_EQ(*m_table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinGivenIndices(
                 &decider, {0, 99, 1, 3}, true),
             Indices({0, 1}));
 }
 
 TEST_F(TableQueries, ASearchWithinGivenIndicesIsNeverCached) {
   Decider decider(wxT("x"));
-  table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinGivenIndices(&decider, {0, 1}, true);
-  table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinGivenIndices(&decider, {0, 1}, true);
+  m_table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinGivenIndices(&decider, {0, 1}, true);
+  m_table.FindCurrentRowIndicesMatchingRowTruthPredicateWithinGivenIndices(&decider, {0, 1}, true);
   EXPECT_EQ(decider.decisions, 4);
   // The list of places and the translated one, each time.
-  EXPECT_EQ(table.m_nonCachedHolders.size(), 4u);
+  EXPECT_EQ(m_table.m_nonCachedHolders.size(), 4u);
 }
 
 // Searches by its own key while it decides.
@@ -306,8 +308,8 @@ class SelfSearchingDecider : public Decider {
 };
 
 TEST_F(TableQueries, ASearchInsideASearchLeavesBothResults) {
-  SelfSearchingDecider decider(table);
-  const Indices* outer = table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true);
+  SelfSearchingDecider decider(m_table);
+  const Indices* outer = m_table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true);
   EXPECT_EQ(*outer, Indices({0, 2, 3, 4}));
   EXPECT_EQ(*decider.inner, Indices({0, 2, 3, 4}));
 }
@@ -325,7 +327,7 @@ TEST_F(TableQueries, DistinctValuesStandInOrderOfFirstAppearance) {
 }
 
 TEST_F(TableQueries, DistinctFollowsTheSort) {
-  table.SetSortColumn(wxT("B"), true);
+  m_table.SetSortColumn(wxT("B"), true);
   EXPECT_EQ(Distinct(wxT("B"), SHOWN, false), Texts({"4", "2", "1"}));
 }
 
@@ -339,15 +341,15 @@ TEST_F(TableQueries, OneColumnWhere) {
 
 TEST_F(TableQueries, AValueThatNobodyHasIsCachedToo) {
   EXPECT_EQ(Where(wxT("B"), wxT("A"), wxT("new"), false), Texts());
-  EXPECT_EQ(table.m_cacheStringSelects.size(), 1u);
+  EXPECT_EQ(m_table.m_cacheStringSelects.size(), 1u);
   Change(0, wxT("A"), wxT("new"));
   EXPECT_EQ(Where(wxT("B"), wxT("A"), wxT("new"), false), Texts());
-  table.Notify();
+  m_table.Notify();
   EXPECT_EQ(Where(wxT("B"), wxT("A"), wxT("new"), false), Texts({"1"}));
 }
 
 TEST_F(TableQueries, SeveralColumnsWhere) {
-  const auto* rows = table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z(
+  const auto* rows = m_table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z(
       {wxT("B"), wxT("A"), wxT("nobody")}, wxT("A"), wxT("x"), false);
   ASSERT_EQ(rows->size(), 2u);
   using Cells = std::map<wxString, wxString>;
@@ -355,31 +357,31 @@ TEST_F(TableQueries, SeveralColumnsWhere) {
             Cells({{wxT("A"), wxT("x")}, {wxT("B"), wxT("1")}, {wxT("nobody"), wxT("")}}));
   EXPECT_EQ(*(*rows)[1],
             Cells({{wxT("A"), wxT("x")}, {wxT("B"), wxT("4")}, {wxT("nobody"), wxT("")}}));
-  EXPECT_EQ(table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z({wxT("nobody"), wxT("A"), wxT("B")},
-                                                               wxT("A"), wxT("x"), false),
+  EXPECT_EQ(m_table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z(
+                {wxT("nobody"), wxT("A"), wxT("B")}, wxT("A"), wxT("x"), false),
             rows);
-  EXPECT_NE(table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z({wxT("A"), wxT("B")}, wxT("A"),
-                                                               wxT("x"), false),
+  EXPECT_NE(m_table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z({wxT("A"), wxT("B")}, wxT("A"),
+                                                                 wxT("x"), false),
             rows);
-  EXPECT_NE(table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z({wxT("B"), wxT("A"), wxT("nobody")},
-                                                               wxT("A"), wxT("x"), true),
+  EXPECT_NE(m_table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z(
+                {wxT("B"), wxT("A"), wxT("nobody")}, wxT("A"), wxT("x"), true),
             rows);
 }
 
 TEST_F(TableQueries, MatchAllGivesOneMapPerRowInTableOrder) {
   const wxString all = ProbeTable::SPECIAL_CODE_TO_REQUEST_MATCH_ALL_ROWS;
-  table.SetSortColumn(wxT("B"), true);
+  m_table.SetSortColumn(wxT("B"), true);
   const auto* rows =
-      table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z({wxT("B")}, wxT("A"), all, false);
+      m_table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z({wxT("B")}, wxT("A"), all, false);
   Texts texts;
   for (const auto* row : *rows) texts.push_back(Utf8(row->at(wxT("B"))));
   EXPECT_EQ(texts, Texts({"4", "2", "1", "1"}));
   // Whatever the field, it is the same question.
   EXPECT_EQ(
-      table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z({wxT("B")}, wxT("nobody"), all, false),
+      m_table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z({wxT("B")}, wxT("nobody"), all, false),
       rows);
   EXPECT_EQ(
-      table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z({wxT("B")}, wxT("A"), all, true)->size(),
+      m_table.GetAllFromMultiCols_X_WhereField_Y_Matches_Z({wxT("B")}, wxT("A"), all, true)->size(),
       6u);
 }
 
@@ -392,16 +394,16 @@ TEST_F(TableQueries, QueriesWhoseKeysMeetShareAnEntry) {
   const wxString value = wxT("1");
   EXPECT_EQ(Distinct(wxT("A"), SHOWN, true), Texts({"x", "y", "z"}));
   EXPECT_EQ(Where(wxT("A"), wxT("SELECTDISTINCTPERCOLUMN"), value, true), Texts({"x", "y", "z"}));
-  EXPECT_EQ(table.m_cacheStringSelects.size(), 1u);
+  EXPECT_EQ(m_table.m_cacheStringSelects.size(), 1u);
 }
 
 TEST_F(TableQueries, CopiesAreTheCallers) {
   std::vector<wxString> values;
-  table.SelectDistinctPerColumn(wxT("A"), values, ALL, false);
+  m_table.SelectDistinctPerColumn(wxT("A"), values, ALL, false);
   values.clear();
-  table.FindCurrentRowIndicesByPropertyFlag(0, ALL).clear();
+  m_table.FindCurrentRowIndicesByPropertyFlag(0, ALL).clear();
   EXPECT_EQ(Distinct(wxT("A"), ALL, false).size(), 3u);
-  EXPECT_EQ(table.FindCurrentRowIndicesByPropertyFlag(0, ALL).size(), 6u);
+  EXPECT_EQ(m_table.FindCurrentRowIndicesByPropertyFlag(0, ALL).size(), 6u);
 }
 
 // ---- What drops what. Each cache is asked once; then every row and column is changed behind the table's
@@ -412,58 +414,59 @@ class CacheEvents : public TableQueries {
   void SetUp() override {
     TableQueries::SetUp();
     Ask();
-    before = answers;
-    for (const auto& entry : table.m_rows) {
+    m_before = m_answers;
+    for (const auto& entry : m_table.m_rows) {
       entry.second->m_rowPropertyFlags |= 256;
       entry.second->m_cells[wxT("A")] = wxT("changed");
     }
-    for (auto* column : table.m_columns) column->m_columnPropertyFlags |= 256;
+    for (auto* column : m_table.m_columns) column->m_columnPropertyFlags |= 256;
   }
 
   void Ask() {
-    answers.clear();
-    answers["distinct"] = Distinct(wxT("A"), SHOWN, false).front();
-    answers["where"] = std::to_string(Where(wxT("B"), wxT("A"), wxT("changed"), true).size());
-    answers["several"] = std::to_string(table
-                                            .GetAllFromMultiCols_X_WhereField_Y_Matches_Z(
-                                                {wxT("B")}, wxT("A"), wxT("changed"), true)
-                                            ->size());
-    answers["columns by flag"] = std::to_string(table.FindColumnNamesByPropertyFlag(256).size());
-    answers["columns by absent"] =
-        std::to_string(table.FindColumnNamesWherePropertyFlagIsAbsent(256).size());
-    answers["columns by both"] =
-        std::to_string(table.FindColumnNamesHavingFlagsX_andAbsentFlagsY(256, 4).size());
-    answers["rows by flag"] =
-        std::to_string(table.FindCurrentRowIndicesByPropertyFlag(256, ALL).size());
-    answers["rows by absent"] =
-        std::to_string(table.FindCurrentRowIndicesWherePropertyFlagIsAbsent(256, ALL).size());
-    answers["rows by both"] =
-        std::to_string(table.FindCurrentRowIndicesHavingFlagsX_andAbsentFlagsY(256, 4).size());
-    answers["red by flag"] =
-        std::to_string(table.FindCurrentRowIndicesByPropertyFlag(320, ALL).size());
-    answers["red by absent"] =
-        std::to_string(table.FindCurrentRowIndicesWherePropertyFlagIsAbsent(320, ALL).size());
-    answers["red in x"] =
-        std::to_string(table.FindCurrentRowIndicesHavingFlagsX_andAbsentFlagsY(320, 4).size());
-    answers["red in y"] =
-        std::to_string(table.FindCurrentRowIndicesHavingFlagsX_andAbsentFlagsY(256, 64).size());
+    m_answers.clear();
+    m_answers["distinct"] = Distinct(wxT("A"), SHOWN, false).front();
+    m_answers["where"] = std::to_string(Where(wxT("B"), wxT("A"), wxT("changed"), true).size());
+    m_answers["several"] = std::to_string(m_table
+                                              .GetAllFromMultiCols_X_WhereField_Y_Matches_Z(
+                                                  {wxT("B")}, wxT("A"), wxT("changed"), true)
+                                              ->size());
+    m_answers["columns by flag"] =
+        std::to_string(m_table.FindColumnNamesByPropertyFlag(256).size());
+    m_answers["columns by absent"] =
+        std::to_string(m_table.FindColumnNamesWherePropertyFlagIsAbsent(256).size());
+    m_answers["columns by both"] =
+        std::to_string(m_table.FindColumnNamesHavingFlagsX_andAbsentFlagsY(256, 4).size());
+    m_answers["rows by flag"] =
+        std::to_string(m_table.FindCurrentRowIndicesByPropertyFlag(256, ALL).size());
+    m_answers["rows by absent"] =
+        std::to_string(m_table.FindCurrentRowIndicesWherePropertyFlagIsAbsent(256, ALL).size());
+    m_answers["rows by both"] =
+        std::to_string(m_table.FindCurrentRowIndicesHavingFlagsX_andAbsentFlagsY(256, 4).size());
+    m_answers["red by flag"] =
+        std::to_string(m_table.FindCurrentRowIndicesByPropertyFlag(320, ALL).size());
+    m_answers["red by absent"] =
+        std::to_string(m_table.FindCurrentRowIndicesWherePropertyFlagIsAbsent(320, ALL).size());
+    m_answers["red in x"] =
+        std::to_string(m_table.FindCurrentRowIndicesHavingFlagsX_andAbsentFlagsY(320, 4).size());
+    m_answers["red in y"] =
+        std::to_string(m_table.FindCurrentRowIndicesHavingFlagsX_andAbsentFlagsY(256, 64).size());
     Decider cached(wxT("changed"));
-    answers["predicate"] =
-        std::to_string(table.FindCurrentRowIndicesMatchingRowTruthPredicate(&cached, true)->size());
+    m_answers["predicate"] = std::to_string(
+        m_table.FindCurrentRowIndicesMatchingRowTruthPredicate(&cached, true)->size());
   }
 
   // The caches that answer anew after the event.
   Texts Dropped() {
     Ask();
     Texts dropped;
-    for (const auto& [name, answer] : answers) {
-      if (answer != before[name]) dropped.push_back(name);
+    for (const auto& [name, answer] : m_answers) {
+      if (answer != m_before[name]) dropped.push_back(name);
     }
     return dropped;
   }
 
-  std::map<std::string, std::string> answers;
-  std::map<std::string, std::string> before;
+  std::map<std::string, std::string> m_answers;
+  std::map<std::string, std::string> m_before;
   const Texts everything = {
       "columns by absent", "columns by both", "columns by flag", "distinct", "predicate",
       "red by absent",     "red by flag",     "red in x",        "red in y", "rows by absent",
@@ -476,89 +479,90 @@ class CacheEvents : public TableQueries {
 TEST_F(CacheEvents, NothingIsDroppedWithoutAnEvent) { EXPECT_EQ(Dropped(), Texts()); }
 
 TEST_F(CacheEvents, ANotificationDropsEverything) {
-  table.Notify();
+  m_table.Notify();
   EXPECT_EQ(Dropped(), everything);
 }
 
 TEST_F(CacheEvents, TheFirstIdleCallAfterAChangeDropsEverything) {
-  table.NotifyMyObservers();
+  m_table.NotifyMyObservers();
   EXPECT_EQ(Dropped(), Texts());
-  table.OnIdle();
+  m_table.OnIdle();
   EXPECT_EQ(Dropped(), everything);
 }
 
 TEST_F(CacheEvents, AnIdleCallWithoutAChangeDropsNothing) {
-  table.OnIdle();
+  m_table.OnIdle();
   EXPECT_EQ(Dropped(), Texts());
 }
 
 TEST_F(CacheEvents, ARedFlagDropsWhatMentionsIt) {
-  table.SetRowFlag(99, true);
+  m_table.SetRowFlag(99, true);
   EXPECT_EQ(Dropped(), byRedFlag);
-  EXPECT_EQ(table.m_redFlagDependentKeys.size(), 4u);
+  EXPECT_EQ(m_table.m_redFlagDependentKeys.size(), 4u);
 }
 
 TEST_F(CacheEvents, ToggledAndClearedRedFlagsDoSoToo) {
-  table.ToggleRowFlag(0);
+  m_table.ToggleRowFlag(0);
   EXPECT_EQ(Dropped(), byRedFlag);
 }
 
 TEST_F(CacheEvents, WhatDependsOnTheRedFlagIsNotedOnce) {
-  table.ClearRowRedFlagCacheMemory();
+  m_table.ClearRowRedFlagCacheMemory();
   Ask();
   Ask();
-  EXPECT_EQ(table.m_redFlagDependentKeys.size(), 4u);
-  table.ClearRowRedFlagCacheMemory();
-  EXPECT_TRUE(table.m_redFlagDependentKeys.empty());
+  EXPECT_EQ(m_table.m_redFlagDependentKeys.size(), 4u);
+  m_table.ClearRowRedFlagCacheMemory();
+  EXPECT_TRUE(m_table.m_redFlagDependentKeys.empty());
 }
 
 TEST_F(CacheEvents, AChangeOfSortDropsWhatDependsOnRowOrder) {
-  table.SetSortColumn(wxT("B"), false);
+  m_table.SetSortColumn(wxT("B"), false);
   EXPECT_EQ(Dropped(), byRowOrder);
 }
 
 TEST_F(CacheEvents, ASortThatChangesNothingDropsNothing) {
-  table.SetSortColumn(wxT(""), false);
+  m_table.SetSortColumn(wxT(""), false);
   EXPECT_EQ(Dropped(), Texts());
-  table.RevertAnyAndAllSortOptions();
+  m_table.RevertAnyAndAllSortOptions();
   EXPECT_EQ(Dropped(), Texts());
 }
 
 TEST_F(CacheEvents, RevertingASortDropsWhatDependsOnRowOrder) {
-  table.SetSortColumn(wxT("B"), false);
+  m_table.SetSortColumn(wxT("B"), false);
   Ask();
-  before = answers;
-  for (const auto& entry : table.m_rows) {
+  m_before = m_answers;
+  for (const auto& entry : m_table.m_rows) {
     entry.second->m_rowPropertyFlags &= ~256u;
     entry.second->m_cells[wxT("A")] = wxT("again");
   }
-  for (auto* column : table.m_columns) column->m_columnPropertyFlags &= ~256u;
+  for (auto* column : m_table.m_columns) column->m_columnPropertyFlags &= ~256u;
   EXPECT_EQ(Dropped(), Texts());
-  table.RevertAnyAndAllSortOptions();
+  m_table.RevertAnyAndAllSortOptions();
   EXPECT_EQ(Dropped(), byRowOrder);
 }
 
 TEST_F(CacheEvents, OtherChangesDropNothing) {
   const std::vector<std::pair<std::string, std::function<void()>>> changes = {
-      {"hide a row", [this] { table.HideOneSingleRowPerArbitraryUserRequest(0); }},
+      {"hide a row", [this] { m_table.HideOneSingleRowPerArbitraryUserRequest(0); }},
       {"unhide rows",
-       [this] { table.RemoveUserDesignatedRowHiddennessBasedOnCurrentlyActiveFiles(); }},
-      {"hide a column", [this] { table.HideOneSingleColumnPerArbitraryUserRequest(wxT("B")); }},
-      {"unhide a column", [this] { table.UnhideOneSingleColumnPerArbitraryUserRequest(wxT("B")); }},
-      {"move a column", [this] { table.MoveColumnPosition(wxT("B"), wxT("A"), false); }},
+       [this] { m_table.RemoveUserDesignatedRowHiddennessBasedOnCurrentlyActiveFiles(); }},
+      {"hide a column", [this] { m_table.HideOneSingleColumnPerArbitraryUserRequest(wxT("B")); }},
+      {"unhide a column",
+       [this] { m_table.UnhideOneSingleColumnPerArbitraryUserRequest(wxT("B")); }},
+      {"move a column", [this] { m_table.MoveColumnPosition(wxT("B"), wxT("A"), false); }},
       {"suppress a file",
        [this] {
-         table.SimultaneousFileRequestsSuppressAndUnsuppress({{folder.PathOf("a.txt"), false}});
+         m_table.SimultaneousFileRequestsSuppressAndUnsuppress({{m_folder.PathOf("a.txt"), false}});
        }},
       {"add a file",
-       [this] { table.AddExperimentOcurrence(wxFileName(folder.PathOf("a.txt")), true); }},
-      {"delete rows", [this] { table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("B"), wxT("1")); }},
+       [this] { m_table.AddExperimentOcurrence(wxFileName(m_folder.PathOf("a.txt")), true); }},
+      {"delete rows", [this] { m_table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("B"), wxT("1")); }},
       {"remove a file",
        [this] {
-         table.SimultaneousFileRequestsAddAndRemove({{folder.PathOf("c.txt"), false}});
+         m_table.SimultaneousFileRequestsAddAndRemove({{m_folder.PathOf("c.txt"), false}});
        }},
-      {"free the copies", [this] { table.IdleTimeFreeMemoryUsedForRowCopies(); }},
-      {"search empty columns", [this] { table.PerformOneTimesliceOfEmptyColumnSearch(); }},
+      {"free the copies", [this] { m_table.IdleTimeFreeMemoryUsedForRowCopies(); }},
+      {"search empty columns", [this] { m_table.PerformOneTimesliceOfEmptyColumnSearch(); }},
   };
   for (const auto& [name, change] : changes) {
     change();
@@ -568,29 +572,29 @@ TEST_F(CacheEvents, OtherChangesDropNothing) {
 
 TEST_F(TableQueries, ClearedHoldersAreFilledAgain) {
   Decider decider(wxT("x"));
-  table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true);
-  const auto* holder = table.m_cacheRowIndexHolders.begin()->second;
-  table.SetSortColumn(wxT("B"), false);
+  m_table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true);
+  const auto* holder = m_table.m_cacheRowIndexHolders.begin()->second;
+  m_table.SetSortColumn(wxT("B"), false);
   EXPECT_EQ(*holder, nullptr);
-  EXPECT_EQ(table.m_cacheRowIndexHolders.size(), 1u);
-  const auto* found = table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true);
-  EXPECT_EQ(table.m_cacheRowIndexHolders.begin()->second, holder);
+  EXPECT_EQ(m_table.m_cacheRowIndexHolders.size(), 1u);
+  const auto* found = m_table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true);
+  EXPECT_EQ(m_table.m_cacheRowIndexHolders.begin()->second, holder);
   EXPECT_EQ(*holder, found);
   EXPECT_EQ(decider.decisions, 12);
 }
 
 TEST_F(TableQueries, AfterARedFlagOnlySearchesForItLookAgain) {
-  EXPECT_EQ(table.FindCurrentRowIndicesByPropertyFlag(64, SHOWN), Indices({1}));
-  EXPECT_EQ(table.FindCurrentRowIndicesByPropertyFlag(32, ALL), Indices({2}));
-  table.SetRowFlag(3, true);
-  table.m_rows.find(5)->m_rowPropertyFlags |= 32;
-  EXPECT_EQ(table.FindCurrentRowIndicesByPropertyFlag(64, SHOWN), Indices({1, 3}));
-  EXPECT_EQ(table.FindCurrentRowIndicesByPropertyFlag(32, ALL), Indices({2}));
+  EXPECT_EQ(m_table.FindCurrentRowIndicesByPropertyFlag(64, SHOWN), Indices({1}));
+  EXPECT_EQ(m_table.FindCurrentRowIndicesByPropertyFlag(32, ALL), Indices({2}));
+  m_table.SetRowFlag(3, true);
+  m_table.m_rows.find(5)->m_rowPropertyFlags |= 32;
+  EXPECT_EQ(m_table.FindCurrentRowIndicesByPropertyFlag(64, SHOWN), Indices({1, 3}));
+  EXPECT_EQ(m_table.FindCurrentRowIndicesByPropertyFlag(32, ALL), Indices({2}));
 }
 
 TEST_F(TableQueries, CellsReadThroughAKeyShowTheRowAsItIs) {
   Change(0, wxT("A"), wxT("now"));
-  EXPECT_EQ(table.Cell(0, 0), "now");
+  EXPECT_EQ(m_table.Cell(0, 0), "now");
 }
 
 // ---- Many cells at once
@@ -599,18 +603,18 @@ TEST_F(TableQueries, AColumnsTextsAreThoseOfItsCells) {
   // Unsorted; sorted, so that neighbours come from different files; with a row that has just got entries of
   // its own; and sorted once more with it.
   for (int change = 0; change < 4; ++change) {
-    if (change == 1) table.SetSortColumn(wxT("A"), true);
-    if (change == 2) table.m_rows.find(1)->m_cells[wxT("B")] = wxT("written");
-    if (change == 3) table.SetSortColumn(wxT("B"), false);
-    const int rows = table.GetNumberOfDataRows();
-    for (int column = -1; column <= table.GetNumberOfDataColumns(); ++column) {
+    if (change == 1) m_table.SetSortColumn(wxT("A"), true);
+    if (change == 2) m_table.m_rows.find(1)->m_cells[wxT("B")] = wxT("written");
+    if (change == 3) m_table.SetSortColumn(wxT("B"), false);
+    const int rows = m_table.GetNumberOfDataRows();
+    for (int column = -1; column <= m_table.GetNumberOfDataColumns(); ++column) {
       for (int first = -2; first <= rows + 1; ++first) {
         for (int count = 0; count <= rows + 3; ++count) {
           std::vector<MUCellText> texts(static_cast<std::size_t>(count));
-          table.GetDataColumnTexts(column, first, count, texts.data());
+          m_table.GetDataColumnTexts(column, first, count, texts.data());
           for (int i = 0; i < count; ++i) {
             ASSERT_EQ(Utf8(texts[static_cast<std::size_t>(i)].ToString()),
-                      table.Cell(first + i, column))
+                      m_table.Cell(first + i, column))
                 << change << ": " << column << ", " << first << " + " << i;
           }
         }
@@ -625,19 +629,19 @@ TEST_F(TableQueries, AScannedColumnFollowsTheRows) {
     Tests::Cells rows;
     for (int i = 0; i < 100; ++i) rows.push_back({name, std::to_string(i * 37 % 100)});
     rows.push_back({"short"});
-    ASSERT_TRUE(table.Load(folder.WriteData(name, {"A", "B"}, rows)));
+    ASSERT_TRUE(m_table.Load(m_folder.WriteData(name, {"A", "B"}, rows)));
   }
   const auto expectCells = [&](const char* change) {
     for (int round = 0; round < 2; ++round) {  // made, and there already
       for (const wxChar* const name : {wxT("A"), wxT("B"), wxT("T\n(Trial Variable)")}) {
-        const int column = table.GetColumnPositionNumberFromText(name);
+        const int column = m_table.GetColumnPositionNumberFromText(name);
         ASSERT_GE(column, 0);
         for (int first = 0; first < 320; first += 80) {
           std::vector<MUCellText> texts(80);
-          table.GetDataColumnTexts(column, first, 80, texts.data());
+          m_table.GetDataColumnTexts(column, first, 80, texts.data());
           for (int i = 0; i < 80; ++i) {
             ASSERT_EQ(Utf8(texts[static_cast<std::size_t>(i)].ToString()),
-                      table.Cell(first + i, column))
+                      m_table.Cell(first + i, column))
                 << change << ": " << column << ", " << first + i;
           }
         }
@@ -645,31 +649,31 @@ TEST_F(TableQueries, AScannedColumnFollowsTheRows) {
     }
   };
   expectCells("loaded");
-  table.SetSortColumn(wxT("B"), true);
+  m_table.SetSortColumn(wxT("B"), true);
   expectCells("sorted");
-  table.DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(wxT("B"),
-                                                                    {wxT("36"), wxT("37")}, false);
-  EXPECT_EQ(table.m_rows.find((*table.m_currentShownRowKeys)[200]) == nullptr,
-            table.Cell(200, 0) == "?");
+  m_table.DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(
+      wxT("B"), {wxT("36"), wxT("37")}, false);
+  EXPECT_EQ(m_table.m_rows.find((*m_table.m_currentShownRowKeys)[200]) == nullptr,
+            m_table.Cell(200, 0) == "?");
   expectCells("deleted");
-  table.Notify();
+  m_table.Notify();
   expectCells("notified");
-  wxString& cell = table.m_rows.find(50)->m_cells[wxT("B")];
+  wxString& cell = m_table.m_rows.find(50)->m_cells[wxT("B")];
   expectCells("borrowed");
   cell = wxT("written");
   expectCells("written");
-  ASSERT_TRUE(table.Load(folder.WriteData("g.txt", {"A", "B"}, {{"g", "50"}})));
+  ASSERT_TRUE(m_table.Load(m_folder.WriteData("g.txt", {"A", "B"}, {{"g", "50"}})));
   expectCells("loaded more");
-  *table.m_rows.find(60) = *table.m_rows.find(61);
+  *m_table.m_rows.find(60) = *m_table.m_rows.find(61);
   expectCells("assigned");
 }
 
 TEST_F(TableQueries, NoColumnsTextsAreReadForANegativeCountOrBeyondAllNumbers) {
   MUCellText text("untouched", 9);
-  table.GetDataColumnTexts(0, 0, -5, &text);
+  m_table.GetDataColumnTexts(0, 0, -5, &text);
   EXPECT_EQ(Utf8(text.ToString()), "untouched");
   std::vector<MUCellText> texts(3);
-  table.GetDataColumnTexts(0, std::numeric_limits<int>::max() - 1, 3, texts.data());
+  m_table.GetDataColumnTexts(0, std::numeric_limits<int>::max() - 1, 3, texts.data());
   for (const MUCellText& beyond : texts) EXPECT_EQ(Utf8(beyond.ToString()), "?");
 }
 
@@ -678,7 +682,7 @@ TEST_F(TableQueries, SearchesAnswerTheSameWithADictionaryAndWithout) {
     std::vector<Texts> answers;
     for (const bool all : {false, true}) {
       for (const wxString text : {wxT("x"), wxT("y"), wxT("z"), wxT("nobody"), wxT("")}) {
-        table.EraseCachesOfQueries();
+        m_table.EraseCachesOfQueries();
         answers.push_back(Where(wxT("B"), wxT("A"), text, all));
       }
     }
@@ -687,26 +691,26 @@ TEST_F(TableQueries, SearchesAnswerTheSameWithADictionaryAndWithout) {
   const std::vector<Texts> unsorted = askAll();
   EXPECT_EQ(unsorted[0], Texts({"1", "4"}));
   EXPECT_EQ(unsorted[5], Texts({"1", "3", "4", "5"}));
-  table.SetSortColumn(wxT("B"), true);
+  m_table.SetSortColumn(wxT("B"), true);
   const std::vector<Texts> sorted = askAll();
   EXPECT_EQ(sorted[0], Texts({"4", "1"}));
   Distinct(wxT("A"), ALL, false);  // makes the dictionary
   EXPECT_EQ(askAll(), sorted);
-  table.RevertAnyAndAllSortOptions();
+  m_table.RevertAnyAndAllSortOptions();
   EXPECT_EQ(askAll(), unsorted);
 }
 
 TEST_F(TableQueries, AnswersWithADictionarySeeRowsThatArriveGoAndAreWritten) {
   EXPECT_EQ(Distinct(wxT("A"), ALL, false), Texts({"x", "y", "z"}));
-  ASSERT_TRUE(table.Load(folder.WriteData("d.txt", {"A", "B"}, {{"new", "9"}})));
+  ASSERT_TRUE(m_table.Load(m_folder.WriteData("d.txt", {"A", "B"}, {{"new", "9"}})));
   EXPECT_EQ(Distinct(wxT("A"), ALL, false), Texts({"x", "y", "z", "new"}));
   EXPECT_EQ(Where(wxT("B"), wxT("A"), wxT("new"), true), Texts({"9"}));
-  table.EraseCachesOfQueries();
-  table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("A"), wxT("y"));
+  m_table.EraseCachesOfQueries();
+  m_table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("A"), wxT("y"));
   EXPECT_EQ(Distinct(wxT("A"), ALL, false), Texts({"x", "z", "new"}));
   EXPECT_EQ(Where(wxT("B"), wxT("A"), wxT("y"), true), Texts());
-  table.EraseCachesOfQueries();
-  table.m_rows.find(0)->m_cells[wxT("A")] = wxT("written");
+  m_table.EraseCachesOfQueries();
+  m_table.m_rows.find(0)->m_cells[wxT("A")] = wxT("written");
   EXPECT_EQ(Distinct(wxT("A"), ALL, false), Texts({"written", "x", "z", "new"}));
   EXPECT_EQ(Where(wxT("B"), wxT("A"), wxT("written"), true), Texts({"1"}));
 }
@@ -714,9 +718,9 @@ TEST_F(TableQueries, AnswersWithADictionarySeeRowsThatArriveGoAndAreWritten) {
 TEST_F(TableQueries, ACachedAnswerOutlivesItsRows) {
   const Texts before = Where(wxT("B"), wxT("A"), wxT("x"), true);
   const Texts distinct = Distinct(wxT("A"), ALL, false);
-  table.DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(
+  m_table.DeleteAllRows_WhereField_Y_Matches_AnythingFromCollection_Z(
       wxT("A"), {wxT("x"), wxT("y"), wxT("z")}, false);
-  ASSERT_TRUE(table.m_rows.empty());
+  ASSERT_TRUE(m_table.m_rows.empty());
   EXPECT_EQ(Where(wxT("B"), wxT("A"), wxT("x"), true), before);
   EXPECT_EQ(Distinct(wxT("A"), ALL, false), distinct);
 }
@@ -726,25 +730,25 @@ TEST_F(TableQueries, SearchesReadCellsThatStandInNoLine) {
   const wxString& file = Reader::STRING_FOR_FILENAME_SECRET_COL;
   Change(3, wxT("B"), wxT("written"));
   for (const bool reverse : {false, true}) {
-    if (reverse) table.SetSortColumn(wxT("B"), true);
-    const Texts ofFile = Where(wxT("B"), file, folder.PathOf("a.txt"), false);
+    if (reverse) m_table.SetSortColumn(wxT("B"), true);
+    const Texts ofFile = Where(wxT("B"), file, m_folder.PathOf("a.txt"), false);
     EXPECT_EQ(ofFile, reverse ? Texts({"written", "2", "1"}) : Texts({"1", "2", "written"}));
-    EXPECT_EQ(Where(file, wxT("A"), wxT("z"), true), Texts({Utf8(folder.PathOf("c.txt"))}));
-    EXPECT_EQ(Where(file, wxT("B"), wxT("written"), true), Texts({Utf8(folder.PathOf("a.txt"))}));
+    EXPECT_EQ(Where(file, wxT("A"), wxT("z"), true), Texts({Utf8(m_folder.PathOf("c.txt"))}));
+    EXPECT_EQ(Where(file, wxT("B"), wxT("written"), true), Texts({Utf8(m_folder.PathOf("a.txt"))}));
     EXPECT_EQ(Where(wxT("no such column"), wxT("A"), wxT("z"), true), Texts({""}));
     EXPECT_EQ(Where(wxT("A"), wxT("no such column"), wxT(""), false).size(), 4u);
-    table.EraseCachesOfQueries();
+    m_table.EraseCachesOfQueries();
   }
 }
 
 TEST_F(TableQueries, AFewShownRowsOfManyAnswerInTheirOrder) {
   Tests::Cells rows;
   for (int i = 0; i < 40; ++i) rows.push_back({i % 2 == 0 ? "x" : "y", std::to_string(i)});
-  const wxString d = folder.WriteData("d.txt", {"A", "B"}, rows);
-  ASSERT_TRUE(table.Load(d));
-  table.SimultaneousFileRequestsSuppressAndUnsuppress({DichotomousFileRequest{d, false}});
-  table.OnIdle();
-  table.SetSortColumn(wxT("B"), true);
+  const wxString d = m_folder.WriteData("d.txt", {"A", "B"}, rows);
+  ASSERT_TRUE(m_table.Load(d));
+  m_table.SimultaneousFileRequestsSuppressAndUnsuppress({DichotomousFileRequest{d, false}});
+  m_table.OnIdle();
+  m_table.SetSortColumn(wxT("B"), true);
   EXPECT_EQ(Where(wxT("B"), wxT("A"), wxT("x"), false), Texts({"4", "1"}));
 }
 
@@ -765,12 +769,12 @@ class Deciders : public TableQueries {
  protected:
   Indices Search(const std::function<bool(Row&)>& action) {
     ActingDecider decider(action);
-    return *table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true);
+    return *m_table.FindCurrentRowIndicesMatchingRowTruthPredicate(&decider, true);
   }
   // The keys of the rows that have entries of their own.
   Indices OwnRows() const {
     Indices keys;
-    for (const auto& entry : table.m_rows) {
+    for (const auto& entry : m_table.m_rows) {
       if (entry.second->HasOverlay()) keys.push_back(entry.first);
     }
     return keys;
@@ -779,7 +783,7 @@ class Deciders : public TableQueries {
 
 TEST_F(Deciders, LeaveRowsThatTheyOnlyReadAsTheyWere) {
   Distinct(wxT("A"), ALL, false);
-  const auto& runs = table.m_rows.Runs();
+  const auto& runs = m_table.m_rows.Runs();
   const std::vector<unsigned long> versions = {runs[0].versionOfRows, runs[1].versionOfRows};
   EXPECT_EQ(Search([](Row& row) { return row.m_cells[wxT("A")] == wxT("x"); }),
             Indices({0, 2, 3, 4}));
@@ -837,13 +841,13 @@ TEST_F(Deciders, SeeWhatTheyWroteWhenTheyAskTheTable) {
     wxString& cell = row.m_cells[wxT("A")];
     const wxString before = cell;
     cell = wxT("new");
-    table.EraseCachesOfQueries();
+    m_table.EraseCachesOfQueries();
     answers.push_back(Where(wxT("B"), wxT("A"), wxT("new"), true).at(0));
     cell = before;
     return false;
   });
   EXPECT_EQ(answers, Texts({"1", "2", "3", "4", "5", "1"}));
-  table.EraseCachesOfQueries();
+  m_table.EraseCachesOfQueries();
   EXPECT_EQ(Where(wxT("B"), wxT("A"), wxT("new"), true), Texts());
   EXPECT_EQ(Distinct(wxT("A"), ALL, false), Texts({"x", "y", "z"}));
 }
@@ -851,26 +855,26 @@ TEST_F(Deciders, SeeWhatTheyWroteWhenTheyAskTheTable) {
 TEST_F(Deciders, MayBecomeAnotherRowAndSearchAndDelete) {
   Search([&](Row& row) {
     row.m_cells[wxT("A")];
-    if (&row == table.m_rows.find(0)) {
-      table.m_rows.find(3)->m_cells[wxT("A")];
-      row = *table.m_rows.find(3);
+    if (&row == m_table.m_rows.find(0)) {
+      m_table.m_rows.find(3)->m_cells[wxT("A")];
+      row = *m_table.m_rows.find(3);
     }
-    if (&row == table.m_rows.find(1)) {
+    if (&row == m_table.m_rows.find(1)) {
       Search([](Row& inner) { return inner.m_cells[wxT("A")] == wxT("x"); });
     }
-    if (&row == table.m_rows.find(5)) {
-      table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("A"), wxT("z"));
+    if (&row == m_table.m_rows.find(5)) {
+      m_table.DeleteAllRows_WhereField_Y_Matches_Z(wxT("A"), wxT("z"));
     }
     return false;
   });
   EXPECT_EQ(Where(wxT("B"), wxT("A"), wxT("x"), true), Texts({"4", "3", "4", "5"}));
-  EXPECT_EQ(table.m_rows.find(5), nullptr);
+  EXPECT_EQ(m_table.m_rows.find(5), nullptr);
 }
 
 TEST_F(Deciders, DoNotTakeBackWhatSomebodyElseBorrowed) {
   const wxString* borrowed = nullptr;
   Search([&](Row& row) {
-    Row* const same = table.GetRowByRowIndexAndVisibilityFilter(0, ALL);
+    Row* const same = m_table.GetRowByRowIndexAndVisibilityFilter(0, ALL);
     if (&row == same) borrowed = &same->m_cells[wxT("B")];
     return row.m_cells[wxT("B")].empty();
   });
