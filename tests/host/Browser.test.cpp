@@ -17,7 +17,8 @@ using namespace OmbreliaHost;
 using nlohmann::json;
 
 const char* const CHROMIUM = "/usr/bin/chromium";
-const std::string AXE = std::string(OMBRELIA_SOURCE_DIR) + "/build/npm/node_modules/axe-core/axe.min.js";
+const std::string AXE =
+    std::string(OMBRELIA_SOURCE_DIR) + "/build/npm/node_modules/axe-core/axe.min.js";
 
 const json DESKTOP = {"screen", 1280, 900, "light"};
 const json DESKTOP_DARK = {"screen", 1280, 900, "dark"};
@@ -50,9 +51,9 @@ class BrowserTest : public VerifyDatafilesTest {
   }
   // The results of the steps (browse_page.py), one each.
   json Browse(const json& steps, const std::string& page = "page.html") {
-    const Finished finished =
-        RunProgram({"/usr/bin/python3", std::string(OMBRELIA_SOURCE_DIR) + "/tests/host/browse_page.py", CHROMIUM,
-                    m_folder / page, steps.dump(), AXE});
+    const Finished finished = RunProgram(
+        {"/usr/bin/python3", std::string(OMBRELIA_SOURCE_DIR) + "/tests/host/browse_page.py",
+         CHROMIUM, m_folder / page, steps.dump(), AXE});
     EXPECT_EQ(finished.status, 0) << finished.err;
     const json results = json::parse(finished.out, nullptr, false);
     EXPECT_EQ(results.size(), steps.size()) << finished.out;

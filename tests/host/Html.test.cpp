@@ -24,8 +24,8 @@ class HtmlTest : public VerifyDatafilesTest {
 };
 
 TEST_F(HtmlTest, AllSamplesMakeASmallPageWithEveryTimeAgainstItsBounds) {
-  const Finished finished = Verify({std::string(OMBRELIA_SOURCE_DIR) + "/samples/datafiles", "--html", "page.html",
-                                    "--json", "results.json", "-q"});
+  const Finished finished = Verify({std::string(OMBRELIA_SOURCE_DIR) + "/samples/datafiles",
+                                    "--html", "page.html", "--json", "results.json", "-q"});
   EXPECT_EQ(finished.status, 0) << finished.err;
   const std::string text = ReadFile(m_folder / "page.html");
   EXPECT_LT(text.size(), 2000000u);
@@ -93,8 +93,9 @@ TEST_F(HtmlTest, HostileCellsOfADataFileStayTexts) {
   EXPECT_EQ(Verify({m_folder.Path(), "--html", "page.html"}).status, 1);
   EXPECT_LT(ReadFile(m_folder / "page.html").size(), 200000u);
   EXPECT_EQ(ElementsOf(Page(), "script").size(), 1u);
-  const Finished read = RunProgram(
-      {"/usr/bin/python3", std::string(OMBRELIA_SOURCE_DIR) + "/tests/host/read_page.py", m_folder / "page.html"});
+  const Finished read =
+      RunProgram({"/usr/bin/python3", std::string(OMBRELIA_SOURCE_DIR) + "/tests/host/read_page.py",
+                  m_folder / "page.html"});
   EXPECT_EQ(read.status, 0) << read.out << read.err;
 }
 

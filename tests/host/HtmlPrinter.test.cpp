@@ -286,8 +286,9 @@ TEST(HtmlPrinter, AnHtmlParserReadsTheSameElementsAsAnXmlParser) {
   RunResults results = HostileResults();
   for (int i = 0; i < 100; ++i) results.datafiles.push_back(results.datafiles[4]);
   WriteFile(folder / "page.html", Printed(results));
-  const Finished read = RunProgram(
-      {"/usr/bin/python3", std::string(OMBRELIA_SOURCE_DIR) + "/tests/host/read_page.py", folder / "page.html"});
+  const Finished read =
+      RunProgram({"/usr/bin/python3", std::string(OMBRELIA_SOURCE_DIR) + "/tests/host/read_page.py",
+                  folder / "page.html"});
   EXPECT_EQ(read.status, 0) << read.out << read.err;
   EXPECT_EQ(read.out.substr(0, 8), "the same") << read.out;
 }

@@ -236,8 +236,9 @@ TEST(JUnitPrinter, JunitparserReadsIt) {
   RunResults results = WholeResults();
   results.datafiles.erase(results.datafiles.begin() + 1);
   WriteFile(folder / "report.xml", Printed(results));
-  const Finished read = RunProgram(
-      {"/usr/bin/python3", std::string(OMBRELIA_SOURCE_DIR) + "/tests/host/read_junit.py", folder / "report.xml"});
+  const Finished read = RunProgram({"/usr/bin/python3",
+                                    std::string(OMBRELIA_SOURCE_DIR) + "/tests/host/read_junit.py",
+                                    folder / "report.xml"});
   EXPECT_EQ(read.status, 0) << read.err;
   EXPECT_EQ(read.out,
             R"(15 tests, 3 failures, 3 errors, 0 skipped

@@ -14,8 +14,9 @@ namespace {
 using namespace OmbreliaHost;
 
 TEST(Manifest, HasEveryEntryOfTheTable) {
-  const auto table = nlohmann::json::parse(ReadFile(std::string(OMBRELIA_SOURCE_DIR) + "/verifiers/manifest.json"))
-                         .at("verifiers");
+  const auto table =
+      nlohmann::json::parse(ReadFile(std::string(OMBRELIA_SOURCE_DIR) + "/verifiers/manifest.json"))
+          .at("verifiers");
   ASSERT_EQ(Verifiers().size(), table.size());
   for (std::size_t i = 0; i < table.size(); ++i) {
     EXPECT_EQ(Verifiers()[i].className, table[i].at("class"));

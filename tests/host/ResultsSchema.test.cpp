@@ -18,9 +18,9 @@ class ResultsSchemaTest : public VerifyDatafilesTest {
  protected:
   // What a validator of another hand says of the files; nothing if they are as the schema says.
   Finished Validate(const std::vector<std::string>& names) {
-    std::vector<std::string> command = {"/usr/bin/python3",
-                                        std::string(OMBRELIA_SOURCE_DIR) + "/tests/host/validate_json.py",
-                                        std::string(OMBRELIA_SOURCE_DIR) + "/docs/results.schema.json"};
+    std::vector<std::string> command = {
+        "/usr/bin/python3", std::string(OMBRELIA_SOURCE_DIR) + "/tests/host/validate_json.py",
+        std::string(OMBRELIA_SOURCE_DIR) + "/docs/results.schema.json"};
     for (const std::string& name : names) command.push_back(m_folder / name);
     return RunProgram(command);
   }

@@ -10,7 +10,8 @@ const std::string ROOT = OMBRELIA_SOURCE_DIR;
 
 // Through scripts/make-verifier-table, as a person would.
 TEST(WatchedOfSamples, IsAsVerifiersWatchedSays) {
-  if (MU_HAS_ADDRESS_SANITIZER) GTEST_SKIP() << "tens of thousands of verifications, in the optimised build alone";
+  if (MU_HAS_ADDRESS_SANITIZER)
+    GTEST_SKIP() << "tens of thousands of verifications, in the optimised build alone";
   const ScratchFolder folder;
   const Finished run =
       RunProgram({OMBRELIA_CMAKE_COMMAND, "-D", "OUTPUT=" + (folder / "verifiers.md"), "-D",

@@ -147,8 +147,8 @@ const char* const RECORDED =
 
 TEST_P(AllocationFailuresTest, EndTheVerificationOfADataFileWithAFailingTest) {
   const wxString file =
-      wxString::FromUTF8(OMBRELIA_SOURCE_DIR
-                         "/samples/datafiles/2012_3_9_tolmey_2668_macro_exit_experiment.om4 1.txt");
+      wxString::FromUTF8(OMBRELIA_SOURCE_DIR) +
+      wxT("/samples/datafiles/2012_3_9_tolmey_2668_macro_exit_experiment.om4 1.txt");
   DataHookOutputTestingPlugin plugin;
   const long calls =
       FailEachAllocationOf(GetParam(), [&] { plugin.PerformPostProcessing(file, {}); });
@@ -190,7 +190,8 @@ TEST_P(AllocationFailuresTest, LoseAnAssertionFailureAtMost) {
 // The path of a data file in this folder that has as many rows as the largest one can have.
 wxString LargeDataFileIn(const Tests::ScratchFolder& folder) {
   const std::string name = "/2012_3_9_tolmey_2668_macro_exit_experiment.om4 1.txt";
-  std::string text = Tests::ReadFile(std::string(OMBRELIA_SOURCE_DIR) + "/samples/datafiles" + name);
+  std::string text =
+      Tests::ReadFile(std::string(OMBRELIA_SOURCE_DIR) + "/samples/datafiles" + name);
   while (text.size() < 1048575) text += "1\n";
   Tests::WriteFile(folder.Path() + name, text);
   return wxString::FromUTF8((folder.Path() + name).c_str());

@@ -165,7 +165,9 @@ TEST_F(LifeCycleTest, TwoHundredLoadsAndUnloadsLeaveNothingBehind) {
   EXPECT_EQ(descriptors, 0);
   // The last 150 of them; one instance of the plug-in takes far more than this. The sanitizer keeps what it knows of
   // each.
-  if (!MU_HAS_ADDRESS_SANITIZER) EXPECT_LT(kib, 1024) << finished.out;
+  if (!MU_HAS_ADDRESS_SANITIZER) {
+    EXPECT_LT(kib, 1024) << finished.out;
+  }
 }
 
 TEST_F(LifeCycleTest, SixteenProcessesShareOneFolder) {
