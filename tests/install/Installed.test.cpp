@@ -54,7 +54,8 @@ TEST_F(Installed, ProgramVerifiesTheInstalledSamples) {
   const Finished finished =
       Run({"verify-datafiles", "--quiet", Prefix() + "/share/ombrelia-data-hook/samples"});
   EXPECT_EQ(finished.status, 0) << finished.out << finished.err;
-  const std::vector<std::string> names = NamesIn(std::string(OMBRELIA_SOURCE_DIR) + "/samples/datafiles");
+  const std::vector<std::string> names =
+      NamesIn(std::string(OMBRELIA_SOURCE_DIR) + "/samples/datafiles");
   const auto dataFiles = std::count_if(names.begin(), names.end(), [](const std::string& name) {
     return fs::path(name).extension() == ".txt";
   });
