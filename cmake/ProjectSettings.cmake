@@ -72,6 +72,12 @@ if(OMBRELIA_SANITIZE)
   target_compile_options(ombrelia_console_settings INTERFACE -O0)
 endif()
 
+# A fuzzer sees which code of the rooms an input reaches.
+set(OMBRELIA_ROOM_OPTIONS "")
+if(OMBRELIA_FUZZERS)
+  set(OMBRELIA_ROOM_OPTIONS -fsanitize=fuzzer-no-link)
+endif()
+
 # Precompiled headers: the headers of libraries are what compile time is spent on. One is for the rooms and one for the
 # programs on the console.
 set(OMBRELIA_PRECOMPILED_HEADERS
@@ -87,6 +93,7 @@ if(OMBRELIA_PCH)
     target_precompile_headers(ombrelia_${kind}pch PRIVATE ${OMBRELIA_PRECOMPILED_HEADERS}
                               <boost/assign/list_of.hpp>)
   endforeach()
+  target_compile_options(ombrelia_pch PRIVATE ${OMBRELIA_ROOM_OPTIONS})
   target_precompile_headers(ombrelia_console_pch PRIVATE <filesystem> <fstream> <functional> <iostream> <optional> <set>)
   # Large headers that few sources use make it slower with gcc, which copies out all of it, and faster with clang.
   if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
@@ -100,13 +107,12 @@ endif()
 function(ombrelia_room name)
   add_library(ombrelia_${name} OBJECT ${ARGN})
   target_link_libraries(ombrelia_${name} PRIVATE ombrelia_settings)
-  if(OMBRELIA_FUZZERS)  # a fuzzer sees which code of the rooms an input reaches
-    target_compile_options(ombrelia_${name} PRIVATE -fsanitize=fuzzer-no-link)
-  endif()
   ombrelia_use_pch(ombrelia_${name})
 endfunction()
 
+# ombrelia_use_pch(TARGET): with the precompiled header of the rooms, and what must be the same for all that use it.
 function(ombrelia_use_pch target)
+  target_compile_options(${target} PRIVATE ${OMBRELIA_ROOM_OPTIONS})
   if(OMBRELIA_PCH)
     target_precompile_headers(${target} REUSE_FROM ombrelia_pch)
   endif()
