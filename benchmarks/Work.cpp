@@ -146,7 +146,7 @@ void CountLoad(Spelling spelling) {
   MeasuredWork([&] { LoadOne(file); });
 }
 
-// Of small files, so that the notifications weigh as much as the loads.
+// The files are small, so that the notifications weigh as much as the loads.
 void CountNotifiedLoads() {
   LoadSmallFile();
   const ScratchFolder folder;

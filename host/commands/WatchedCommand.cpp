@@ -40,7 +40,7 @@ WatchedRun::Input InputOfSample(const VerifierEntry& verifier) {
   return InputOf(verifier, SampleOf(verifier.experiment, "name a good data file of it"));
 }
 
-// An experiment goes before a file of its name, which may be given as ./NAME.
+// NAME means the experiment; a file of that name can be given as ./NAME.
 WatchedRun::Input InputNamed(const std::string& name) {
   if (const VerifierEntry* const verifier = VerifierNamed(name)) return InputOfSample(*verifier);
   const fs::path path(name);

@@ -13,8 +13,8 @@ namespace OmbreliaHost {
 // file has its experiment's name as id (HtmlId), the second one of an experiment with "~2" behind it.
 //
 // The page is of use without its script: it holds the first 100 data files as markup and further ones as data, which
-// the script shows page by page. The evidence of thousands of failing data files would make it slow: of what goes
-// beyond 16 MB only the names of tests are there. The same results give the same bytes.
+// the script shows page by page. The evidence of thousands of failing data files would make it slow: beyond 16 MB
+// only the names of tests are there. The same results give the same bytes.
 class HtmlPrinter {
  public:
   // The stream must outlive the printer.

@@ -194,7 +194,7 @@ std::string HiddenDifference(const std::string& actual, const std::string& expec
   const std::size_t at = FirstDifferenceOf(actualPoints, expectedPoints);
   const bool cut = actualPoints.size() > limit || expectedPoints.size() > limit;
   const bool bothGoOn = at < actualPoints.size() && at < expectedPoints.size();
-  // One that goes on with a mark of its own may look like the other, which ends.
+  // The longer one may continue with a combining mark and look like the shorter one.
   const Points& longer = actualPoints.size() > at ? actualPoints : expectedPoints;
   const bool alike = bothGoOn ? LookAlike(actualPoints[at], expectedPoints[at])
                               : longer[at].valid && longer[at].value >= 0x80;

@@ -11,7 +11,7 @@ namespace OmbreliaHost {
 
 namespace {
 
-// Of 68 experiments together, one is taken for broken by chance in 20 whole histories at most.
+// Chance makes one of 68 experiments look broken in at most one of 20 whole histories.
 constexpr double FLAGGED_RATIO = 68 / 0.05;
 constexpr double TIMES_THE_ODDS = 10;
 constexpr double NOT_RARE = 0.05;
@@ -77,7 +77,7 @@ std::string HowOften(double tail, double spanSeconds) {
 
 double CoinOutsideBand(long rows) {
   if (rows < 1) return 1;
-  // No data file has so many rows, but a line of a history may say so.
+  // No data file has that many rows, but a line of a history may say so.
   rows = std::min(rows, 1000000000L);
   const long lowest =
       FirstThat(0, rows + 1, [&](long blue) { return IsInBand(blue, rows) || 2 * blue > rows; });

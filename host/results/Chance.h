@@ -19,7 +19,7 @@ struct ChanceFailure {
   std::string derivation;
 };
 
-// Absent if the law goes by the rows and they are not known.
+// Absent if the law depends on the rows and they are not known.
 std::optional<double> ProbabilityOf(const ChanceFailure& chance, std::optional<long> rows);
 
 // The probability that a fair coin, flipped rows times, does not land between 43 and 57 per cent, both included,
@@ -36,7 +36,7 @@ struct ChanceTrial {
 };
 
 enum class ChanceVerdict {
-  Allows,      // so many failures or more are no rarer than 1 in 20
+  Allows,      // as many failures or more are no rarer than 1 in 20
   CannotTell,  // they are rarer, but there is no proof yet
   LookAtIt,  // the likelihood ratio is 1360 or more, or what failed fails less than once in a million
 };

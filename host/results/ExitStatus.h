@@ -16,7 +16,7 @@ enum class ExitStatus {
   NoReport = 4,  // the library does not load, or what was asked for could not be written
 };
 
-// Ends the run. The text is UTF-8 and goes to standard error as it is.
+// Ends the run. The text is UTF-8 and is written to standard error as it is.
 class RunError : public std::runtime_error {
  public:
   RunError(ExitStatus status, const std::string& text)

@@ -45,7 +45,7 @@ HistoryLine HistoryLineOf(const RunResults& results, const DatafileResult& dataf
   return line;
 }
 
-// Of digits at these places; std::runtime_error if there is anything else.
+// The number whose digits stand at these places. Throws std::runtime_error if anything else stands there.
 int NumberAt(const std::string& text, std::size_t begin, std::size_t count) {
   int number = 0;
   for (std::size_t i = begin; i < begin + count; ++i) {

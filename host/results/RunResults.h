@@ -47,7 +47,7 @@ struct EvidenceContext {
     std::string expected;            // of the compared column; of use where decides is true
   };
   std::vector<std::string> columns;  // the compared one first
-  std::vector<Row> rows;  // two on either side of the deciding one, where there are so many
+  std::vector<Row> rows;  // two on either side of the deciding one, or as many as there are
 };
 
 // Why a test has its outcome.

@@ -10,7 +10,7 @@
 
 namespace OmbreliaHost {
 
-// By the rule of the plug-in, which goes by the host's name. A machine that is both small and large has the
+// The plug-in tells it from the host's name, and so does this. A machine that is both small and large has the
 // bounds of both; it is called large.
 MachineKind ThisMachine();
 

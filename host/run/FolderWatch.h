@@ -20,7 +20,7 @@ class FolderWatch {
   FolderWatch(const FolderWatch&) = delete;
   FolderWatch& operator=(const FolderWatch&) = delete;
 
-  // Returns when something happened since the last call, or after so many seconds.
+  // Returns when something happened since the last call, or after the given number of seconds.
   void Wait(double seconds);
 
  private:

@@ -41,7 +41,7 @@ class PluginRunListener {
 
 // Runs up to `jobs` processes side by side. Each loads the plug-in, takes data files from the common
 // queue and writes a report. A process that is lost costs the data file that it had in hand; the
-// next one goes on with the rest and then verifies again what the lost one had verified. Where a report
+// next one takes the rest and then verifies again what the lost one had verified. Where a report
 // fails to come though all data files went through, ever smaller groups of them are tried.
 class PluginRun {
  public:

@@ -74,7 +74,7 @@ bool NextLine(std::istream& file, std::string& line) {
 
 fs::path StimulusAreaFileOf(const fs::path& datafile) {
   fs::path file = datafile;
-  // Only ".txt" goes: any other last extension is part of the experiment's name.
+  // Only ".txt" is taken off: any other last extension is part of the experiment's name.
   if (file.extension() == ".txt") file.replace_extension();
   file += ".stimareas.tsv";
   return file;

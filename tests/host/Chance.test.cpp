@@ -24,7 +24,7 @@ std::string Words(std::size_t failures, std::size_t trials, double probability,
   return CountAgainstChance(Trials(failures, trials, probability), span).words;
 }
 
-// Every way in which so many trials can come out, one by one.
+// Every way in which the trials can come out, one by one.
 double TailByAllWays(const std::vector<double>& probabilities, std::size_t failures) {
   double tail = 0;
   for (std::size_t way = 0; way < (std::size_t{1} << probabilities.size()); ++way) {

@@ -35,7 +35,7 @@ class FairHost {
   std::mt19937_64 m_source;
 };
 
-// What the table says, for so many rows.
+// What the table says, for this number of rows.
 double Probability(const std::string& experiment, const std::string& test,
                    std::optional<long> rows = std::nullopt) {
   const ChanceFailure* const chance = FindChance(experiment, test);
@@ -43,7 +43,7 @@ double Probability(const std::string& experiment, const std::string& test,
   return chance == nullptr ? 0 : ProbabilityOf(*chance, rows).value_or(0);
 }
 
-// So many failures of so many runs are within four and a half spreads of what the probability says.
+// The number of failures is within four and a half spreads of what the probability says.
 void ExpectChance(double probability, std::size_t failures, std::size_t runs,
                   const std::string& what) {
   const double expected = probability * static_cast<double>(runs);

@@ -35,8 +35,7 @@ using Tests::DataFile;
 
 constexpr long LINE_OF_FIRST_ROW = 7;
 
-// Every row of a column in the optimised build, and one in so many in a build with sanitizers, where all of them would
-// take minutes.
+// The optimised build changes every row of a column. All of them would take minutes with sanitizers.
 constexpr std::size_t ROW_STEP = MU_HAS_ADDRESS_SANITIZER ? 17 : 1;
 
 std::string PrintExperiment(const testing::TestParamInfo<OmbreliaHost::VerifierEntry>& info) {

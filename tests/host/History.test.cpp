@@ -25,7 +25,7 @@ using nlohmann::json;
 const char* const TAGGING = "two_sublists_tagging.om5";
 const char* const VARIETY = "2012-12-20_test_reset_the_subset.om5";
 
-// The time of so many seconds after a fixed one.
+// The time that many seconds after a fixed one.
 std::string Time(long seconds) {
   const std::time_t time = 1772366400 + seconds;  // 2026-03-01T12:00:00Z
   std::tm parts{};

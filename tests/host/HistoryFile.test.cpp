@@ -24,7 +24,7 @@ HistoryLine LineOf(int process, int number) {
   return line;
 }
 
-// A process of its own that appends so many lines, one by one.
+// Another process, which appends that many lines, one by one.
 pid_t StartAppending(const std::string& path, int process, int lines) {
   const pid_t child = fork();
   if (child != 0) return child;

@@ -12,7 +12,7 @@ class OtherMachineTest : public VerifyDatafilesTest {
       GTEST_SKIP() << "not an ordinary machine";
     }
   }
-  // Takes so many milliseconds. The bounds end at 900, on a small machine at 880, on a large one at 860.
+  // The run took that many milliseconds. The bounds end at 900, on a small machine at 880, on a large one at 860.
   Finished VerifyDuration(const std::string& milliseconds, const std::string& machine) {
     const std::string name = "2012_3_9_tolmey_2668_macro_exit_experiment.om4 1.txt";
     File(name,

@@ -218,7 +218,7 @@ TEST(HostLibrary, ConstructsAnObjectOfTheHeadersSize) {
 }
 
 #ifdef OMBRELIA_OTHER_HOST_LIBRARY
-// Of what is pure nothing tells which one it is: GetPlugInID is misplaced, too.
+// GetPlugInID is misplaced, too, but all pure operations look the same in the table.
 TEST(OtherHostLibrary, IsSeenToDiffer) {
   if (MU_HAS_ADDRESS_SANITIZER) GTEST_SKIP() << "the sanitizer makes virtual tables longer";
   const Library library(OMBRELIA_OTHER_HOST_LIBRARY);

@@ -167,10 +167,10 @@ class SlotOrderTest : public testing::Test {
 
   void* const* TableOfTheObject() const { return *static_cast<void***>(m_object); }
 
-  template <class Result, class... Arguments>
-  Result Call(int slot, Arguments... arguments) {
+  template <typename RESULT, typename... ARGUMENTS>
+  RESULT Call(int slot, ARGUMENTS... arguments) {
     const auto function =
-        reinterpret_cast<Result (*)(void*, Arguments...)>(TableOfTheObject()[slot]);
+        reinterpret_cast<RESULT (*)(void*, ARGUMENTS...)>(TableOfTheObject()[slot]);
     return function(m_object, arguments...);
   }
 

@@ -92,8 +92,8 @@ class CountingObserver : public MUInterfaceExperimentDataObserver {
   std::vector<long> last;
 };
 
-// Of four seeds one hands out no record of a row, and one only to deciders, so that notifications may append to the
-// lists; one is about a derived table, which makes the lists anew each time.
+// One seed in four hands out no record of a row, and one only to deciders, so that notifications may append to the
+// lists. Another one in four tests a derived table, which makes the lists anew each time.
 class Comparison {
  public:
   Comparison(const std::vector<PlainFile>& disk, unsigned seed)

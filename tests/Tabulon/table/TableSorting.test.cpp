@@ -465,7 +465,7 @@ TEST(SortFunctors, NotANumberTakesThePlaceOfNoNumber) {
 
 // ---- What may have happened to rows between the notification and the sort
 
-// Of the class itself, which takes the keys of a sort from lists that stand.
+// A table of the class itself takes the keys of a sort from lists that still hold.
 class SortOfOurOwnRows : public testing::Test {
  protected:
   void SetUp() override {
