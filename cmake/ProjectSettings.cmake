@@ -53,6 +53,8 @@ target_compile_options(
             # A unique symbol would keep the library loaded after dlclose.
             $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>
             $<$<CXX_COMPILER_ID:Clang>:-Wno-pragma-system-header-outside-header>
+            # Newer ones warn of [[no_unique_address]] before C++20.
+            $<$<CXX_COMPILER_ID:Clang,AppleClang>:-Wno-c++20-extensions>
             # The time in a precompiled header would make every build new to the compiler's cache.
             "$<$<CXX_COMPILER_ID:Clang>:SHELL:-Xclang -fno-pch-timestamp>")
 target_link_libraries(ombrelia_settings INTERFACE ${wxWidgets_LIBRARIES})
